@@ -1,0 +1,35 @@
+# What every target of this project shares, set per target and never globally: language level, hidden
+# symbols, warnings, sanitizers, where programs and libraries land.
+
+find_program(KIV_CCACHE ccache)
+
+function(kiv_configure_target target)
+    target_compile_features(${target} PUBLIC cxx_std_17)
+    set_target_properties(${target} PROPERTIES
+        CXX_EXTENSIONS OFF
+        CXX_VISIBILITY_PRESET hidden
+        VISIBILITY_INLINES_HIDDEN ON
+        POSITION_INDEPENDENT_CODE ON
+        RUNTIME_OUTPUT_DIRECTORY "${KivCharacterization_BINARY_DIR}/bin"
+        LIBRARY_OUTPUT_DIRECTORY "${KivCharacterization_BINARY_DIR}/lib"
+        ARCHIVE_OUTPUT_DIRECTORY "${KivCharacterization_BINARY_DIR}/lib")
+    if(KIV_CCACHE)
+        set_target_properties(${target} PROPERTIES CXX_COMPILER_LAUNCHER "${KIV_CCACHE}")
+    endif()
+    if(NOT MSVC)
+        target_compile_options(${target} PRIVATE -Wall -Wextra -Wconversion -Wshadow=local)
+        if(KIV_WARNINGS_AS_ERRORS)
+            target_compile_options(${target} PRIVATE -Werror)
+        endif()
+    endif()
+    if(KIV_SANITIZE)
+        target_compile_options(${target} PRIVATE -fsanitize=${KIV_SANITIZE} -fno-omit-frame-pointer)
+        target_link_options(${target} PRIVATE -fsanitize=${KIV_SANITIZE})
+    endif()
+endfunction()
+
+# OpenSceneGraph's headers count as system headers: its warnings are not ours to mend.
+function(kiv_link_osg target scope)
+    target_include_directories(${target} SYSTEM ${scope} ${OPENSCENEGRAPH_INCLUDE_DIRS})
+    target_link_libraries(${target} ${scope} ${ARGN} ${OSG_LIBRARY} ${OPENTHREADS_LIBRARY})
+endfunction()

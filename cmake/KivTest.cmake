@@ -1,0 +1,24 @@
+# kiv_add_test(<name> SOURCES <files> [LINK <targets>] [LABELS <labels>] [TIMEOUT <seconds>])
+# One GoogleTest program; every test in it becomes a ctest test of its own. Programs run in the build's run-time root
+# and find the motion library through KIV_MOTION_LIBRARY.
+find_package(GTest REQUIRED)
+include(GoogleTest)
+
+function(kiv_add_test name)
+    cmake_parse_arguments(ARG "" "TIMEOUT" "SOURCES;LINK;LABELS" ${ARGN})
+    if(NOT ARG_TIMEOUT)
+        set(ARG_TIMEOUT 120)
+    endif()
+    add_executable(${name} ${ARG_SOURCES})
+    kiv_configure_target(${name})
+    set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY "${KivCharacterization_BINARY_DIR}/tests")
+    target_include_directories(${name} PRIVATE "${KivCharacterization_SOURCE_DIR}")
+    target_compile_definitions(${name} PRIVATE
+        KIV_SOURCE_DIR="${KivCharacterization_SOURCE_DIR}"
+        KIV_RUNTIME_ROOT="${KIV_RUNTIME_ROOT}")
+    target_link_libraries(${name} PRIVATE ${ARG_LINK} GTest::gmock GTest::gtest_main)
+    gtest_discover_tests(${name}
+        TEST_PREFIX "${name}."
+        DISCOVERY_MODE PRE_TEST
+        PROPERTIES LABELS "${ARG_LABELS}" TIMEOUT ${ARG_TIMEOUT})
+endfunction()

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <osg/Matrixd>
+#include <osgAnimation/Bone>
+
+#include "KivCommonDef/sharedlibrary.h"
+
+namespace KivAnimation {
+
+/// A joint of a motion skeleton. Its matrix is the joint's current transform relative to its parent, the inherited
+/// skeleton-space matrix the same relative to the skeleton; the initial matrix is the rest transform relative to the
+/// parent. Scene units (centimetres), Z-up.
+class KIV_ANIMATION_API Bone : public osgAnimation::Bone
+{
+public:
+    explicit Bone(const std::string& name = std::string());
+    Bone(const Bone& other, const osg::CopyOp& copyop = osg::CopyOp::SHALLOW_COPY);
+    META_Node(KivAnimation, Bone)
+
+    const osg::Matrixd& getInitialMatrix() const { return m_initialMatrix; }
+    void setInitialMatrix(const osg::Matrixd& matrix) { m_initialMatrix = matrix; }
+
+protected:
+    ~Bone() override;
+
+private:
+    osg::Matrixd m_initialMatrix;
+};
+
+}  // namespace KivAnimation
