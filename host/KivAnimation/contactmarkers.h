@@ -1,0 +1,37 @@
+#pragma once
+
+#include <osg/ShapeDrawable>
+#include <osg/Vec4f>
+#include <osg/observer_ptr>
+
+#include <map>
+#include <string>
+
+#include "KivAnimation/bone.h"
+
+namespace KivAnimation {
+
+/// A joint's name without its qualifier: the text after the first "#", the whole name where there is none.
+std::string withoutQualifier(const std::string& name);
+
+/// The contact markers of one skeleton and their colours, by unqualified joint name.
+class ContactMarkers
+{
+public:
+    /// Paints the bone's marker. The marker is a small sphere, the bone's last child, made at the first call.
+    void paint(const std::string& jointName, Bone& bone, const osg::Vec4f& color);
+
+    /// @return null if the joint was never painted.
+    const osg::Vec4f* color(const std::string& jointName) const;
+
+private:
+    struct Marker
+    {
+        osg::Vec4f color;
+        osg::observer_ptr<osg::ShapeDrawable> sphere;
+    };
+
+    std::map<std::string, Marker> m_markers;
+};
+
+}  // namespace KivAnimation

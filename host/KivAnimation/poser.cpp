@@ -1,0 +1,155 @@
+#include "host/KivAnimation/poser.h"
+
+#include <osg/Matrixd>
+
+#include <cmath>
+#include <cstring>
+#include <utility>
+
+#include "host/KivAnimation/contactmarkers.h"
+
+namespace KivAnimation {
+
+namespace {
+
+/// Above this cosine of the angle between two quaternions the straight blend is within 0.02 degrees of the
+/// even one.
+constexpr float kNearlyParallel = 0.98f;
+
+/// Between two local poses, on the shorter arc; the rotation's length is near 1, not exactly 1.
+LocalPose blend(const LocalPose& a, const LocalPose& b, float fraction)
+{
+    float cosine = 0.0f;
+    for (int i = 0; i < 4; ++i) {
+        cosine += a.rotation[i] * b.rotation[i];
+    }
+    float weightA = 1.0f - fraction;
+    float weightB = fraction;
+    const float proximity = std::fabs(cosine);
+    if (proximity < kNearlyParallel) {
+        const float angle = std::acos(proximity);
+        const float scale = 1.0f / std::sin(angle);
+        weightA = std::sin(weightA * angle) * scale;
+        weightB = std::sin(weightB * angle) * scale;
+    }
+    weightB = std::copysign(weightB, cosine);
+    LocalPose result;
+    for (int i = 0; i < 4; ++i) {
+        result.rotation[i] = weightA * a.rotation[i] + weightB * b.rotation[i];
+    }
+    for (int i = 0; i < 3; ++i) {
+        result.position[i] = a.position[i] + fraction * (b.position[i] - a.position[i]);
+    }
+    return result;
+}
+
+osg::Matrixd localMatrix(const LocalPose& pose)
+{
+    const double x = pose.rotation[0], y = pose.rotation[1], z = pose.rotation[2], w = pose.rotation[3];
+    const double scale = 2.0 / (x * x + y * y + z * z + w * w);
+    const double sx = scale * x, sy = scale * y, sz = scale * z;
+    const double wx = sx * w, wy = sy * w, wz = sz * w;
+    const double xx = sx * x, xy = sx * y, xz = sx * z;
+    const double yy = sy * y, yz = sy * z, zz = sz * z;
+    return osg::Matrixd(1.0 - (yy + zz), xy + wz, xz - wy, 0.0,  //
+                        xy - wz, 1.0 - (xx + zz), yz + wx, 0.0,  //
+                        xz + wy, yz - wx, 1.0 - (xx + yy), 0.0,  //
+                        pose.position[0], pose.position[1], pose.position[2], 1.0);
+}
+
+/// local × parent of two matrices whose last column is 0, 0, 0, 1.
+osg::Matrixd affineProduct(const osg::Matrixd& local, const osg::Matrixd& parent)
+{
+    const double* a = local.ptr();
+    const double* b = parent.ptr();
+    osg::Matrixd result;
+    double* r = result.ptr();
+    for (int row = 0; row < 4; ++row) {
+        for (int column = 0; column < 4; ++column) {
+            r[4 * row + column] = a[4 * row] * b[column] + a[4 * row + 1] * b[4 + column] +
+                                  a[4 * row + 2] * b[8 + column] + a[4 * row + 3] * b[12 + column];
+        }
+    }
+    return result;
+}
+
+}  // namespace
+
+Poser::Poser(const PoseProgram& program, std::size_t columns)
+    : m_program(program, columns), m_joints(program.joints.size())
+{
+    for (std::size_t i = 0; i < m_joints.size(); ++i) {
+        const PoseProgram::Joint& source = program.joints[i];
+        m_joints[i].parent = source.parent;
+        m_joints[i].fixed = m_program.isFixed(i);
+        source.update.lock(m_joints[i].update);
+        m_watches.emplace_back(source.bone.get(), &m_joints[i].bone);
+    }
+    if (!program.joints.empty()) {
+        m_root = program.joints.front().bone;
+    }
+    m_first.poses.resize(m_joints.size());
+    m_second.poses.resize(m_joints.size());
+}
+
+Bone* Poser::findBone(const std::string& jointName) const
+{
+    const std::string wanted = withoutQualifier(jointName);
+    for (const Joint& joint : m_joints) {
+        if (joint.bone && withoutQualifier(joint.bone->getName()) == wanted) {
+            return joint.bone;
+        }
+    }
+    return nullptr;
+}
+
+void Poser::provideRow(EvaluatedRow& wanted, const MotionTable& table, std::size_t row)
+{
+    if (wanted.row != row) {
+        m_program.evaluate(table.values.data() + row * table.columns, wanted.poses.data());
+        wanted.row = row;
+    }
+}
+
+void Poser::pose(const MotionTable& table, std::size_t row, double fraction)
+{
+    osg::ref_ptr<Bone> root;  // held meanwhile: as long as it lives, no bone below it dies on another thread
+    if (!m_root.lock(root)) {
+        return;
+    }
+    if (m_second.row == row || m_first.row == row + 1) {
+        std::swap(m_first, m_second);
+    }
+    provideRow(m_first, table, row);
+    if (fraction == 0.0) {
+        for (std::size_t i = 0; i < m_joints.size(); ++i) {
+            poseJoint(m_joints[i], m_first.poses[i]);
+        }
+        return;
+    }
+    provideRow(m_second, table, row + 1);
+    for (std::size_t i = 0; i < m_joints.size(); ++i) {
+        poseJoint(m_joints[i], m_joints[i].fixed ? m_first.poses[i]
+                                                 : blend(m_first.poses[i], m_second.poses[i],
+                                                         static_cast<float>(fraction)));
+    }
+}
+
+void Poser::poseJoint(const Joint& joint, const LocalPose& local)
+{
+    if (!joint.bone) {
+        return;
+    }
+    const osg::Matrixd matrix = localMatrix(local);
+    if (!joint.fixed || joint.bone->getMatrix() != matrix) {
+        joint.bone->setMatrix(matrix);
+    }
+    if (joint.update) {
+        joint.update->setMatrix(matrix);
+    }
+    const Bone* parent = joint.parent < 0 ? nullptr : m_joints[static_cast<std::size_t>(joint.parent)].bone;
+    joint.bone->setMatrixInSkeletonSpace(parent ? affineProduct(matrix, parent->getMatrixInSkeletonSpace())
+                                                : matrix);
+}
+
+}  // namespace KivAnimation

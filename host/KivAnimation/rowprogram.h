@@ -1,0 +1,75 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <vector>
+
+#include "KivAnimation/motion.h"
+
+namespace KivAnimation {
+
+/// A joint's transform relative to its parent: turned by the unit quaternion x, y, z, w, then moved.
+struct LocalPose
+{
+    float rotation[4] = {0.0f, 0.0f, 0.0f, 1.0f};
+    float position[3] = {0.0f, 0.0f, 0.0f};
+    float padding = 0.0f;
+};
+
+/// A pose program made ready for evaluating rows: the sines and cosines of all angles first, then the joints,
+/// of which the usual shapes take a straight path.
+class RowProgram
+{
+public:
+    RowProgram() = default;
+
+    /// @throws std::invalid_argument if a joint reaches beyond the steps, a parent does not come before its
+    /// child or
+    ///         a step asks for a column that the table lacks.
+    RowProgram(const PoseProgram& program, std::size_t columns);
+
+    std::size_t jointCount() const { return m_joints.size(); }
+
+    /// True if no row changes the joint's local transform.
+    bool isFixed(std::size_t joint) const { return m_joints[joint].shape == Shape::Fixed; }
+
+    /// @param row   one row of the table that the program was made for.
+    /// @param poses room for jointCount() results; allocates nothing.
+    void evaluate(const float* row, LocalPose* poses);
+
+private:
+    enum class Shape : std::uint8_t
+    {
+        Fixed,       ///< the same in every row
+        ThreeTurns,  ///< moved, then turned about three different axes
+        General
+    };
+
+    struct Joint
+    {
+        Shape shape = Shape::General;
+        std::uint8_t axes[3] = {0, 1, 2};  ///< ThreeTurns
+        float parity = 1.0f;               ///< ThreeTurns: -1 where the axes are an odd permutation
+        std::uint32_t firstStep = 0;
+        std::uint32_t stepCount = 0;
+        std::uint32_t shiftCount = 0;  ///< ThreeTurns: how many of the steps are shifts, the first ones
+        std::uint32_t firstTurn = 0;   ///< into the sines and cosines
+        LocalPose rest;                ///< Fixed: the result; ThreeTurns: where the shifts start
+    };
+
+    void compileJoint(const PoseProgram& program, const PoseProgram::Joint& source);
+    bool compileThreeTurns(Joint& joint);
+    void lookUpAngles(const float* row);
+    void evaluateThreeTurns(const Joint& joint, const float* row, LocalPose& pose) const;
+    void evaluateGeneral(const Joint& joint, const float* row, LocalPose& pose) const;
+
+    std::vector<Joint> m_joints;
+    std::vector<PoseStep> m_steps;
+    std::vector<std::uint32_t> m_turnColumns;  ///< in the order of the program's turns
+    std::vector<float> m_turnFactors;          ///< from a column's value to half the angle in full turns
+    std::vector<float> m_angles;               ///< scratch, padded to whole blocks, like the next two
+    std::vector<float> m_sines;
+    std::vector<float> m_cosines;
+};
+
+}  // namespace KivAnimation
