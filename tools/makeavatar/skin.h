@@ -1,0 +1,29 @@
+// Draws a regular net of triangles over a field.
+#pragma once
+
+#include "tools/makeavatar/field.h"
+#include "tools/makeavatar/mesh.h"
+
+namespace KivAvatarMaker {
+
+/// How the net lies: rays leave an axis inside the body, at right angles between its ends and fanning out at
+/// them, and every ray ends in a vertex where it leaves the body. The body must be visible along its rays.
+struct Net
+{
+    osg::Vec3d from, to;    ///< the axis; both ends inside the body
+    osg::Vec3d front;       ///< where the first column lies; at right angles to the axis
+    unsigned rings = 14;    ///< between the two poles
+    unsigned columns = 18;  ///< around
+    double capShare = 0.3;  ///< the share of the rings that fans out at each end
+    double flatness = 1.0;  ///< width over depth of the body: spreads the columns evenly over a flat one
+    double focus = 0.0;     ///< 0 to 0.8: draws columns together in front
+};
+
+/// 2 × rings × columns triangles, one closed component. Throws std::logic_error where a ray finds no skin.
+Mesh skinned(const Field& body, const Net& net, const osg::Vec4f& colour);
+
+/// A ball with an even net.
+Mesh ballMesh(const osg::Vec3d& centre, double radius, unsigned rings, unsigned columns,
+              const osg::Vec4f& colour);
+
+}  // namespace KivAvatarMaker
