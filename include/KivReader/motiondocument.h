@@ -20,7 +20,7 @@ struct Diagnostic
     std::string message;
 
     /// "line 12, column 5: …", or the bare message where there is no line.
-    std::string text() const;
+    KIV_READER_API std::string text() const;
 };
 
 enum class Channel : std::uint8_t

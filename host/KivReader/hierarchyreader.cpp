@@ -1,0 +1,217 @@
+#include "host/KivReader/hierarchyreader.h"
+
+#include <algorithm>
+#include <unordered_map>
+#include <utility>
+
+#include "host/KivReader/channelname.h"
+#include "host/KivReader/jointname.h"
+#include "host/KivReader/numbertext.h"
+#include "host/KivReader/refusal.h"
+
+namespace KivReader {
+
+namespace {
+
+/// Words and signs that can only begin the next item of a block.
+bool beginsAnItem(std::string_view token)
+{
+    static constexpr std::string_view kItems[] = {"{",     "}",   "OFFSET", "CHANNELS",
+                                                  "JOINT", "End", "ROOT",   "MOTION"};
+    return token.empty() || std::any_of(std::begin(kItems), std::end(kItems),
+                                        [&](std::string_view item) { return sameWord(item, token); });
+}
+
+std::string found(std::string_view token)
+{
+    return token.empty() ? "found the end of the text" : "found " + quoted(token);
+}
+
+}  // namespace
+
+HierarchyReader::HierarchyReader(TextCursor& cursor, PlaceFinder& places, MotionDocument& document)
+    : m_cursor(cursor), m_places(places), m_document(document)
+{}
+
+void HierarchyReader::read()
+{
+    if (!m_cursor.takeWord("HIERARCHY"))
+        throw Refusal{m_cursor.offset(), "not a BVH text: expected HIERARCHY, " + found(m_cursor.peek())};
+    readRoot();
+    while (!m_open.empty())
+        readBlockItem();
+    warnOfEqualNames();
+}
+
+void HierarchyReader::readRoot()
+{
+    const std::string_view token = m_cursor.peek();
+    const std::size_t offset = m_cursor.offset();
+    if (!m_cursor.takeWord("ROOT"))
+        throw Refusal{offset, "expected ROOT, " + found(token)};
+    readJoint(offset);
+}
+
+void HierarchyReader::readBlockItem()
+{
+    const std::string_view token = m_cursor.take();
+    const std::size_t offset = m_cursor.offset() - token.size();
+    if (sameWord(token, "OFFSET"))
+        readOffset(offset);
+    else if (sameWord(token, "CHANNELS"))
+        readChannels(offset);
+    else if (sameWord(token, "JOINT"))
+        readJoint(offset);
+    else if (sameWord(token, "End"))
+        readEndSite(offset);
+    else if (token == "}")
+        closeBlock(offset);
+    else if (sameWord(token, "MOTION"))
+        throw Refusal{offset, "MOTION before " + std::to_string(m_open.size()) + " block(s) were closed"};
+    else if (token.empty())
+        throw Refusal{offset,
+                      "the text ends before " + std::to_string(m_open.size()) + " block(s) were closed"};
+    else
+        throw Refusal{offset, "expected OFFSET, CHANNELS, JOINT, End Site or '}', " + found(token)};
+}
+
+void HierarchyReader::readJoint(std::size_t offset)
+{
+    MotionDocument::Joint joint;
+    joint.name = jointNameFrom(takeName(offset));
+    if (joint.name.empty())
+        throw Refusal{offset, "a joint without a name"};
+    if (m_open.size() == kDeepestJoint)
+        throw Refusal{offset, "joints nested deeper than " + std::to_string(kDeepestJoint)};
+    if (m_document.joints.size() - m_endSites == kMostJoints)
+        throw Refusal{offset, "more than " + std::to_string(kMostJoints) + " joints"};
+    openBlock(offset, std::move(joint));
+}
+
+void HierarchyReader::readEndSite(std::size_t offset)
+{
+    const std::string_view rest = takeName(offset);
+    if (!startsWithWord(rest, "Site"))
+        throw Refusal{offset, "expected 'End Site', found " + quoted("End " + std::string(rest))};
+    if (m_endSites == kMostJoints)
+        throw Refusal{offset, "more than " + std::to_string(kMostJoints) + " end sites"};
+    MotionDocument::Joint joint;
+    joint.name = current().name + "End";
+    joint.endSite = true;
+    ++m_endSites;
+    openBlock(offset, std::move(joint));
+}
+
+std::string_view HierarchyReader::takeName(std::size_t offset)
+{
+    if (!m_open.empty() && current().endSite)
+        throw Refusal{offset, "an end site holds no further joints"};
+    return m_cursor.takeRestBeforeBrace();
+}
+
+void HierarchyReader::openBlock(std::size_t offset, MotionDocument::Joint joint)
+{
+    if (m_cursor.peek() != "{")
+        throw Refusal{m_cursor.offset(),
+                      "expected '{' after the name " + quoted(joint.name) + ", " + found(m_cursor.peek())};
+    m_cursor.take();
+    joint.parent = m_open.empty() ? -1 : m_open.back().joint;
+    joint.line = m_places.lineAt(offset);
+    joint.firstColumn = static_cast<std::uint32_t>(m_document.columns);
+    Block block;
+    block.joint = static_cast<std::int32_t>(m_document.joints.size());
+    block.offset = offset;
+    m_document.joints.push_back(std::move(joint));
+    m_declarations.push_back(offset);
+    m_open.push_back(block);
+}
+
+void HierarchyReader::closeBlock(std::size_t offset)
+{
+    if (!m_open.back().hasOffset)
+        throw Refusal{offset, "no OFFSET in the block of " + quoted(current().name)};
+    m_open.pop_back();
+}
+
+void HierarchyReader::readOffset(std::size_t offset)
+{
+    if (std::exchange(m_open.back().hasOffset, true))
+        throw Refusal{offset, "a second OFFSET in the block of " + quoted(current().name)};
+    std::size_t numbers = 0;
+    for (; !beginsAnItem(m_cursor.peek()); ++numbers) {
+        const std::string_view token = m_cursor.take();
+        double value = 0.0;
+        if (!readWholeNumber(token, value))
+            throw notANumber(m_cursor.offset() - token.size(), token);
+        if (numbers < 3)
+            current().offset[numbers] = value;
+    }
+    if (numbers != 3)
+        throw Refusal{offset, "OFFSET needs 3 numbers, found " + std::to_string(numbers)};
+}
+
+std::size_t HierarchyReader::readChannelCount(std::size_t offset)
+{
+    const std::string_view token = m_cursor.peek();
+    if (beginsAnItem(token))
+        throw Refusal{offset, "CHANNELS without a count"};
+    const std::size_t place = m_cursor.offset();
+    m_cursor.take();
+    if (token.size() != 1 || token.front() < '0' || token.front() > '0' + static_cast<int>(kMostChannels))
+        throw Refusal{place,
+                      "CHANNELS count " + quoted(token) + " is not 0.." + std::to_string(kMostChannels)};
+    return static_cast<std::size_t>(token.front() - '0');
+}
+
+void HierarchyReader::readChannels(std::size_t offset)
+{
+    if (std::exchange(m_open.back().hasChannels, true))
+        throw Refusal{offset, "a second CHANNELS in the block of " + quoted(current().name)};
+    const std::size_t count = readChannelCount(offset);
+    if (current().endSite && count > 0)
+        throw Refusal{offset, "an end site has no channels"};
+    current().firstColumn = static_cast<std::uint32_t>(m_document.columns);
+    std::size_t listed = 0;
+    for (; !beginsAnItem(m_cursor.peek()); ++listed) {
+        if (listed < count)
+            addChannel(m_cursor.peek());
+        else if (!channelNamed(m_cursor.peek()))
+            break;
+        m_cursor.take();
+    }
+    if (listed != count)
+        throw Refusal{offset,
+                      "CHANNELS says " + std::to_string(count) + " but lists " + std::to_string(listed)};
+    m_document.columns += count;
+}
+
+void HierarchyReader::addChannel(std::string_view token)
+{
+    const std::optional<Channel> channel = channelNamed(token);
+    if (!channel)
+        throw Refusal{m_cursor.offset(), "unknown channel " + quoted(token)};
+    std::vector<Channel>& channels = current().channels;
+    if (isPosition(*channel) && std::find(channels.begin(), channels.end(), *channel) != channels.end())
+        throw Refusal{m_cursor.offset(), "channel " + quoted(token) + " is listed twice"};
+    if (channels.empty())
+        channels.reserve(kMostChannels);
+    channels.push_back(*channel);
+}
+
+void HierarchyReader::warnOfEqualNames()
+{
+    std::unordered_map<std::string_view, std::size_t> firstLines;
+    firstLines.reserve(m_document.joints.size());
+    for (std::size_t i = 0; i < m_document.joints.size(); ++i) {
+        const MotionDocument::Joint& joint = m_document.joints[i];
+        if (joint.endSite)
+            continue;
+        const auto [first, isNew] = firstLines.emplace(joint.name, joint.line);
+        if (!isNew)
+            m_document.warnings.push_back(m_places.at(
+                m_declarations[i], "duplicate joint names: " + quoted(joint.name) + " is declared in line " +
+                                       std::to_string(first->second) + " already"));
+    }
+}
+
+}  // namespace KivReader

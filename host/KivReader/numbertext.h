@@ -1,0 +1,48 @@
+#pragma once
+
+#include <fast_float/fast_float.h>
+
+#include <cmath>
+#include <cstddef>
+#include <limits>
+#include <string_view>
+#include <system_error>
+
+#include "host/KivReader/refusal.h"
+#include "host/KivReader/textcursor.h"
+
+namespace KivReader {
+
+/// Reads one decimal number at `first`, independent of the locale. A leading "+" is taken, too small a number
+/// is 0.
+/// @return behind the number, or null where there is none that is finite and ends at white space or at
+/// `last`.
+template <typename Real>
+const char* readNumber(const char* first, const char* last, Real& value)
+{
+    // fast_float knows no leading plus.
+    if (first != last && *first == '+' && last - first > 1 && first[1] != '-')
+        ++first;
+    const fast_float::from_chars_result result = fast_float::from_chars(first, last, value);
+    if (result.ec != std::errc() && !(result.ec == std::errc::result_out_of_range && value == Real(0)))
+        return nullptr;
+    // "nan", "inf" and what overflows arrive here as values: one comparison refuses all three.
+    if (!(std::fabs(value) <= std::numeric_limits<Real>::max()))
+        return nullptr;
+    if (result.ptr != last && !isSpace(*result.ptr))
+        return nullptr;
+    return result.ptr;
+}
+
+/// A number that is all of the token.
+template <typename Real>
+bool readWholeNumber(std::string_view token, Real& value)
+{
+    const char* last = token.data() + token.size();
+    return !token.empty() && readNumber(token.data(), last, value) == last;
+}
+
+/// Why the token at `offset` is no number.
+Refusal notANumber(std::size_t offset, std::string_view token);
+
+}  // namespace KivReader

@@ -1,0 +1,38 @@
+#include "host/KivReader/placefinder.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace KivReader {
+
+void PlaceFinder::advanceTo(std::size_t offset)
+{
+    if (offset < m_offset) {
+        m_offset = 0;
+        m_line = 1;
+        m_lineStart = 0;
+    }
+    const std::size_t end = std::min(offset, m_text.size());
+    for (; m_offset < end; ++m_offset) {
+        const char byte = m_text[m_offset];
+        const bool lineFeedFollows = m_offset + 1 < m_text.size() && m_text[m_offset + 1] == '\n';
+        if (byte == '\n' || (byte == '\r' && !lineFeedFollows)) {
+            ++m_line;
+            m_lineStart = m_offset + 1;
+        }
+    }
+}
+
+std::size_t PlaceFinder::lineAt(std::size_t offset)
+{
+    advanceTo(offset);
+    return m_line;
+}
+
+Diagnostic PlaceFinder::at(std::size_t offset, std::string message)
+{
+    advanceTo(offset);
+    return {m_line, m_offset - m_lineStart + 1, std::move(message)};
+}
+
+}  // namespace KivReader

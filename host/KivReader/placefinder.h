@@ -1,0 +1,29 @@
+#pragma once
+
+#include <cstddef>
+#include <string_view>
+
+#include "KivReader/motiondocument.h"
+
+namespace KivReader {
+
+/// Turns offsets into lines and columns. A line ends at LF, CR LF or CR. Asked for rising offsets it goes
+/// through the text once in all.
+class PlaceFinder
+{
+public:
+    explicit PlaceFinder(std::string_view text) : m_text(text) {}
+
+    std::size_t lineAt(std::size_t offset);
+    Diagnostic at(std::size_t offset, std::string message);
+
+private:
+    void advanceTo(std::size_t offset);
+
+    std::string_view m_text;
+    std::size_t m_offset = 0;
+    std::size_t m_line = 1;
+    std::size_t m_lineStart = 0;
+};
+
+}  // namespace KivReader

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+namespace KivReader {
+
+/// Thrown inside the reader where a text is refused. Never leaves the library: the place is worked out, and a
+/// Diagnostic made, only where it is caught.
+struct Refusal
+{
+    std::size_t offset = 0;  ///< bytes from the beginning of the text
+    std::string message;
+};
+
+/// A piece of the text as a message shows it: in single quotes, cut to a readable length, bytes that do not
+/// print as escapes.
+std::string quoted(std::string_view piece);
+
+}  // namespace KivReader

@@ -1,0 +1,40 @@
+#include "host/KivReader/rowlayout.h"
+
+namespace KivReader {
+
+Refusal RowLayout::unevenLine(std::size_t offset, std::size_t values) const
+{
+    return {offset, std::to_string(values) + " values, expected " + std::to_string(m_columns)};
+}
+
+void RowLayout::addLine(std::size_t offset, std::size_t values)
+{
+    if (m_pending == 0 && values == m_columns) {
+        ++m_rows;
+        return;
+    }
+    if (m_columns == 0)
+        throw unevenLine(offset, values);
+    if (m_pending > 0) {
+        if (!m_irregularity)
+            m_irregularity = unevenLine(m_pendingOffset, m_pendingFirstLine);
+        if (m_pending + values > m_columns)
+            throw *m_irregularity;
+        m_pending = (m_pending + values) % m_columns;
+        m_rows += m_pending == 0 ? 1 : 0;
+        return;
+    }
+    if (values > m_columns) {
+        if (values % m_columns != 0)
+            throw m_irregularity.value_or(unevenLine(offset, values));
+        if (!m_irregularity)
+            m_irregularity = unevenLine(offset, values);
+        m_rows += values / m_columns;
+        return;
+    }
+    m_pending = values;
+    m_pendingOffset = offset;
+    m_pendingFirstLine = values;
+}
+
+}  // namespace KivReader

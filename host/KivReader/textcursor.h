@@ -1,0 +1,53 @@
+#pragma once
+
+#include <cstddef>
+#include <string_view>
+
+namespace KivReader {
+
+inline bool isLineEnd(char byte)
+{
+    return byte == '\n' || byte == '\r';
+}
+
+inline bool isBlank(char byte)
+{
+    return byte == ' ' || byte == '\t' || byte == '\v' || byte == '\f';
+}
+
+inline bool isSpace(char byte)
+{
+    return isBlank(byte) || isLineEnd(byte);
+}
+
+/// Compares ASCII letters without their case, whatever the locale says.
+bool sameWord(std::string_view left, std::string_view right);
+bool startsWithWord(std::string_view text, std::string_view word);
+std::string_view trimmed(std::string_view text);
+
+/// Walks over a text token by token. A token is a brace, or everything up to white space or a brace.
+class TextCursor
+{
+public:
+    explicit TextCursor(std::string_view text, std::size_t offset = 0) : m_text(text), m_offset(offset) {}
+
+    std::size_t offset() const { return m_offset; }
+    std::string_view text() const { return m_text; }
+    bool atEnd() const { return m_offset == m_text.size(); }
+
+    void skipSpace();
+    /// Skips white space, then looks at the token there without taking it; empty at the end of the text.
+    std::string_view peek();
+    std::string_view take();
+    /// Takes the next token if it is this word, in any case.
+    bool takeWord(std::string_view word);
+    /// The rest of the line, or what stands before an opening brace on it, trimmed.
+    std::string_view takeRestBeforeBrace();
+    void moveTo(std::size_t offset) { m_offset = offset; }
+
+private:
+    std::string_view m_text;
+    std::size_t m_offset;
+};
+
+}  // namespace KivReader
