@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <filesystem>
 #include <map>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -110,29 +111,32 @@ private:
     osg::ref_ptr<Animation> m_animation;
 };
 
-struct Comparison
+/// Every joint of the complete rig with all that it hangs from.
+std::map<std::string, std::set<std::string>> readAncestors()
 {
-    std::size_t joints = 0;
-    double worst = 0.0;
-    std::string worstJoint;
-};
+    const std::string text = KivTestSupport::readWholeFile(folder() / "target_59j_3ch_zxy.bvh");
+    const KivReader::MotionReading reading = KivReader::readMotionDocument(text);
+    std::map<std::string, std::set<std::string>> ancestors;
+    for (const KivReader::MotionDocument::Joint& joint : reading.document->joints) {
+        std::set<std::string>& own = ancestors[joint.name];
+        for (std::int32_t i = joint.parent; i >= 0;
+             i = reading.document->joints[static_cast<std::size_t>(i)].parent)
+            own.insert(reading.document->joints[static_cast<std::size_t>(i)].name);
+    }
+    return ancestors;
+}
 
-Comparison compare(const Places& places, const Names& aliases, const Places& expected)
+/// The joints that the table knows, by the table's names.
+Places namedAsExpected(const Places& places, const Names& aliases, const Places& expected)
 {
-    Comparison comparison;
+    Places named;
     for (const auto& [name, place] : places) {
         const auto alias = aliases.find(name);
-        const auto wanted = expected.find(alias == aliases.end() ? withoutPrefix(name) : alias->second);
-        if (wanted == expected.end())
-            continue;
-        ++comparison.joints;
-        const double distance = (place - wanted->second).length();
-        if (distance > comparison.worst) {
-            comparison.worst = distance;
-            comparison.worstJoint = name;
-        }
+        const std::string target = alias == aliases.end() ? withoutPrefix(name) : alias->second;
+        if (expected.count(target) > 0)
+            named[target] = place;
     }
-    return comparison;
+    return named;
 }
 
 /// What the file's last digit can move a joint by, in centimetres, and the playback's single precision.
@@ -141,18 +145,37 @@ double toleranceOf(const CsvRow& row)
     return row.at("file") == "millimetres_body21.bvh" ? 0.02 : 0.002;
 }
 
+/// A rig that leaves a joint out lacks its turn too: what hangs below stands elsewhere, and is not compared.
+std::size_t expectPlaces(const Places& named, const Places& expected, double tolerance)
+{
+    static const auto s_ancestors = readAncestors();
+    std::size_t compared = 0;
+    for (const auto& [name, place] : named) {
+        const std::set<std::string>& above = s_ancestors.at(name);
+        if (!std::all_of(above.begin(), above.end(),
+                         [&](const std::string& joint) { return named.count(joint) > 0; }))
+            continue;
+        ++compared;
+        EXPECT_LE((place - expected.at(name)).length(), tolerance) << name;
+    }
+    return compared;
+}
+
 void expectTheMotion(const CsvRow& row, const ExpectedFrames& expected)
 {
     const std::string file = row.at("file");
     Figure figure(KivTestSupport::readWholeFile(folder() / file), row);
     ASSERT_TRUE(figure.isRead()) << KivReader::ReaderWriterBVH::lastError();
     EXPECT_EQ(figure.frames(), std::stoul(row.at("frames")));
-    const std::size_t known = std::stoul(row.at("joints")) - (file == "wrapper_root_body21.bvh" ? 1 : 0);
+    const std::size_t joints = std::stoul(row.at("joints")) - (file == "wrapper_root_body21.bvh" ? 1 : 0);
+    const bool isWhole = joints >= 21;
     const Names aliases = row.at("names") == "renamed" ? aliasesOf(file) : Names();
     for (const auto& [frame, places] : expected) {
-        const Comparison comparison = compare(figure.placesAt(frame), aliases, places);
-        EXPECT_EQ(comparison.joints, known);
-        EXPECT_LE(comparison.worst, toleranceOf(row)) << comparison.worstJoint << " in frame " << frame;
+        SCOPED_TRACE("frame " + std::to_string(frame));
+        const Places named = namedAsExpected(figure.placesAt(frame), aliases, places);
+        EXPECT_EQ(named.size(), joints);
+        const std::size_t compared = expectPlaces(named, places, toleranceOf(row));
+        EXPECT_GE(compared, isWhole ? joints : 9U);
     }
 }
 
