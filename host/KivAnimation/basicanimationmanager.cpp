@@ -100,6 +100,16 @@ std::size_t BasicAnimationManager::animationCount() const
     return m_spClock->entries.size();
 }
 
+std::vector<Animation*> BasicAnimationManager::animations() const
+{
+    std::vector<Animation*> all;
+    all.reserve(m_spClock->entries.size());
+    for (const Clock::Entry& entry : m_spClock->entries) {
+        all.push_back(entry.animation);
+    }
+    return all;
+}
+
 void BasicAnimationManager::playAll()
 {
     for (Clock::Entry& entry : m_spClock->entries) {

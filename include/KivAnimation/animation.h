@@ -13,11 +13,11 @@
 
 namespace KivAnimation {
 
-/// The motion of one actor and what it is attached to. Bones and switch are only watched: an animation whose nodes
-/// are gone does nothing.
+/// The motion of one actor and what it is attached to. Bones and switch are only watched: an animation whose
+/// nodes are gone does nothing.
 ///
-/// Posing belongs to the update traversal; everything else is called while no traversal runs, or before the animation
-/// is registered with a manager.
+/// Posing belongs to the update traversal; everything else is called while no traversal runs, or before the
+/// animation is registered with a manager.
 class KIV_ANIMATION_API Animation : public osg::Object
 {
 public:
@@ -32,21 +32,23 @@ public:
     void setAttachNodePtr(osg::Switch* node);
     osg::Switch* getAttachNodePtr() const;
 
-    /// Paints the contact marker of a joint, a small sphere at the joint that is made by the first call. Joint names
-    /// are compared without the qualifier before "#".
+    /// Paints the contact marker of a joint, a small sphere at the joint that is made by the first call.
+    /// Joint names are compared without the qualifier before "#".
     /// @param color red, green, blue, alpha in 0..1.
     /// @return false if there is no such joint.
     bool ChangeJointContactColor(const std::string& jointName, osg::Vec4f color);
     /// @return false, and `color` untouched, if the joint was never painted.
     bool getJointContactColor(const std::string& jointName, osg::Vec4f& color) const;
 
-    /// The flag says that the attached node shows a frame of this animation. Taking it away turns the node off until
-    /// the next pose.
+    /// The flag says that the attached node shows a frame of this animation. Taking it away turns the node
+    /// off until the next pose.
     void removeAnimationFrameDataFlag();
     bool hasAnimationFrameDataFlag() const;
 
-    /// Takes the motion over. A table without rows is a skeleton at rest: one frame, which is posed by leaving the
-    /// bones as they are.
+    /// Takes the motion over. A table without rows is a skeleton at rest: one frame, which is posed by
+    /// leaving the bones as they are.
+    /// @throws std::invalid_argument if the table has fewer values than its rows need, or the program reaches
+    ///         beyond the table's columns, its own steps or its earlier joints; nothing is changed then.
     void setMotion(MotionTable table, PoseProgram program);
     const MotionTable& motionTable() const;
 

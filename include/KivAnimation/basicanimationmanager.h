@@ -12,12 +12,12 @@
 
 namespace KivAnimation {
 
-/// Plays the registered animations against one clock. As the update callback of the character scene it poses all
-/// playing actors once a frame and then lets the traversal go on.
+/// Plays the registered animations against one clock. As the update callback of the character scene it poses
+/// all playing actors once a frame and then lets the traversal go on.
 ///
-/// The clock runs from 0 to the end of the longest animation. While it plays it follows the frame stamp's simulation
-/// time; several update traversals with one stamp advance it once. Registration and transport are called while no
-/// update traversal runs.
+/// The clock runs from 0 to the end of the longest animation. While it plays it follows the frame stamp's
+/// simulation time; several update traversals with one stamp advance it once. Registration and transport are
+/// called while no update traversal runs.
 class KIV_ANIMATION_API BasicAnimationManager : public osg::NodeCallback
 {
 public:
@@ -25,11 +25,14 @@ public:
     BasicAnimationManager(const BasicAnimationManager& other, const osg::CopyOp& copyop);
     META_Object(KivAnimation, BasicAnimationManager)
 
-    /// Keeps the animation alive until it is unregistered. Null and what is registered already change nothing.
+    /// Keeps the animation alive until it is unregistered. Null and what is registered already change
+    /// nothing.
     void registerAnimation(Animation* animation);
     void unregisterAnimation(Animation* animation);
     bool isRegistered(const Animation* animation) const;
     std::size_t animationCount() const;
+    /// In the order of registration; not owned.
+    std::vector<Animation*> animations() const;
 
     /// Every registered animation follows the clock from now on. The clock itself is left as it is.
     void playAll();

@@ -7,9 +7,9 @@
 
 namespace KivAnimation {
 
-/// A joint of a motion skeleton. Its matrix is the joint's current transform relative to its parent, the inherited
-/// skeleton-space matrix the same relative to the skeleton; the initial matrix is the rest transform relative to the
-/// parent. Scene units (centimetres), Z-up.
+/// A joint of a motion skeleton. Its matrix is the joint's current transform relative to its parent, the
+/// inherited skeleton-space matrix the same relative to the skeleton; the initial matrix is the rest
+/// transform relative to the parent. Scene units (centimetres), Z-up.
 class KIV_ANIMATION_API Bone : public osgAnimation::Bone
 {
 public:

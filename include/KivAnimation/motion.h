@@ -13,8 +13,8 @@
 
 namespace KivAnimation {
 
-/// Motion as it was recorded: one contiguous block, a row a frame, a column a channel. What a column means is the
-/// business of the pose program; the numbers stay as the file has them (degrees, the file's length unit).
+/// Motion as it was recorded: one contiguous block, a row a frame, a column a channel. What a column means is
+/// the business of the pose program; the numbers stay as the file has them (degrees, the file's length unit).
 struct MotionTable
 {
     std::vector<float> values;  ///< rows × columns, row by row
@@ -23,8 +23,8 @@ struct MotionTable
     double frameTime = 0.0;  ///< seconds from one row to the next
 };
 
-/// One elementary move of a joint's local frame. A joint's moves are carried out in order from the parent to the
-/// joint, each in the frame that the earlier ones have left.
+/// One elementary move of a joint's local frame. A joint's moves are carried out in order from the parent to
+/// the joint, each in the frame that the earlier ones have left.
 struct PoseStep
 {
     enum class Kind : std::uint8_t
@@ -50,7 +50,7 @@ struct PoseProgram
     {
         osg::observer_ptr<Bone> bone;
         osg::observer_ptr<UpdateBone> update;  ///< of the root joint; elsewhere empty
-        std::int32_t parent = -1;              ///< index into joints, below this joint's own; -1 under the skeleton
+        std::int32_t parent = -1;  ///< index into joints, below this joint's own; -1 under the skeleton
         std::uint32_t firstStep = 0;
         std::uint32_t stepCount = 0;
     };

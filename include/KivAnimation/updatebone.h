@@ -9,8 +9,8 @@
 
 namespace KivAnimation {
 
-/// Holds a joint's current local matrix and gives it to the bone that it is a callback of, in the update traversal.
-/// Playback writes the matrix while a command may read it: every access is synchronised.
+/// Holds a joint's current local matrix and gives it to the bone that it is a callback of, in the update
+/// traversal. Playback writes the matrix while a command may read it: every access is synchronised.
 class KIV_ANIMATION_API UpdateBone : public osg::NodeCallback
 {
 public:

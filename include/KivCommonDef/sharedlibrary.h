@@ -1,7 +1,7 @@
 #pragma once
 
-/// How a symbol leaves or enters a shared library. Each library has its own macro: exported while that library is
-/// built (the build defines `<Library>_EXPORTS` for it), imported everywhere else.
+/// How a symbol leaves or enters a shared library. Each library has its own macro: exported while that
+/// library is built (the build defines `<Library>_EXPORTS` for it), imported everywhere else.
 
 #if defined(_WIN32)
 #define KIV_SYMBOL_EXPORT __declspec(dllexport)

@@ -8,13 +8,13 @@
 
 namespace KivMemoryShare {
 
-/// Per-frame data of every actor: a writer publishes it, the overlays read it. Positions are Y-up; the centre of mass
-/// is in scene units (centimetres), contacts are in metres. Every operation is synchronised.
+/// Per-frame data of every actor: a writer publishes it, the overlays read it. Positions are Y-up; the centre
+/// of mass is in scene units (centimetres), contacts are in metres. Every operation is synchronised.
 class KIV_MEMORYSHARE_API ActorFrameManager
 {
 public:
-    /// Most floats that a gravity read copies, most records that a contact read copies: what the readers' buffers
-    /// hold.
+    /// Most floats that a gravity read copies, most records that a contact read copies: what the readers'
+    /// buffers hold.
     static constexpr std::size_t kGravityFloats = 10;
     static constexpr std::size_t kStickContacts = 100;
 
@@ -23,13 +23,15 @@ public:
     ActorFrameManager(const ActorFrameManager&) = delete;
     ActorFrameManager& operator=(const ActorFrameManager&) = delete;
 
-    /// Copies the actor's centre of mass (x, y, z first) into `*buffer`, which has room for kGravityFloats floats.
+    /// Copies the actor's centre of mass (x, y, z first) into `*buffer`, which has room for kGravityFloats
+    /// floats.
     /// @param tag   how often the actor's gravity has been written, cut to an int.
     /// @param count how many floats were copied.
     /// @return false, and nothing touched, for an actor that was never written or has been removed.
     bool ReadActorGravity(unsigned actor, float** buffer, int& tag, unsigned long long& count) const;
 
-    /// The same for contacts; `*buffer` has room for kStickContacts records. Zero contacts is a successful read.
+    /// The same for contacts; `*buffer` has room for kStickContacts records. Zero contacts is a successful
+    /// read.
     bool ReadActorStickContact(unsigned actor, KivCommonDef::KIV_STICKCONTACT** buffer, int& tag,
                                unsigned long long& count) const;
 

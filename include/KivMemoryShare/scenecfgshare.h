@@ -11,8 +11,8 @@
 
 namespace KivMemoryShare {
 
-/// The scene that host and module share. The character scene group and the animation manager exist from the start,
-/// the manager as an update callback of the group; both may be replaced. Pointers come back unowned.
+/// The scene that host and module share. The character scene group and the animation manager exist from the
+/// start, the manager as an update callback of the group; both may be replaced. Pointers come back unowned.
 ///
 /// Getters and setters are synchronised; what hangs under the group is changed only inside the scene gate.
 class KIV_MEMORYSHARE_API SceneCfgShare
@@ -35,8 +35,8 @@ public:
     osgViewer::CompositeViewer* getCompositeViewer() const;
     void setCompositeViewer(osgViewer::CompositeViewer* viewer);
 
-    /// Releases every scene object and starts afresh. To be called before the program ends: objects of the scene
-    /// graph must not outlive the libraries that they come from.
+    /// Releases every scene object and starts afresh. To be called before the program ends: objects of the
+    /// scene graph must not outlive the libraries that they come from.
     void reset();
 
 private:

@@ -12,8 +12,8 @@
 
 namespace KivRenderState {
 
-/// What the host wants shown, shared between its user interface, its commands and its frame loop. Every operation is
-/// synchronised and every getter answers by value.
+/// What the host wants shown, shared between its user interface, its commands and its frame loop. Every
+/// operation is synchronised and every getter answers by value.
 class KIV_RENDERSTATE_API KivRenderStateManager
 {
 public:

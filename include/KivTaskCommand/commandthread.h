@@ -9,11 +9,11 @@
 
 namespace KivTaskCommand {
 
-/// One worker thread that runs submitted commands one at a time, in the order of submission. prepare and finish run
-/// beside the rendering, execute inside the gate.
+/// One worker thread that runs submitted commands one at a time, in the order of submission. prepare and
+/// finish run beside the rendering, execute inside the gate.
 ///
-/// The destructor runs what was submitted, then joins. The gate must outlive the thread, and must be open or be
-/// opened while the destructor waits.
+/// The destructor runs what was submitted, then joins. The gate must outlive the thread, and must be open or
+/// be opened while the destructor waits.
 class KIV_TASKCOMMAND_API CommandThread
 {
 public:

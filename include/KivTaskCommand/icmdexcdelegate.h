@@ -6,8 +6,8 @@
 
 namespace KivTaskCommand {
 
-/// The work behind a command, in three stages that a TaskCommand runs in this order. The slot order of the virtual
-/// operations is part of the interface.
+/// The work behind a command, in three stages that a TaskCommand runs in this order. The slot order of the
+/// virtual operations is part of the interface.
 class KIV_TASKCOMMAND_API ICmdExcDelegate
 {
 public:
@@ -23,7 +23,8 @@ public:
     ICmdExcDelegate(const ICmdExcDelegate&) = delete;
     ICmdExcDelegate& operator=(const ICmdExcDelegate&) = delete;
 
-    /// For the command library: element 0 is always 1, the others are the class's own three consecutive codes.
+    /// For the command library: element 0 is always 1, the others are the class's own three consecutive
+    /// codes.
     std::int32_t m_codes[4];
 
 protected:

@@ -11,9 +11,10 @@ namespace KivTaskCommand {
 
 /// The one place that says when the scene graph may be changed.
 ///
-/// A frame loop closes the gate around every frame and opens it in between; whoever changes the scene enters and
-/// leaves. A new gate stands open, so a host without a frame loop needs nothing more. Entrants pass one at a time in
-/// the order in which they came, and each opening lets at least the longest waiting one through: nobody starves.
+/// A frame loop closes the gate around every frame and opens it in between; whoever changes the scene enters
+/// and leaves. A new gate stands open, so a host without a frame loop needs nothing more. Entrants pass one
+/// at a time in the order in which they came, and each opening lets at least the longest waiting one through:
+/// nobody starves.
 ///
 ///     while (!viewer.done()) {
 ///         gate.close();
@@ -33,8 +34,8 @@ public:
     /// Lets waiting entrants through, from now until close().
     void open();
 
-    /// Serves the one that waits longest, then further ones while the budget lasts, and returns once nobody is
-    /// inside; from then on the scene belongs to the frame loop.
+    /// Serves the one that waits longest, then further ones while the budget lasts, and returns once nobody
+    /// is inside; from then on the scene belongs to the frame loop.
     /// @param budget how long, from the call on, further waiting entrants may still be let in.
     void close(std::chrono::microseconds budget = std::chrono::microseconds(1000));
 
@@ -61,9 +62,9 @@ public:
 private:
     mutable std::mutex m_mutex;
     std::condition_variable m_changed;
-    std::uint64_t m_nextTicket = 0;   ///< given to the next entrant
-    std::uint64_t m_servedTicket = 0; ///< whose turn it is
-    std::uint64_t m_admitBelow = 0;   ///< while closing: tickets below this still pass
+    std::uint64_t m_nextTicket = 0;    ///< given to the next entrant
+    std::uint64_t m_servedTicket = 0;  ///< whose turn it is
+    std::uint64_t m_admitBelow = 0;    ///< while closing: tickets below this still pass
     bool m_open = true;
     bool m_inside = false;
 };

@@ -7,8 +7,8 @@
 
 namespace KivTaskCommand {
 
-/// A command of the host: an empty hull until somebody attaches the work to it. Not synchronised; one thread at a
-/// time holds a command.
+/// A command of the host: an empty hull until somebody attaches the work to it. Not synchronised; one thread
+/// at a time holds a command.
 class KIV_TASKCOMMAND_API TaskCommand
 {
 public:
@@ -23,8 +23,9 @@ public:
     /// The attached work, still owned by the command; null when there is none.
     ICmdExcDelegate* cmdExcImp() const;
 
-    /// Runs prepare, execute and finish on the calling thread, each whatever an earlier one answered: a replacement
-    /// that fails must still take the old actor out of the scene, and the state must return to ready.
+    /// Runs prepare, execute and finish on the calling thread, each whatever an earlier one answered: a
+    /// replacement that fails must still take the old actor out of the scene, and the state must return to
+    /// ready.
     /// @return true only if all three answered true; false for an empty command.
     /// @throws what a stage threw first, after finish has run.
     bool run();
