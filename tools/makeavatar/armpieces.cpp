@@ -23,32 +23,32 @@ Net alongTheArm(const Vec3d& from, const Vec3d& to)
 
 Mesh trapezius()
 {
-    const Field flesh = blended({limb(Vec3d(4.5, 145.0, -1.6), 4.3, Vec3d(14.5, 143.3, -0.6), 4.6),
-                                 ellipsoid(Vec3d(9, 145, -1.8), Vec3d(7, 3.6, 4.2))},
+    const Vec3d middle(9.2, 144.4, -1.3);
+    const Field flesh = blended({turned(ellipsoid(middle, Vec3d(8.6, 3.7, 4.7)), middle, Vec3d(0, 0, 1), -9),
+                                 limb(Vec3d(4, 144, -1.6), 3.2, Vec3d(12, 143, -0.8), 4.0)},
                                 2.0);
-    Net net = alongTheArm(Vec3d(4.5, 144.5, -1.2), Vec3d(8.8, 144.3, -1.0));
-    net.capShare = 0.34;
-    return skinned(carved(flesh, ball(kShoulder, 6.5), 1.0), net, Tone::kShell);
+    return skinned(flesh, alongTheArm(Vec3d(4.5, 144.6, -1.3), Vec3d(12.5, 143.8, -1.2)), Tone::kShell);
 }
 
 Mesh upperArm()
 {
-    const Field cap = common(ellipsoid(kShoulder + Vec3d(1.2, 0.3, 0), Vec3d(7.4, 6.8, 6.9)),
-                             halfSpace(kShoulder + Vec3d(-1.4, 0, 0), Vec3d(-1, 0.35, 0)), 1.4);
-    const Field flesh = blended({cap, limb(Vec3d(22, 141.8, 0), 4.9, Vec3d(41, 142, 0), 3.7),
-                                 ellipsoid(Vec3d(31.5, 142.3, 1.3), Vec3d(8.5, 4.2, 3.9)),
-                                 ellipsoid(Vec3d(30.5, 141.7, -1.6), Vec3d(9, 4.3, 3.8))},
-                                2.6);
-    Net net = alongTheArm(Vec3d(20.5, 142, 0), Vec3d(39.5, 142, 0));
-    net.rings = 15;
-    net.capShare = 0.26;
-    return skinned(carved(flesh, ball(kElbow, 4.3), 1.0), net, Tone::kShell);
+    Field flesh = blended({ellipsoid(kShoulder + Vec3d(1.6, 0.2, 0), Vec3d(7.2, 6.9, 6.9)),
+                           limb(Vec3d(22, 141.8, 0), 4.7, Vec3d(43, 142, 0), 3.4),
+                           ellipsoid(Vec3d(31.5, 142.3, 1.4), Vec3d(8.5, 4.0, 3.8)),
+                           ellipsoid(Vec3d(30.5, 141.6, -1.6), Vec3d(9, 4.1, 3.7))},
+                          2.6);
+    flesh = common(flesh, halfSpace(kShoulder + Vec3d(-0.6, 0, 0), Vec3d(-1, 0.45, 0)), 1.6);
+    flesh = common(flesh, halfSpace(kElbow + Vec3d(-3.0, 0, 0), Vec3d(1, 0, 0.1)), 1.3);
+    Net net = alongTheArm(Vec3d(21.5, 142, 0), Vec3d(39, 142, 0));
+    net.rings = 17;
+    net.capShare = 0.32;
+    return skinned(flesh, net, Tone::kShell);
 }
 
 Mesh upperArmCore()
 {
     const Field core =
-        blended({ball(kShoulder, 6.0), limb(kShoulder, 4.0, kElbow - Vec3d(4, 0, 0), 3.2)}, 2.0);
+        blended({ball(kShoulder, 6.1), limb(kShoulder, 4.0, kElbow - Vec3d(4, 0, 0), 2.8)}, 2.0);
     Net net = alongTheArm(kShoulder, kElbow - Vec3d(4, 0, 0));
     net.rings = 13;
     net.capShare = 0.38;
@@ -57,21 +57,21 @@ Mesh upperArmCore()
 
 Mesh foreArm()
 {
-    const Field flesh = blended({limb(Vec3d(48.5, 142, 0), 4.2, Vec3d(66.5, 142, 0), 2.6),
-                                 ellipsoid(Vec3d(53.5, 142.0, 0.5), Vec3d(6.8, 4.2, 4.5)),
-                                 ellipsoid(Vec3d(65, 142.0, 0.0), Vec3d(4, 2.3, 3.0))},
-                                2.2);
-    Field trimmed = carved(flesh, ball(kElbow + Vec3d(0.2, 0, 1.0), 4.4), 1.0);
-    trimmed = carved(trimmed, ball(kWrist, 2.9), 0.8);
-    Net net = alongTheArm(Vec3d(51.8, 142, 0), Vec3d(65.2, 142, 0));
-    net.rings = 15;
-    net.capShare = 0.25;
-    return skinned(trimmed, net, Tone::kShell);
+    Field flesh = blended({limb(Vec3d(47, 142, 0), 3.7, Vec3d(67.5, 142, 0), 2.3),
+                           ellipsoid(Vec3d(53, 142.1, 0.5), Vec3d(7.4, 4.1, 4.3)),
+                           ellipsoid(Vec3d(65.5, 142.0, 0.0), Vec3d(4.5, 2.2, 2.9))},
+                          2.2);
+    flesh = common(flesh, halfSpace(kElbow + Vec3d(3.2, 0, 0), Vec3d(-1, 0, 0.35)), 1.3);
+    flesh = common(flesh, halfSpace(kWrist + Vec3d(-1.7, 0, 0), Vec3d(1, 0, 0)), 0.9);
+    Net net = alongTheArm(Vec3d(51.5, 142, 0), Vec3d(66.2, 142, 0));
+    net.rings = 17;
+    net.capShare = 0.28;
+    return skinned(flesh, net, Tone::kShell);
 }
 
 Mesh foreArmCore()
 {
-    const Field core = blended({ball(kElbow, 4.0), limb(kElbow, 3.0, kWrist - Vec3d(2, 0, 0), 1.9)}, 2.0);
+    const Field core = blended({ball(kElbow, 3.8), limb(kElbow, 2.8, kWrist - Vec3d(2, 0, 0), 1.8)}, 2.0);
     Net net = alongTheArm(kElbow, kWrist - Vec3d(2, 0, 0));
     net.rings = 13;
     net.capShare = 0.38;

@@ -91,7 +91,8 @@ Mesh palm()
     net.columns = 20;
     net.capShare = 0.36;
     net.flatness = 2.2;
-    return skinned(carved(flesh, ball(kWrist, 3.0), 0.6), net, Tone::kShell);
+    return skinned(common(flesh, halfSpace(kWrist + Vec3d(1.7, 0, 0), Vec3d(-1, 0, 0)), 0.9), net,
+                   Tone::kShell);
 }
 
 Mesh wrist()
@@ -109,11 +110,21 @@ Mesh wrist()
 
 Mesh jugglingBall(const Vec3d& centre, double radius)
 {
-    Mesh mesh = ballMesh(centre, radius, 17, 16, Tone::kBallWarm);
-    for (Vertex& vertex : mesh.vertices)
-        if (std::abs(vertex.normal.y()) > 0.70)
-            vertex.colour = Tone::kBallLight;
-    return mesh;
+    std::vector<Mesh> parts = {ballMesh(centre, radius, 12, 18, Tone::kBallWarm)};
+    for (const double side : {1.0, -1.0}) {
+        const Vec3d pole(0, side, 0);
+        Net net;
+        net.from = centre + pole * (radius * 0.72);
+        net.to = centre + pole * (radius * 0.76);
+        net.front = Vec3d(0, 0, 1);
+        net.rings = 6;
+        net.columns = 18;
+        net.capShare = 0.45;
+        const Field cap = common(ball(centre, radius * 1.012),
+                                 halfSpace(centre + pole * (radius * 0.62), -pole), radius * 0.01);
+        parts.push_back(skinned(cap, net, Tone::kBallLight));
+    }
+    return joined(parts);
 }
 
 }  // namespace
