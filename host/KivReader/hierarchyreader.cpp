@@ -16,10 +16,24 @@ namespace {
 /// Words and signs that can only begin the next item of a block.
 bool beginsAnItem(std::string_view token)
 {
-    static constexpr std::string_view kItems[] = {"{",     "}",   "OFFSET", "CHANNELS",
-                                                  "JOINT", "End", "ROOT",   "MOTION"};
-    return token.empty() || std::any_of(std::begin(kItems), std::end(kItems),
-                                        [&](std::string_view item) { return sameWord(item, token); });
+    switch (token.size()) {
+        case 0:
+            return true;
+        case 1:
+            return token == "{" || token == "}";
+        case 3:
+            return sameWord(token, "End");
+        case 4:
+            return sameWord(token, "ROOT");
+        case 5:
+            return sameWord(token, "JOINT");
+        case 6:
+            return sameWord(token, "OFFSET") || sameWord(token, "MOTION");
+        case 8:
+            return sameWord(token, "CHANNELS");
+        default:
+            return false;
+    }
 }
 
 std::string found(std::string_view token)

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "host/KivReader/textcursor.h"
+
 namespace KivReader {
 
 void PlaceFinder::advanceTo(std::size_t offset)
@@ -15,8 +17,10 @@ void PlaceFinder::advanceTo(std::size_t offset)
     const std::size_t end = std::min(offset, m_text.size());
     for (; m_offset < end; ++m_offset) {
         const char byte = m_text[m_offset];
+        if (byte > '\r' || !isLineEnd(byte))
+            continue;
         const bool lineFeedFollows = m_offset + 1 < m_text.size() && m_text[m_offset + 1] == '\n';
-        if (byte == '\n' || (byte == '\r' && !lineFeedFollows)) {
+        if (byte == '\n' || !lineFeedFollows) {
             ++m_line;
             m_lineStart = m_offset + 1;
         }

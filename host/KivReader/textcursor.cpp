@@ -49,19 +49,24 @@ void TextCursor::skipSpace()
 
 std::string_view TextCursor::peek()
 {
+    if (!m_token.empty())
+        return m_token;
     skipSpace();
     std::size_t end = m_offset;
-    if (end < m_text.size() && isBrace(m_text[end]))
-        return m_text.substr(end, 1);
-    while (end < m_text.size() && !isSpace(m_text[end]) && !isBrace(m_text[end]))
+    if (end < m_text.size() && isBrace(m_text[end])) {
         ++end;
-    return m_text.substr(m_offset, end - m_offset);
+    } else {
+        while (end < m_text.size() && !isSpace(m_text[end]) && !isBrace(m_text[end]))
+            ++end;
+    }
+    m_token = m_text.substr(m_offset, end - m_offset);
+    return m_token;
 }
 
 std::string_view TextCursor::take()
 {
     const std::string_view token = peek();
-    m_offset += token.size();
+    moveTo(m_offset + token.size());
     return token;
 }
 
@@ -69,13 +74,14 @@ bool TextCursor::takeWord(std::string_view word)
 {
     if (!sameWord(peek(), word))
         return false;
-    m_offset += word.size();
+    take();
     return true;
 }
 
 std::string_view TextCursor::takeRestBeforeBrace()
 {
     const std::size_t start = m_offset;
+    m_token = {};
     while (m_offset < m_text.size() && !isLineEnd(m_text[m_offset]) && m_text[m_offset] != '{')
         ++m_offset;
     return trimmed(m_text.substr(start, m_offset - start));

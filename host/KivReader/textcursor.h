@@ -43,11 +43,16 @@ public:
     bool takeWord(std::string_view word);
     /// The rest of the line, or what stands before an opening brace on it, trimmed.
     std::string_view takeRestBeforeBrace();
-    void moveTo(std::size_t offset) { m_offset = offset; }
+    void moveTo(std::size_t offset)
+    {
+        m_offset = offset;
+        m_token = {};
+    }
 
 private:
     std::string_view m_text;
     std::size_t m_offset;
+    std::string_view m_token;  ///< what was peeked at m_offset; empty: nothing yet
 };
 
 }  // namespace KivReader
