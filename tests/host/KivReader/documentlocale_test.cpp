@@ -11,7 +11,7 @@
 
 #if defined(__SANITIZE_ADDRESS__)
 /// glibc keeps a copy of LOCPATH for every setlocale.
-extern "C" const char* __lsan_default_suppressions()
+extern "C" __attribute__((visibility("default"))) const char* __lsan_default_suppressions()
 {
     return "leak:__argz_add_sep\n";
 }
