@@ -32,12 +32,13 @@ struct SActorInfo;
 
 /// Dresses the skeletons of a motion-capture player with an avatar.
 ///
-/// Start: instance(), then initalCharacterModel() once. Afterwards every user action is a command: the operation
-/// attaches the work to the TaskCommand that is passed in and returns at once; the host runs it later. The manager
-/// must outlive every command that it has handed out, and its commands must run one at a time. It takes no lock.
+/// Start: instance(), then initalCharacterModel() once. Afterwards every user action is a command: the
+/// operation attaches the work to the TaskCommand that is passed in and returns at once; the host runs it
+/// later. The manager must outlive every command that it has handed out, and its commands must run one at a
+/// time. It takes no lock.
 ///
-/// Actors are named by the host's actor index. Command operations answer true once the work is attached; whether it
-/// succeeds is the answer of the command.
+/// Actors are named by the host's actor index. Command operations answer true once the work is attached;
+/// whether it succeeds is the answer of the command.
 class KIV_CHARACTERIZATION_API CharacterizationManager
 {
 public:
@@ -47,12 +48,12 @@ public:
 
     /// The one manager, made by the first call.
     static CharacterizationManager* instance();
-    /// Destroys the manager, and with it the registrations of props observers. Actors stay in the host's scene: remove
-    /// them by command first.
+    /// Destroys the manager, and with it the registrations of props observers. Actors stay in the host's
+    /// scene: remove them by command first.
     static void releaseIns();
 
-    /// Loads the avatar "Data/IVE/avatar.ive" and the label font "Data/Font/arial.ttf" from below a root directory,
-    /// each once in the manager's life, and reports both outcomes to the error sink.
+    /// Loads the avatar "Data/IVE/avatar.ive" and the label font "Data/Font/arial.ttf" from below a root
+    /// directory, each once in the manager's life, and reports both outcomes to the error sink.
     /// @param rootDir empty: the working directory.
     /// @return whether a font is there. A failed avatar shows in the error sink alone.
     bool initalCharacterModel(const std::string& rootDir);
@@ -64,8 +65,8 @@ public:
     /// Whether the camera follows an actor, and which. Always true.
     bool GetCameraTraceState(bool& traceOn, std::string& traceId);
 
-    /// Observers are not owned. Registering twice counts once and answers true; unregistering answers whether the
-    /// observer was registered.
+    /// Observers are not owned. Registering twice counts once and answers true; unregistering answers whether
+    /// the observer was registered.
     bool RegistPropsPropertyChangeNotify(IPropsPropertyModifyNotify* observer);
     bool UnRegistPropsPropertyChangeNotify(IPropsPropertyModifyNotify* observer);
 
@@ -77,7 +78,8 @@ public:
     bool CameraTrace(KivTaskCommand::TaskCommand* cmd, bool traceOn, std::string traceId);
     /// Sends the camera of every view home.
     bool CameraHomePosition(KivTaskCommand::TaskCommand* cmd);
-    /// Builds a dressed actor from BVH text and puts it into the scene, in place of an earlier one of that index.
+    /// Builds a dressed actor from BVH text and puts it into the scene, in place of an earlier one of that
+    /// index.
     /// @param actorName the text of the name label, UTF-8.
     /// @return false, with nothing attached, while characterization is disabled.
     bool createLoadBVHCommand(const std::string& hierarchy, int actorIndex, const std::string& actorName,
@@ -94,7 +96,8 @@ public:
     /// @param matrix 16 numbers in osg::Matrixd's order, copied before the call returns.
     bool SetPropsGemoetryMat(KivTaskCommand::TaskCommand* cmd, int actorIndex, const std::string& name,
                              const double* matrix);
-    bool ShowPropsDragger(KivTaskCommand::TaskCommand* cmd, int actorIndex, const std::string& name, bool show);
+    bool ShowPropsDragger(KivTaskCommand::TaskCommand* cmd, int actorIndex, const std::string& name,
+                          bool show);
     bool ShowContactPointDragger(KivTaskCommand::TaskCommand* cmd, int actorIndex, const std::string& name,
                                  bool show);
 

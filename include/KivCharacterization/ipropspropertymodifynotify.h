@@ -12,17 +12,17 @@
 #define KIV_INTERFACE_VISIBILITY __attribute__((visibility("default")))
 #endif
 
-/// A host's observer of props changes. The module never deletes an observer and calls it on whatever thread the
-/// change is reported from. The slot order of the virtual operations is part of the interface.
+/// A host's observer of props changes. The module never deletes an observer and calls it on whatever thread
+/// the change is reported from. The slot order of the virtual operations is part of the interface.
 ///
-/// For each change the observer is first asked whether it is concerned with the props, and only then told; what it is
-/// told does not repeat the name. An observer may unregister itself from inside a call; unregistering another one
-/// during a delivery is not supported.
+/// For each change the observer is first asked whether it is concerned with the props, and only then told;
+/// what it is told does not repeat the name. An observer may unregister itself from inside a call;
+/// unregistering another one during a delivery is not supported.
 class KIV_INTERFACE_VISIBILITY IPropsPropertyModifyNotify
 {
 public:
-    /// @param position     of the props in hundredths of a scene unit's scale: scene units divided by 100, values near
-    /// zero being exactly 0.
+    /// @param position     of the props in hundredths of a scene unit's scale: scene units divided by 100,
+    /// values near zero being exactly 0.
     /// @param contactPoint of the props, in scene units as they stand.
     virtual bool PropsVectorsChanged(const osg::Vec3f& position, const osg::Vec3f& contactPoint) = 0;
     virtual bool PropsValuesChanged(const osg::Quat& rotation, const osg::Vec3d& scale) = 0;

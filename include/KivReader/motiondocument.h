@@ -33,8 +33,8 @@ enum class Channel : std::uint8_t
     Zrotation
 };
 
-/// A motion file as it stands: the file's own names, units (degrees for angles), axes and channel order. Plain data;
-/// no scene graph.
+/// A motion file as it stands: the file's own names, units (degrees for angles), axes and channel order.
+/// Plain data; no scene graph.
 struct MotionDocument
 {
     struct Joint
@@ -42,11 +42,11 @@ struct MotionDocument
         std::string name;          ///< an end site is called after its parent, with "End" behind
         std::int32_t parent = -1;  ///< index into joints, always smaller than the joint's own
         std::array<double, 3> offset{};
-        std::vector<Channel> channels;   ///< in the file's order
-        std::uint32_t firstColumn = 0;   ///< of this joint's channels in a row of the table
+        std::vector<Channel> channels;  ///< in the file's order
+        std::uint32_t firstColumn = 0;  ///< of this joint's channels in a row of the table
         bool endSite = false;
-        bool positionsAreDeltas = false; ///< position channels add to the offset instead of replacing it
-        std::size_t line = 0;            ///< where the joint is declared
+        bool positionsAreDeltas = false;  ///< position channels add to the offset instead of replacing it
+        std::size_t line = 0;             ///< where the joint is declared
     };
 
     std::vector<Joint> joints;  ///< in the file's order: parents before children, the root first
@@ -65,8 +65,8 @@ struct MotionReading
     Diagnostic error;
 };
 
-/// Reads a BVH text. Bounded in time and memory by the text's length, whatever numbers the text declares; free of the
-/// locale; safe to call from several threads.
+/// Reads a BVH text. Bounded in time and memory by the text's length, whatever numbers the text declares;
+/// free of the locale; safe to call from several threads.
 KIV_READER_API MotionReading readMotionDocument(std::string_view text);
 
 }  // namespace KivReader

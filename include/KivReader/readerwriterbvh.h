@@ -14,16 +14,19 @@ namespace KivReader {
 class KIV_READER_API ReaderWriterBVH
 {
 public:
-    /// Builds a group that holds a KivAnimation::Skeleton of KivAnimation::Bones, Z-up, and the animation that poses
-    /// them. Every bone carries its rest matrix; the root joint carries an UpdateBone and is reached along first
-    /// children. An end site becomes a bone. A hierarchy without motion is a skeleton at rest.
+    /// Builds a group that holds a KivAnimation::Skeleton of KivAnimation::Bones, Z-up, and the animation
+    /// that poses them. Every bone carries its rest matrix; the root joint carries an UpdateBone and is
+    /// reached along first children. An end site becomes a bone. A hierarchy without motion is a skeleton at
+    /// rest.
     ///
     /// @param options      null: the default options are used.
     /// @param node         receives the group, with reference count 0, for the caller to hold.
     /// @param animation    receives the animation, likewise.
-    /// @param name         the qualifier of the bones' names; an empty one is filled with the root joint's name.
+    /// @param name         the qualifier of the bones' names; an empty one is filled with the root joint's
+    /// name.
     /// @param qualifyNames whether bones are called `<name>#<joint>` or by the joint's name alone.
-    /// @return false, and nothing touched, for a text that is refused or a null out-pointer; lastError() says why.
+    /// @return false, and nothing touched, for a text that is refused or a null out-pointer; lastError() says
+    /// why.
     static bool readBVHNode(const std::string& text, const osgDB::Options* options, osg::Node** node,
                             KivAnimation::Animation** animation, std::string& name, bool qualifyNames);
 
