@@ -11,14 +11,18 @@ function(kiv_add_test name)
     endif()
     add_executable(${name} ${ARG_SOURCES})
     kiv_configure_target(${name})
-    set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY "${KivCharacterization_BINARY_DIR}/tests")
+    set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY "${KivCharacterization_BINARY_DIR}/tests/bin")
     target_include_directories(${name} PRIVATE "${KivCharacterization_SOURCE_DIR}")
     target_compile_definitions(${name} PRIVATE
         KIV_SOURCE_DIR="${KivCharacterization_SOURCE_DIR}"
         KIV_RUNTIME_ROOT="${KIV_RUNTIME_ROOT}")
     target_link_libraries(${name} PRIVATE ${ARG_LINK} GTest::gmock GTest::gtest_main)
+    set(properties TIMEOUT ${ARG_TIMEOUT})
+    if(ARG_LABELS)
+        list(APPEND properties LABELS "${ARG_LABELS}")
+    endif()
     gtest_discover_tests(${name}
         TEST_PREFIX "${name}."
         DISCOVERY_MODE PRE_TEST
-        PROPERTIES LABELS "${ARG_LABELS}" TIMEOUT ${ARG_TIMEOUT})
+        PROPERTIES ${properties})
 endfunction()

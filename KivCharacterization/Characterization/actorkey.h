@@ -1,0 +1,18 @@
+#pragma once
+
+#include <string>
+
+namespace KivCharacterization {
+
+/// The key of an actor in the tables: the host's index as decimal text, a negative one with its sign.
+inline std::string ActorKey(int actorIndex)
+{
+    return std::to_string(actorIndex);
+}
+
+inline std::string ActorKey(unsigned int actorId)
+{
+    return std::to_string(actorId);
+}
+
+}  // namespace KivCharacterization

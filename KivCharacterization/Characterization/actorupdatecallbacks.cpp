@@ -1,0 +1,227 @@
+#include "KivCharacterization/Characterization/actorupdatecallbacks.h"
+
+#include <osg/ComputeBoundsVisitor>
+#include <osg/Material>
+#include <osg/NodeVisitor>
+#include <osg/Shape>
+#include <osg/ShapeDrawable>
+
+#include <algorithm>
+#include <cstdlib>
+
+#include "KivAnimation/bone.h"
+#include "KivMemoryShare/actorframemanager.h"
+#include "KivRenderState/kivrenderstatemanager.h"
+
+namespace KivCharacterization {
+
+namespace {
+
+using KivMemoryShare::ActorFrameManager;
+using KivRenderState::KivRenderStateManager;
+
+constexpr std::size_t kGravityFloats = 10;
+constexpr std::size_t kContactRecords = 100;
+constexpr float kContactScale = 100.0f;  // the store's contacts are in metres, its centre of mass is not
+constexpr float kContactRadius = 1.5f;
+constexpr double kLabelGap = 1.0;
+
+bool isUpdate(const osg::NodeVisitor* visitor)
+{
+    return visitor && visitor->getVisitorType() == osg::NodeVisitor::UPDATE_VISITOR;
+}
+
+bool characterizationReady()
+{
+    return KivRenderStateManager::instance()->getCharacterizationState() ==
+           KivCharacterizationCommonDef::CharacterizationReady;
+}
+
+unsigned int actorNumber(const std::string& actorId)
+{
+    return static_cast<unsigned int>(std::atoi(actorId.c_str()));
+}
+
+void hide(osg::Switch& nodes, unsigned int position)
+{
+    if (nodes.getValue(position)) {
+        nodes.setAllChildrenOff();
+    }
+}
+
+void show(osg::Switch& nodes, unsigned int position)
+{
+    if (!nodes.getValue(position)) {
+        nodes.setAllChildrenOn();
+    }
+}
+
+osg::ref_ptr<osg::MatrixTransform> makeContactSphere()
+{
+    osg::ref_ptr<osg::ShapeDrawable> drawable =
+        new osg::ShapeDrawable(new osg::Sphere(osg::Vec3(), kContactRadius));
+    drawable->setDataVariance(osg::Object::DYNAMIC);
+    drawable->getOrCreateStateSet()->setDataVariance(osg::Object::DYNAMIC);
+    osg::ref_ptr<osg::MatrixTransform> sphere = new osg::MatrixTransform;
+    sphere->addChild(drawable);
+    return sphere;
+}
+
+void paint(osg::Drawable& drawable, const osg::Vec4f& color)
+{
+    osg::StateSet* stateSet = drawable.getOrCreateStateSet();
+    osg::ref_ptr<osg::Material> material =
+        dynamic_cast<osg::Material*>(stateSet->getAttribute(osg::StateAttribute::MATERIAL));
+    if (!material) {
+        material = new osg::Material;
+    }
+    material->setDiffuse(osg::Material::FRONT_AND_BACK, color);
+    material->setAmbient(osg::Material::FRONT_AND_BACK, color);
+    stateSet->setAttributeAndModes(material, osg::StateAttribute::ON);
+}
+
+/// Moves on to exactly `count` spheres; those that are there stay when their number is right.
+void resize(osg::Switch& spheres, unsigned long long count)
+{
+    if (spheres.getNumChildren() == count) {
+        return;
+    }
+    spheres.removeChildren(0, spheres.getNumChildren());
+    for (unsigned long long i = 0; i < count; ++i) {
+        spheres.addChild(makeContactSphere());
+    }
+}
+
+}  // namespace
+
+ActorNameUpdateCallback::ActorNameUpdateCallback(osg::Node* anchor, osg::MatrixTransform* labelTransform,
+                                                 osgText::Text3D* text)
+    : m_opLabelTransform(labelTransform), m_opAnchor(anchor), m_opText(text)
+{}
+
+void ActorNameUpdateCallback::operator()(osg::Node* node, osg::NodeVisitor* visitor)
+{
+    if (isUpdate(visitor)) {
+        follow();
+    }
+    traverse(node, visitor);
+}
+
+void ActorNameUpdateCallback::follow()
+{
+    osg::MatrixTransform* label = m_opLabelTransform.get();
+    osg::Node* anchor = m_opAnchor.get();
+    if (!m_opText.valid() || !label || !anchor || anchor->getNumParents() == 0) {
+        return;
+    }
+    const auto* bone = dynamic_cast<const KivAnimation::Bone*>(anchor->getParent(0));
+    if (!bone) {
+        return;
+    }
+    osg::ComputeBoundsVisitor bounds(osg::NodeVisitor::TRAVERSE_ALL_CHILDREN);
+    anchor->accept(bounds);
+    const osg::BoundingBox& box = bounds.getBoundingBox();
+    if (!box.valid()) {
+        return;
+    }
+    const osg::Matrixd upright =
+        osg::Matrixd::inverse(osg::Matrixd::rotate(bone->getMatrixInSkeletonSpace().getRotate()));
+    // The box's extent stands for the height above the bone, not its top.
+    const osg::Vec3d above((box.xMin() + box.xMax()) * 0.5, (box.yMin() + box.yMax()) * 0.5,
+                           (box.zMax() - box.zMin()) + 0.5 * m_opText->getCharacterHeight() + kLabelGap);
+    label->setMatrix(osg::Matrixd::translate(above) * upright);
+}
+
+GravityUpdateCallback::GravityUpdateCallback(osg::Switch* markerSwitch, const std::string& actorId)
+    : m_strActorId(actorId), m_opMarkerSwitch(markerSwitch), m_spBuffer(new float[kGravityFloats]())
+{}
+
+void GravityUpdateCallback::operator()(osg::Node* node, osg::NodeVisitor* visitor)
+{
+    osg::Switch* markers = m_opMarkerSwitch.get();
+    if (isUpdate(visitor) && markers) {
+        if (!KivRenderStateManager::instance()->getCenterOfMassShow()) {
+            hide(*markers, 0);
+        } else if (characterizationReady()) {
+            follow(*markers);
+        }
+    }
+    traverse(node, visitor);
+}
+
+void GravityUpdateCallback::follow(osg::Switch& markers)
+{
+    float* buffer = m_spBuffer.get();
+    int tag = 0;
+    unsigned long long count = 0;
+    if (!ActorFrameManager::Ins()->ReadActorGravity(actorNumber(m_strActorId), &buffer, tag, count)) {
+        hide(markers, 0);
+        return;
+    }
+    const auto child = [&markers](unsigned int position) {
+        return position < markers.getNumChildren()
+                   ? dynamic_cast<osg::MatrixTransform*>(markers.getChild(position))
+                   : nullptr;
+    };
+    osg::MatrixTransform* marker = child(0);
+    osg::MatrixTransform* ground = child(1);
+    if (!marker || !ground) {
+        hide(markers, 0);
+        return;
+    }
+    marker->setMatrix(osg::Matrixd::translate(buffer[0], -buffer[2], buffer[1]));
+    ground->setMatrix(osg::Matrixd::translate(buffer[0], -buffer[2], 0.0));
+    show(markers, 0);
+}
+
+StickContactUpdateCallback::StickContactUpdateCallback(osg::Switch* contactSwitch, const std::string& actorId)
+    : m_strActorId(actorId),
+      m_opContactSwitch(contactSwitch),
+      m_spBuffer(new KivCommonDef::KIV_STICKCONTACT[kContactRecords]()),
+      m_noContactColor(0.0f, 0.0f, 1.0f, 1.0f),
+      m_contactColor(1.0f, 0.0f, 0.0f, 1.0f)
+{}
+
+void StickContactUpdateCallback::operator()(osg::Node* node, osg::NodeVisitor* visitor)
+{
+    osg::Switch* spheres = m_opContactSwitch.get();
+    if (isUpdate(visitor) && spheres && characterizationReady()) {
+        follow(*spheres);
+    }
+    traverse(node, visitor);
+}
+
+void StickContactUpdateCallback::follow(osg::Switch& spheres)
+{
+    KivCommonDef::KIV_STICKCONTACT* buffer = m_spBuffer.get();
+    int tag = 0;
+    unsigned long long count = 0;
+    // Visibility is read at the second sphere, also for hiding: a single sphere is never hidden by a failed
+    // read.
+    if (!ActorFrameManager::Ins()->ReadActorStickContact(actorNumber(m_strActorId), &buffer, tag, count)) {
+        hide(spheres, 1);
+        return;
+    }
+    resize(spheres, count);
+    const unsigned int readable =
+        static_cast<unsigned int>(std::min<unsigned long long>(count, kContactRecords));
+    for (unsigned int i = 0; i < readable; ++i) {
+        if (auto* sphere = dynamic_cast<osg::MatrixTransform*>(spheres.getChild(i))) {
+            place(*sphere, buffer[i]);
+        }
+    }
+    show(spheres, 1);
+}
+
+void StickContactUpdateCallback::place(osg::MatrixTransform& sphere,
+                                       const KivCommonDef::KIV_STICKCONTACT& contact) const
+{
+    sphere.setMatrix(osg::Matrixd::translate(kContactScale * contact.x, -kContactScale * contact.z,
+                                             kContactScale * contact.y));
+    osg::Drawable* drawable = sphere.getNumChildren() > 0 ? sphere.getChild(0)->asDrawable() : nullptr;
+    if (drawable) {
+        paint(*drawable, contact.contact != 0 ? m_contactColor : m_noContactColor);
+    }
+}
+
+}  // namespace KivCharacterization

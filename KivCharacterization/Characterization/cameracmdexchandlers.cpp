@@ -1,0 +1,44 @@
+#include "KivCharacterization/Characterization/cameracmdexchandlers.h"
+
+#include <osgGA/CameraManipulator>
+#include <osgViewer/CompositeViewer>
+
+#include "KivMemoryShare/scenecfgshare.h"
+#include "KivRenderState/kivrenderstatemanager.h"
+
+namespace KivCharacterization {
+
+using KivRenderState::KivRenderStateManager;
+
+CameraTraceCmdExcHandler::CameraTraceCmdExcHandler(ActorTable* actors, const std::string& traceId,
+                                                   bool traceOn)
+    : ICmdExcDelegate(1, 26, 27, 28), m_pActors(actors), m_strTraceId(traceId), m_bTraceOn(traceOn)
+{}
+
+bool CameraTraceCmdExcHandler::prepare()
+{
+    KivRenderStateManager* state = KivRenderStateManager::instance();
+    state->setCameraTraceState(m_bTraceOn);
+    state->setCameraTraceIdStr(m_strTraceId);
+    return true;
+}
+
+CameraHomePositionCmdExcHandler::CameraHomePositionCmdExcHandler() : ICmdExcDelegate(1, 38, 39, 40) {}
+
+bool CameraHomePositionCmdExcHandler::execute()
+{
+    if (osgViewer::CompositeViewer* viewer =
+            KivMemoryShare::SceneCfgShare::instance()->getCompositeViewer()) {
+        osgViewer::ViewerBase::Views views;
+        viewer->getViews(views, true);
+        for (osgViewer::View* view : views) {
+            if (osgGA::CameraManipulator* manipulator = view->getCameraManipulator()) {
+                manipulator->home(0.0);
+            }
+        }
+    }
+    KivRenderStateManager::instance()->setCameraTraceMatrix(osg::Matrixd::identity());
+    return true;
+}
+
+}  // namespace KivCharacterization

@@ -1,0 +1,235 @@
+#include "KivCharacterization/Characterization/characterbvh.h"
+
+#include <osg/Group>
+#include <osg/MatrixTransform>
+
+#include <set>
+
+#include "KivAnimation/bone.h"
+#include "KivAnimation/skeleton.h"
+#include "KivCharacterization/Characterization/errormessage.h"
+#include "KivCharacterization/Characterization/jointnaming.h"
+#include "KivCharacterization/Characterization/kivpropsproertymanager.h"
+#include "KivCharacterization/Characterization/segmentfitting.h"
+#include "KivCharacterization/Characterization/skeletonvisitors.h"
+#include "KivErrorOperator/tavrincommonerrormsg.h"
+#include "KivManipulator/propsgeode.h"
+
+namespace KivCharacterization {
+
+namespace {
+
+// A quarter turn about x takes the avatar's Y-up to the scene's Z-up. The angle is pi/2 as single precision
+// has it.
+constexpr double kUpAxisAngle = 1.5707963705062866;
+constexpr osg::Node::NodeMask kPropsMask = 4;
+
+/// What the steps of a run share, for its length.
+struct SCurrentRun
+{
+    SFittingRecord* record = nullptr;
+    CommonTypeDef::SIveInfo* avatar = nullptr;
+    std::string actorName;
+};
+SCurrentRun currentRun;
+
+void report(int line, const char* message)
+{
+    KivErrorOperator::SErrorMsg error;
+    error.message = FormatErrorMessage("KivCharacterization/Characterization/characterbvh", line, message);
+    KivErrorOperator::TavrinCommonErrorMsg::instance()->SetLastErrorMsg(error);
+}
+
+KivAnimation::Skeleton* findSkeleton(osg::Node* node)
+{
+    if (auto* skeleton = dynamic_cast<KivAnimation::Skeleton*>(node)) {
+        return skeleton;
+    }
+    osg::Group* group = node->asGroup();
+    for (unsigned int i = 0; group && i < group->getNumChildren(); ++i) {
+        if (KivAnimation::Skeleton* skeleton = findSkeleton(group->getChild(i))) {
+            return skeleton;
+        }
+    }
+    return nullptr;
+}
+
+osg::ref_ptr<osg::MatrixTransform> copyPiece(const osg::MatrixTransform& piece)
+{
+    const osg::ref_ptr<osg::Object> copy = piece.clone(osg::CopyOp::DEEP_COPY_ALL);
+    return dynamic_cast<osg::MatrixTransform*>(copy.get());
+}
+
+/// Puts a props transform between wrapper and holder, with the geode that moves it beside it.
+osg::ref_ptr<KivManipulator::PropsGeode> buildProps(const std::string& joint, const KivAnimation::Bone& bone,
+                                                    osg::MatrixTransform& wrapper,
+                                                    osg::MatrixTransform& holder)
+{
+    osg::ref_ptr<osg::MatrixTransform> propsTransform = new osg::MatrixTransform;
+    propsTransform->addChild(&holder);
+    const osg::Vec3f position(bone.getInitialMatrix().getTrans());
+    osg::ref_ptr<KivManipulator::PropsGeode> props =
+        new KivManipulator::PropsGeode(currentRun.actorName, propsTransform.get(), position,
+                                       KivPropsProertyManager::Instance()->CreateProertyChangeLink());
+    props->SetDefaultDragger();
+    wrapper.addChild(propsTransform.get());
+    wrapper.addChild(props.get());
+    currentRun.record->propsMap[joint] = props.get();
+    return props;
+}
+
+/// Turns and stretches the piece of a bone segment.
+void fitToSegment(const std::string& segment, KivAnimation::Bone& bone, osg::MatrixTransform& holder,
+                  KivManipulator::PropsGeode* props)
+{
+    const BvhSegmentMap& skeletonSegments = currentRun.record->segmentMap;
+    const IveSegmentMap& avatarSegments = currentRun.avatar->segmentMap;
+    osg::Matrixd matrix = holder.getMatrix();
+    AlignToSegment(matrix, segment, skeletonSegments, avatarSegments);
+    holder.setMatrix(matrix);
+
+    const auto skeletonSegment = skeletonSegments.find(segment);
+    const auto avatarSegment = avatarSegments.find(segment);
+    if (skeletonSegment == skeletonSegments.end() || avatarSegment == avatarSegments.end()) {
+        return;
+    }
+    StretchToSegment(matrix, skeletonSegment->second, avatarSegment->second);
+    holder.setMatrix(matrix);
+    if (props) {
+        // The user places this piece: it starts out as it was modelled.
+        holder.setMatrix(osg::Matrixd::identity());
+        props->SetInitalBoneAndMatrix(&bone, bone.getInitialMatrix(), holder.getMatrix());
+    }
+}
+
+/// Hangs a copy of one piece under its bone.
+/// @return the holder, or null for a piece that is not attached.
+osg::ref_ptr<osg::MatrixTransform> attachPiece(const std::string& joint, KivAnimation::Bone& bone,
+                                               const osg::MatrixTransform& piece)
+{
+    const std::string& name = piece.getName();
+    if (PieceBody(name).find('$') == std::string::npos) {
+        return nullptr;
+    }
+    osg::ref_ptr<osg::MatrixTransform> copy = copyPiece(piece);
+    if (!copy) {
+        return nullptr;
+    }
+    osg::ref_ptr<osg::MatrixTransform> wrapper = new osg::MatrixTransform;
+    osg::ref_ptr<osg::MatrixTransform> holder = new osg::MatrixTransform;
+    holder->addChild(copy.get());
+    const bool alongSegment = ClassifySegmentPiece(name) != SegmentPieceKind::None;
+    if (alongSegment) {
+        copy->setMatrix(osg::Matrixd::identity());
+    }
+    osg::ref_ptr<KivManipulator::PropsGeode> props;
+    if (IsPropsJoint(joint)) {
+        props = buildProps(joint, bone, *wrapper, *holder);
+        copy->setNodeMask(kPropsMask);
+    } else {
+        wrapper->addChild(holder.get());
+    }
+    holder->setMatrix(osg::Matrixd::rotate(kUpAxisAngle, osg::Vec3d(1.0, 0.0, 0.0)));
+    holder->getOrCreateStateSet()->setMode(GL_NORMALIZE, osg::StateAttribute::ON);
+    SpecialJointTable::instance().record(name, holder.get());
+    if (alongSegment) {
+        fitToSegment(PieceBaseName(name), bone, *holder, props.get());
+    }
+    bone.addChild(wrapper.get());
+    return holder;
+}
+
+using Holders = std::set<const osg::MatrixTransform*>;
+
+Holders attachPieces()
+{
+    Holders holders;
+    for (const auto& [joint, bone] : currentRun.record->jointMap) {
+        const auto entry = currentRun.avatar->jointMap.find(joint);
+        if (entry == currentRun.avatar->jointMap.end()) {
+            continue;
+        }
+        for (const osg::MatrixTransform* piece : entry->second.pieces) {
+            if (const auto holder = attachPiece(joint, *bone, *piece)) {
+                holders.insert(holder.get());
+            }
+        }
+    }
+    return holders;
+}
+
+/// Scales one special piece. The table may still show another actor's holder, which is not this run's to
+/// change.
+void scaleSpecialJoint(const std::string& name, float ratio, const Holders& ownHolders)
+{
+    osg::MatrixTransform* holder = SpecialJointTable::instance().find(name);
+    if (holder && ownHolders.count(holder) != 0) {
+        holder->setMatrix(holder->getMatrix() * osg::Matrixd::scale(ratio, ratio, ratio));
+    }
+}
+
+/// The hip width sizes the torso and the left ring finger's metacarpal both hands: one figure each is enough
+/// for a body that looks of a piece.
+void scaleProportions(const Holders& ownHolders)
+{
+    BvhSegmentMap& skeleton = currentRun.record->segmentMap;
+    IveSegmentMap& avatar = currentRun.avatar->segmentMap;
+
+    const float hipRatio = HipRatio(skeleton, avatar);
+    for (const char* name : {"Joint:Spine3&Neck$", "Joint:Hips&Spine$", "Joint:Spine2$", "Joint:Spine1$"}) {
+        scaleSpecialJoint(name, hipRatio, ownHolders);
+    }
+    const float handRatio = HandRatio(skeleton, avatar);
+    for (const char* name : {"Joint:RightHand$", "Joint:LeftHand$"}) {
+        scaleSpecialJoint(name, handRatio, ownHolders);
+    }
+    for (const char* hand : {"Joint:LeftHand#", "Joint:RightHand#"}) {
+        for (int piece = 1; piece <= 6; ++piece) {
+            scaleSpecialJoint(hand + std::to_string(piece) + "$", handRatio, ownHolders);
+        }
+    }
+}
+
+/// @return false if the avatar cannot be fitted; no avatar is refused today.
+bool fitAvatar()
+{
+    const Holders ownHolders = attachPieces();
+    scaleProportions(ownHolders);
+    return true;
+}
+
+}  // namespace
+
+unsigned int AttachEntityToBvhSkeleton(const std::string& actorName, osg::Node* root, SFittingRecord& record,
+                                       CommonTypeDef::SIveInfo& avatar)
+{
+    auto* group = dynamic_cast<osg::Group*>(root);
+    if (!group) {
+        report(25, "node invalid !");
+        return 0;
+    }
+    KivAnimation::Skeleton* skeleton = findSkeleton(group);
+    if (!skeleton) {
+        report(37, "can not find skeleton node !");
+        return 0;
+    }
+    osg::ref_ptr<CBvhSkeletonNodeVisitor> joints = new CBvhSkeletonNodeVisitor(&record.jointMap);
+    skeleton->accept(*joints);
+    osg::ref_ptr<CBVhCalBoneLenNodeVisitor> segments = new CBVhCalBoneLenNodeVisitor(&record.segmentMap);
+    skeleton->accept(*segments);
+
+    currentRun.record = &record;
+    currentRun.avatar = &avatar;
+    currentRun.actorName = actorName;
+    const bool fitted = fitAvatar();
+    currentRun.record = nullptr;
+    currentRun.avatar = nullptr;
+    if (!fitted) {
+        report(60, "an expection occurred while the function AttachEntityToBvhSkeleton exec!");
+        return 0;
+    }
+    currentRun.actorName.clear();
+    return 1;
+}
+
+}  // namespace KivCharacterization

@@ -1,0 +1,11 @@
+#pragma once
+
+#include <string>
+
+namespace KivCharacterization {
+
+/// The text of a failure report: `File Name: <source><TAB> Line Number: <line>"<message>"`.
+/// @param source the reporting source file's path as users and support know it.
+std::string FormatErrorMessage(const std::string& source, int line, const std::string& message);
+
+}  // namespace KivCharacterization

@@ -1,0 +1,96 @@
+#include "KivCharacterization/Characterization/jointnaming.h"
+
+namespace KivCharacterization {
+
+const std::string kPiecePrefix = "Joint:";
+const std::size_t kPiecePrefixLength = 6;
+
+bool HasPiecePrefix(const std::string& name)
+{
+    return name.compare(0, kPiecePrefixLength, kPiecePrefix) == 0;
+}
+
+std::string NormaliseJointName(const std::string& name)
+{
+    const std::size_t mark = name.find('#');
+    return mark == std::string::npos ? name : name.substr(mark + 1);
+}
+
+std::string SegmentKey(const std::string& parent, const std::string& child)
+{
+    return parent + "&" + child;
+}
+
+std::string PieceBody(const std::string& fullName)
+{
+    return fullName.size() < kPiecePrefixLength ? std::string() : fullName.substr(kPiecePrefixLength);
+}
+
+std::string PieceBaseName(const std::string& fullName)
+{
+    const std::string body = PieceBody(fullName);
+    const std::size_t tagMark = body.find('#');
+    return body.substr(0, tagMark != std::string::npos ? tagMark : body.find('$'));
+}
+
+SegmentPieceKind ClassifySegmentPiece(const std::string& fullName)
+{
+    const std::size_t tagMark = fullName.find('#');
+    const std::size_t endMark = fullName.find('$');
+    if (tagMark == std::string::npos || endMark == std::string::npos || endMark < tagMark) {
+        return SegmentPieceKind::None;
+    }
+    const std::string tag = fullName.substr(tagMark + 1, endMark - tagMark - 1);
+    if (tag == "Inner") {
+        return SegmentPieceKind::Inner;
+    }
+    return tag == "Outer" ? SegmentPieceKind::Outer : SegmentPieceKind::None;
+}
+
+bool IsPropsJoint(const std::string& normalisedName)
+{
+    return normalisedName.find("Props") != std::string::npos &&
+           normalisedName.find("End") == std::string::npos;
+}
+
+namespace {
+
+// Makes the table while the module is being loaded, before any fitting.
+[[maybe_unused]] const SpecialJointTable& tableAtLoad = SpecialJointTable::instance();
+
+}  // namespace
+
+SpecialJointTable& SpecialJointTable::instance()
+{
+    static SpecialJointTable table;
+    return table;
+}
+
+SpecialJointTable::SpecialJointTable()
+{
+    for (const char* torso : {"Spine3&Neck$", "Hips&Spine$", "Spine2$", "Spine1$"}) {
+        m_mapEntries[std::string("Joint:") + torso] = nullptr;
+    }
+    for (const char* hand : {"RightHand", "LeftHand"}) {
+        const std::string name = std::string("Joint:") + hand;
+        m_mapEntries[name + "$"] = nullptr;
+        for (int piece = 1; piece <= 6; ++piece) {
+            m_mapEntries[name + "#" + std::to_string(piece) + "$"] = nullptr;
+        }
+    }
+}
+
+osg::MatrixTransform* SpecialJointTable::find(const std::string& name)
+{
+    return m_mapEntries[name].get();
+}
+
+void SpecialJointTable::record(const std::string& name, osg::MatrixTransform* transform)
+{
+    const auto entry = m_mapEntries.find(name);
+    if (entry != m_mapEntries.end()) {
+        entry->second = transform;
+    }
+}
+
+}  // namespace KivCharacterization

@@ -1,0 +1,72 @@
+#pragma once
+
+#include <osg/MatrixTransform>
+#include <osg/observer_ptr>
+
+#include <cstddef>
+#include <cstdint>
+#include <map>
+#include <string>
+
+namespace KivCharacterization {
+
+/// What starts the name of every mesh piece of an avatar.
+extern const std::string kPiecePrefix;
+extern const std::size_t kPiecePrefixLength;
+
+/// Whether a name begins with the piece prefix; a name that is the prefix alone does.
+bool HasPiecePrefix(const std::string& name);
+
+/// The name of a skeleton joint without its qualifier: the text after the first "#", or all of it.
+std::string NormaliseJointName(const std::string& name);
+
+/// The key of the bone segment between two joints: `<parent>&<child>`.
+std::string SegmentKey(const std::string& parent, const std::string& child);
+
+/// The body of a piece's full name: the text behind the prefix; empty for a name shorter than it.
+std::string PieceBody(const std::string& fullName);
+
+/// The joint or segment that a piece belongs to: its body up to the first "#", or up to the first "$" when
+/// there is no "#"; all of the body when there is neither.
+std::string PieceBaseName(const std::string& fullName);
+
+/// How a piece follows its bone segment.
+enum class SegmentPieceKind : std::uint32_t
+{
+    None = 0,   ///< it does not: it sits at its joint
+    Inner = 1,  ///< turned and stretched along the segment
+    Outer = 2   ///< likewise
+};
+
+/// Told by the text strictly between the first "#" and the first "$" of a piece's full name, compared
+/// exactly. A name that lacks either mark, or has them the other way round, is of no kind.
+SegmentPieceKind ClassifySegmentPiece(const std::string& fullName);
+
+/// Whether a skeleton joint carries a props: its normalised name contains "Props" but not "End".
+bool IsPropsJoint(const std::string& normalisedName);
+
+/// Where fitting left the holders of the torso and hand pieces, by the pieces' full names. One table for the
+/// process, filled with its 18 names when the module is loaded. Entries only watch: one whose transform is
+/// gone reads as null. Not locked: fitting runs once at a time.
+class SpecialJointTable
+{
+public:
+    using Entries = std::map<std::string, osg::observer_ptr<osg::MatrixTransform>>;
+
+    static SpecialJointTable& instance();
+
+    /// Never fails: a name that is missing is entered with null.
+    osg::MatrixTransform* find(const std::string& name);
+
+    /// Replaces the transform of a name that the table has; other names are not entered.
+    void record(const std::string& name, osg::MatrixTransform* transform);
+
+    const Entries& entries() const { return m_mapEntries; }
+
+private:
+    SpecialJointTable();
+
+    Entries m_mapEntries;
+};
+
+}  // namespace KivCharacterization

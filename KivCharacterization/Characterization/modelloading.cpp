@@ -1,0 +1,73 @@
+#include "KivCharacterization/Characterization/modelloading.h"
+
+#include <osg/Group>
+
+#include "KivCharacterization/Characterization/errormessage.h"
+#include "KivCharacterization/Characterization/osgreaders.h"
+#include "KivCharacterization/Characterization/skeletonvisitors.h"
+#include "KivErrorOperator/tavrincommonerrormsg.h"
+
+namespace KivCharacterization {
+
+namespace {
+
+void report(int line, const char* message)
+{
+    KivErrorOperator::SErrorMsg error;
+    error.message =
+        FormatErrorMessage("KivCharacterization\\Characterization\\characterizationmanager", line, message);
+    KivErrorOperator::TavrinCommonErrorMsg::instance()->SetLastErrorMsg(error);
+}
+
+}  // namespace
+
+bool LoadAvatar(const std::string& path, IveInfoTable& avatars)
+{
+    if (!avatars.empty()) {
+        return true;
+    }
+    const ReaderWriterIVE reader;
+    osgDB::ReaderWriter::ReadResult result = reader.readNode(path, nullptr);
+    if (!result.success()) {
+        report(122, "can not successfully load the ive file!");
+        return false;
+    }
+    CommonTypeDef::SIveInfo& info = avatars[path];
+    info.node = result.getNode();
+    return AnalyseAvatar(info.node.get(), info);
+}
+
+bool AnalyseAvatar(osg::Node* model, CommonTypeDef::SIveInfo& info)
+{
+    auto* group = dynamic_cast<osg::Group*>(model);
+    if (!group) {
+        report(161, "can not successfully analysis the ive file!");
+        return false;
+    }
+    osg::ref_ptr<CIveSkeletonNodeVisitor> joints =
+        new CIveSkeletonNodeVisitor(&info.jointMap, &info.skeletonExtra);
+    group->accept(*joints);
+    osg::ref_ptr<CIveCalBoneLenNodeVisitor> segments = new CIveCalBoneLenNodeVisitor(&info.segmentMap);
+    group->accept(*segments);
+    // Copies inherit their source's cached bounds, so every later fit is spared computing them.
+    group->getBound();
+    return true;
+}
+
+bool LoadLabelFont(const std::string& path, FontTable& fonts)
+{
+    if (!fonts.empty()) {
+        return true;
+    }
+    osg::ref_ptr<osgDB::Options> options = new osgDB::Options;
+    options->setObjectCacheHint(osgDB::Options::CACHE_OBJECTS);
+    const ReaderWriterFreeType reader;
+    osgDB::ReaderWriter::ReadResult result = reader.readObject(path, options.get());
+    if (!result.success()) {
+        return false;
+    }
+    fonts[path] = dynamic_cast<osgText::Font*>(result.getObject());
+    return true;
+}
+
+}  // namespace KivCharacterization

@@ -1,0 +1,42 @@
+#include "KivCharacterization/Characterization/namelabeltext.h"
+
+#include <osg/Version>
+
+namespace KivCharacterization {
+
+NameLabelText::NameLabelText()
+{
+    setDataVariance(osg::Object::DYNAMIC);
+}
+
+NameLabelText::NameLabelText(const NameLabelText& other, const osg::CopyOp& copyop)
+    : osgText::Text3D(other, copyop)
+{}
+
+NameLabelText::~NameLabelText() = default;
+
+void NameLabelText::drawImplementation(osg::RenderInfo& renderInfo) const
+{
+    // The base reads its own members, so they are taken back for the length of the call. Drawing is the only
+    // reader beside the thread that owns the scene, which does not touch the text meanwhile.
+    auto* self = const_cast<NameLabelText*>(this);
+    const bool autoRotate = _autoRotateToScreen;
+    const CharacterSizeMode sizeMode = _characterSizeMode;
+    self->_autoRotateToScreen = false;
+    self->_characterSizeMode = OBJECT_COORDS;
+    osgText::Text3D::drawImplementation(renderInfo);
+    self->_autoRotateToScreen = autoRotate;
+    self->_characterSizeMode = sizeMode;
+}
+
+void NameLabelText::computeGlyphRepresentation()
+{
+    osgText::Text3D::computeGlyphRepresentation();
+#if OSG_VERSION_GREATER_OR_EQUAL(3, 6, 0)
+    // Without thickness the back lies in the front's plane, and the two would speckle.
+    _backPrimitiveSetList.clear();
+    _wallPrimitiveSetList.clear();
+#endif
+}
+
+}  // namespace KivCharacterization

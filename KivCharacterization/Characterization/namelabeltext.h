@@ -1,0 +1,24 @@
+#pragma once
+
+#include <osgText/Text3D>
+
+namespace KivCharacterization {
+
+/// A name in the scene. Where it stands and how it turns is up to the nodes above it (a transform and a
+/// billboard), whatever its own auto-rotation and size mode say: 3-D text of OpenSceneGraph up to 3.4 ignored
+/// both, while 3.6 with both of them on draws the text edge-on and a unit high.
+class NameLabelText : public osgText::Text3D
+{
+public:
+    NameLabelText();
+    NameLabelText(const NameLabelText& other, const osg::CopyOp& copyop = osg::CopyOp::SHALLOW_COPY);
+    META_Object(KivCharacterization, NameLabelText)
+
+    void drawImplementation(osg::RenderInfo& renderInfo) const override;
+
+protected:
+    ~NameLabelText() override;
+    void computeGlyphRepresentation() override;
+};
+
+}  // namespace KivCharacterization

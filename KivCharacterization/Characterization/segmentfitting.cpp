@@ -1,0 +1,68 @@
+#include "KivCharacterization/Characterization/segmentfitting.h"
+
+#include <osg/Quat>
+
+#include <cmath>
+
+namespace KivCharacterization {
+
+namespace {
+
+constexpr float kZeroComponent = 0.001f;
+constexpr double kMiddle = 0.5;
+
+float zeroIfSmall(float component)
+{
+    return std::fabs(component) < kZeroComponent ? 0.0f : component;
+}
+
+float length(const osg::Vec3f& vector)
+{
+    return std::sqrt(vector * vector);
+}
+
+template <typename SegmentMap>
+float hipWidth(SegmentMap& segments)
+{
+    const osg::Vec3f left = segments["Hips&LeftUpLeg"].offset;
+    return length(left - segments["Hips&RightUpLeg"].offset);
+}
+
+}  // namespace
+
+void AlignToSegment(osg::Matrixd& matrix, const std::string& segment, const BvhSegmentMap& skeleton,
+                    const IveSegmentMap& avatar)
+{
+    const auto target = skeleton.find(segment);
+    const auto source = avatar.find(segment);
+    if (target == skeleton.end() || source == avatar.end()) {
+        return;
+    }
+    const osg::Vec3f& offset = source->second.offset;
+    const osg::Vec3f from(zeroIfSmall(offset.x()), zeroIfSmall(-offset.z()), zeroIfSmall(offset.y()));
+    osg::Quat turn;
+    turn.makeRotate(from, target->second.offset);
+    matrix = matrix * osg::Matrixd::rotate(turn);
+}
+
+void StretchToSegment(osg::Matrixd& matrix, const BvhSegment& skeleton, const IveSegment& avatar)
+{
+    const float ratio = skeleton.length / avatar.length;
+    matrix = matrix * osg::Matrixd::scale(ratio, ratio, ratio);
+    matrix = matrix * osg::Matrixd::translate(osg::Vec3d(skeleton.offset) * kMiddle);
+}
+
+float HipRatio(BvhSegmentMap& skeleton, IveSegmentMap& avatar)
+{
+    const float skeletonWidth = hipWidth(skeleton);
+    return skeletonWidth / hipWidth(avatar);
+}
+
+float HandRatio(BvhSegmentMap& skeleton, IveSegmentMap& avatar)
+{
+    const char* const ring = "LeftInHandRing&LeftHandRing1";
+    const float skeletonLength = length(skeleton[ring].offset);
+    return skeletonLength / length(avatar[ring].offset);
+}
+
+}  // namespace KivCharacterization

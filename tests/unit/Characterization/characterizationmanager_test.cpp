@@ -1,0 +1,189 @@
+#include "KivCharacterization/characterizationmanager.h"
+
+#include <gtest/gtest.h>
+
+#include "KivCharacterization/Characterization/kivpropsproertymanager.h"
+#include "KivTaskCommand/taskcommand.h"
+#include "tests/support/freshhost.h"
+#include "tests/support/manageraccess.h"
+
+namespace {
+
+using namespace KivCharacterization;
+using KivRenderState::KivRenderStateManager;
+
+class Manager : public KivTestSupport::FreshHost
+{
+protected:
+    static CharacterizationManager& manager() { return *CharacterizationManager::instance(); }
+    static CharacterizationManagerAccess access() { return CharacterizationManagerAccess(manager()); }
+};
+
+TEST_F(Manager, isReleasedHarmlesslyWhenThereIsNone)
+{
+    CharacterizationManager::releaseIns();
+    EXPECT_EQ(CharacterizationManagerAccess::current(), nullptr);
+    CharacterizationManager::releaseIns();
+    EXPECT_EQ(CharacterizationManagerAccess::current(), nullptr);
+}
+
+TEST_F(Manager, isOneUntilItIsReleasedAndThenAFreshOne)
+{
+    CharacterizationManager* first = &manager();
+    EXPECT_EQ(first, CharacterizationManager::instance());
+    access().actors["1"];
+    access().rootDir = "/somewhere";
+    manager().DisableCharacterizaion();
+    CharacterizationManager::releaseIns();
+    EXPECT_TRUE(access().isEnabled());
+    EXPECT_TRUE(access().actors.empty());
+    EXPECT_TRUE(access().avatars.empty());
+    EXPECT_TRUE(access().fonts.empty());
+    EXPECT_EQ(access().rootDir, "");
+    EXPECT_FALSE(access().heldObject.valid());
+}
+
+TEST_F(Manager, canBeSwitchedOffAndOn)
+{
+    EXPECT_TRUE(access().isEnabled());
+    EXPECT_TRUE(manager().DisableCharacterizaion());
+    EXPECT_FALSE(access().isEnabled());
+    EXPECT_TRUE(manager().EnableCharacterizaion());
+    EXPECT_TRUE(access().isEnabled());
+}
+
+TEST_F(Manager, refusesLoadCommandsWhileSwitchedOffAndAttachesNothing)
+{
+    manager().DisableCharacterizaion();
+    KivTaskCommand::TaskCommand command;
+    EXPECT_FALSE(manager().createLoadBVHCommand("HIERARCHY", 1, "One", &command));
+    EXPECT_EQ(command.cmdExcImp(), nullptr);
+    EXPECT_EQ(KivRenderStateManager::instance()->getCharacterizationState(),
+              KivCharacterizationCommonDef::CharacterizationReady);
+}
+
+TEST_F(Manager, answersTheRenderStatesCameraTrace)
+{
+    KivRenderStateManager::instance()->setCameraTraceState(true);
+    KivRenderStateManager::instance()->setCameraTraceIdStr("4");
+    bool on = false;
+    std::string id = "stale";
+    EXPECT_TRUE(manager().GetCameraTraceState(on, id));
+    EXPECT_TRUE(on);
+    EXPECT_EQ(id, "4");
+}
+
+TEST_F(Manager, sharesSceneObjectsWithItsCopies)
+{
+    SActorInfo actor;
+    actor.root = new osg::Group;
+    access().actors["3"] = actor;
+    access().heldObject = new osg::Referenced;
+    manager().DisableCharacterizaion();
+    access().rootDir = "/here";
+
+    CharacterizationManager* copy = nullptr;
+    {
+        // The destructor is the manager's own business, so a copy can only be made in place.
+        alignas(CharacterizationManager) static unsigned char memory[sizeof(CharacterizationManager)];
+        copy = new (memory) CharacterizationManager(manager());
+    }
+    CharacterizationManagerAccess copied(*copy);
+    EXPECT_EQ(copied.actors.at("3").root, actor.root);
+    EXPECT_EQ(copied.heldObject, access().heldObject);
+    EXPECT_EQ(copied.heldObject->referenceCount(), 2);
+    EXPECT_EQ(copied.rootDir, "/here");
+    EXPECT_FALSE(copied.isEnabled());
+
+    access().actors.clear();
+    manager().EnableCharacterizaion();
+    EXPECT_EQ(copied.actors.size(), 1u);
+    *copy = manager();
+    EXPECT_TRUE(copied.actors.empty());
+    EXPECT_TRUE(copied.isEnabled());
+    copied.rootDir = std::string();
+    copied.heldObject = nullptr;
+}
+
+TEST_F(Manager, isLeftAsItWasByAssigningItToItself)
+{
+    access().actors["3"].root = new osg::Group;
+    access().fonts["font"] = nullptr;
+    access().avatars["avatar"];
+    access().rootDir = "/here";
+    CharacterizationManager& same = manager();
+    manager() = same;
+    EXPECT_TRUE(access().actors.at("3").root.valid());
+    EXPECT_EQ(access().fonts.size(), 1u);
+    EXPECT_EQ(access().avatars.size(), 1u);
+    EXPECT_EQ(access().rootDir, "/here");
+}
+
+TEST_F(Manager, takesThePropsObserversWithItWhenReleased)
+{
+    IPropsPropertyModifyNotify* const observer = reinterpret_cast<IPropsPropertyModifyNotify*>(this);
+    EXPECT_TRUE(manager().RegistPropsPropertyChangeNotify(observer));
+    EXPECT_TRUE(manager().RegistPropsPropertyChangeNotify(observer));
+    CharacterizationManager::releaseIns();
+    EXPECT_FALSE(manager().UnRegistPropsPropertyChangeNotify(observer));
+}
+
+TEST_F(Manager, answersWhatThePropsManagerAnswers)
+{
+    IPropsPropertyModifyNotify* const observer = reinterpret_cast<IPropsPropertyModifyNotify*>(this);
+    EXPECT_FALSE(manager().UnRegistPropsPropertyChangeNotify(observer));
+    EXPECT_TRUE(manager().RegistPropsPropertyChangeNotify(observer));
+    EXPECT_TRUE(KivPropsProertyManager::Instance()->UnRegistNotify(observer));
+}
+
+struct CommandCodes
+{
+    const char* name;
+    bool (*create)(CharacterizationManager& manager, KivTaskCommand::TaskCommand& command);
+    int first;
+};
+
+class Commands : public testing::TestWithParam<CommandCodes>
+{
+};
+
+TEST_P(Commands, attachTheirHandlerWithItsCodes)
+{
+    KivTaskCommand::TaskCommand command;
+    EXPECT_TRUE(GetParam().create(*CharacterizationManager::instance(), command));
+    ASSERT_NE(command.cmdExcImp(), nullptr);
+    const auto& codes = command.cmdExcImp()->m_codes;
+    EXPECT_EQ(codes[0], 1);
+    for (int i = 0; i < 3; ++i) {
+        EXPECT_EQ(codes[1 + i], GetParam().first + i);
+    }
+    CharacterizationManager::releaseIns();
+}
+
+const double kIdentity[16] = {1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1};
+
+INSTANTIATE_TEST_SUITE_P(
+    , Commands,
+    testing::Values(
+        CommandCodes{"load", [](auto& m, auto& c) { return m.createLoadBVHCommand("", 1, "", &c); }, 2},
+        CommandCodes{"reset", [](auto& m, auto& c) { return m.ResetCharacterizationManager(&c); }, 23},
+        CommandCodes{"cameraTrace", [](auto& m, auto& c) { return m.CameraTrace(&c, true, "1"); }, 26},
+        CommandCodes{"remove", [](auto& m, auto& c) { return m.ClearOrRemoveActor(&c, 1, 1); }, 32},
+        CommandCodes{"cameraHome", [](auto& m, auto& c) { return m.CameraHomePosition(&c); }, 38},
+        CommandCodes{"propsDragger", [](auto& m, auto& c) { return m.ShowPropsDragger(&c, 1, "P", true); },
+                     41},
+        CommandCodes{"contactDragger",
+                     [](auto& m, auto& c) { return m.ShowContactPointDragger(&c, 1, "P", true); }, 41},
+        CommandCodes{"propsMatrix",
+                     [](auto& m, auto& c) { return m.SetPropsGemoetryMat(&c, 1, "P", kIdentity); }, 44},
+        CommandCodes{"rename", [](auto& m, auto& c) { return m.createChangeActorNameCommand(1, "New", &c); },
+                     47},
+        CommandCodes{"contactColour",
+                     [](auto& m, auto& c) {
+                         return m.ChangeActorStactColorCommand("Hips", KivCommonDef::KIV_STICKCONTACT_COLOR(),
+                                                               &c);
+                     },
+                     50}),
+    [](const auto& tested) { return std::string(tested.param.name); });
+
+}  // namespace
