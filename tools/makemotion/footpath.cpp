@@ -1,6 +1,7 @@
 #include "tools/makemotion/footpath.h"
 
 #include <algorithm>
+#include <cmath>
 
 #include "tools/makemotion/curve.h"
 
@@ -54,7 +55,11 @@ FootPlacement FootPath::swinging(const Plant& from, const Plant& to, double time
     const double span = to.strike - from.toeOff, middle = from.toeOff + 0.52 * span;
     const double far = std::min(1.0, (to.ankle - from.ankle).length() / 120);
 
-    Curve pitch, height, along;
+    Curve pitch, height, along, clear;
+    clear.addTurn(from.toeOff, 0);
+    clear.addTurn(from.toeOff + 0.25 * span, 2);
+    clear.addTurn(to.strike - 0.3 * span, 2);
+    clear.addTurn(to.strike, 0);
     pitch.add(from.toeOff, start.pitch, (start.pitch - before.pitch) / kStep);
     pitch.add(middle, -4 - 8 * far, 40 + 170 * far);
     pitch.addTurn(to.strike, end.pitch);
@@ -70,7 +75,20 @@ FootPlacement FootPath::swinging(const Plant& from, const Plant& to, double time
     foot.yaw = from.yaw + (to.yaw - from.yaw) * turned;
     foot.ankle = osg::Vec3d(start.ankle.x() + (end.ankle.x() - start.ankle.x()) * turned, height.at(time),
                             along.at(time));
+    foot.ankle.y() += clearance(foot, clear.at(time));
     return foot;
+}
+
+double FootPath::clearance(const FootPlacement& foot, double wanted) const
+{
+    double lowest = foot.ankle.y();
+    for (double along : {m_sole.heel, m_sole.toe}) {
+        const osg::Vec3d point(0, -m_sole.ankleHeight, along);
+        lowest = std::min(lowest, foot.ankle.y() + (footRotation(0, foot.pitch) * point).y());
+    }
+    // A smooth max(0, missing), rounded off over half of what is wanted.
+    const double missing = wanted - lowest;
+    return 0.5 * (missing + std::sqrt(missing * missing + 0.25 * wanted * wanted));
 }
 
 }  // namespace KivMotion

@@ -13,7 +13,7 @@ struct Sole
 {
     double ankleHeight = 8.5;
     double heel = -5.5;  ///< along Z
-    double toe = 14.5;   ///< where the foot turns when the heel is up; the toe's end is rounded
+    double toe = 13.5;   ///< where the foot turns when the heel is up; the toe's end is rounded
 };
 
 /// One stay on the ground. Times in seconds, in the order of the members.
@@ -40,6 +40,9 @@ public:
 private:
     FootPlacement onGround(const Plant& plant, double time) const;
     FootPlacement swinging(const Plant& from, const Plant& to, double time) const;
+
+    /// How much higher the foot must be for its sole to be `wanted` above the ground.
+    double clearance(const FootPlacement& foot, double wanted) const;
 
     std::vector<Plant> m_plants;
     Sole m_sole;

@@ -13,7 +13,7 @@ namespace {
 
 constexpr double kSwingTime = 0.40;
 constexpr double kSlapTime = 0.11;   // from the heel's touch to the flat foot
-constexpr double kRollTime = 0.27;   // from the heel's leaving to the toes'
+constexpr double kRollTime = 0.25;   // from the heel's leaving to the toes'
 constexpr double kFootApart = 5.5;   // of either foot from the line of the walk
 constexpr double kFirstShare = 0.8;  // the first step is shorter
 constexpr double kToeOut = 6;
@@ -77,7 +77,7 @@ Plant WalkPlan::landed(int step) const
     plant.strike = strike(step);
     plant.flat = plant.strike + kSlapTime;
     plant.strikePitch = step == m_style.steps - 1 ? 2 : 20 * fullness(step);
-    plant.toeOffPitch = 42;
+    plant.toeOffPitch = 36;
     plant.toeOff = step + 2 < m_style.steps ? toeOff(step + 2) : 1e9;
     plant.heelOff = plant.toeOff - kRollTime;
     return plant;
@@ -92,7 +92,7 @@ std::vector<Plant> WalkPlan::plantsOf(Side side) const
     stand.strike = stand.flat = -1;
     stand.toeOff = toeOff(first);
     stand.heelOff = stand.toeOff - kRollTime - 0.03;
-    stand.toeOffPitch = first == 0 ? 24 : 36;
+    stand.toeOffPitch = first == 0 ? 22 : 32;
     std::vector<Plant> plants = {stand};
     for (int step = first; step < m_style.steps; step += 2)
         plants.push_back(landed(step));
@@ -107,7 +107,7 @@ void WalkPlan::planPelvis()
     // Between two steps the weight is midway between the feet.
     for (int step = 1; step < m_style.steps; ++step) {
         const double behind = step == 1 ? 0 : landing(step - 2);
-        m_ahead.add(toeOff(step) - 0.05, 0.5 * (behind + landing(step - 1)) + stand, 0);
+        m_ahead.add(toeOff(step) - 0.05, 0.5 * (behind + landing(step - 1)) + stand + 5, 0);
     }
     m_ahead.addTurn(m_style.end() + 0.35, m_style.distance() + stand);
     m_ahead.smoothSlopes();
@@ -118,8 +118,8 @@ void WalkPlan::planPelvis()
     for (int step = 0; step < m_style.steps; ++step) {
         const double towards = -signOf(sideOf(step));
         const double share = step == 0 ? 1.5 : 1.0;
-        m_height.addTurn(toeOff(step) - 0.04, m_stand.pelvis.y() - (step == 0 ? 1.2 : 3.2));
-        m_height.addTurn(toeOff(step) + 0.23, m_stand.pelvis.y() - 1.0);
+        m_height.addTurn(toeOff(step) - 0.04, m_stand.pelvis.y() - (step == 0 ? 1.0 : 3.4));
+        m_height.addTurn(toeOff(step) + 0.23, m_stand.pelvis.y() - 0.9);
         m_sway.addTurn(toeOff(step) + (step == 0 ? 0.02 : 0.20), towards * 2.6 * share);
         m_roll.addTurn(toeOff(step) + 0.12, towards * 3.2 * (0.4 + 0.6 * fullness(step)));
     }
@@ -167,7 +167,7 @@ BodyPose WalkPlan::at(double time) const
     body.pelvisAttitude.roll = m_roll.at(time);
     body.pelvisAttitude.pitch -= 2 * walking;
     body.chest.yaw = -6.5 * m_yaw.at(time - 0.02);
-    body.chest.pitch -= 2.5 * walking;
+    body.chest.pitch -= 3.5 * walking;
     body.chest.roll = -0.25 * m_roll.at(time);
     body.gaze.yaw = -0.8 * yaw;
     body.gaze.roll = -0.1 * m_roll.at(time);
@@ -195,7 +195,7 @@ std::vector<BodyPose> walkFrames(const Rig& rig, const WalkStyle& style, double 
     const int count = static_cast<int>(std::lround(seconds * kFramesPerSecond));
     for (int i = 0; i < count; ++i)
         frames.push_back(plan.at(i / kFramesPerSecond));
-    keepLegsInReach(rig, frames, 0.993);
+    keepLegsInReach(rig, frames, 0.997, 4);
     return frames;
 }
 

@@ -54,7 +54,7 @@ BodyPose jugglingPose(const Rig& rig, const JugglePlan& plan, double time)
     body.foot(Side::Right).ankle += osg::Vec3d(-1.5, 0, -1);
     const osg::Vec3d left = plan.holdPoint(Side::Left, time), right = plan.holdPoint(Side::Right, time);
     // The body gives with the hands.
-    const double lift = 0.5 * (left.y() + right.y()) - 113;
+    const double lift = 0.5 * (left.y() + right.y()) - 116;
     body.pelvis +=
         osg::Vec3d(0.5 * drift(time, 2) + 0.04 * (left.x() + right.x()), -1.2 * busy + 0.10 * lift, 0);
     body.pelvisAttitude.roll += 0.8 * drift(time, 9);
@@ -63,7 +63,7 @@ BodyPose jugglingPose(const Rig& rig, const JugglePlan& plan, double time)
     body.chest.pitch -= 2 - 0.05 * lift;
     body.gaze.pitch += -9 + 17 * busy;
     body.handsReach = true;
-    body.shoulderLift = {-1 + 0.12 * (left.y() - 113), -1 + 0.12 * (right.y() - 113)};
+    body.shoulderLift = {-1 + 0.12 * (left.y() - 116), -1 + 0.12 * (right.y() - 116)};
     breathe(body, time, 1.3);
     for (Side side : {Side::Left, Side::Right})
         aimHand(rig, plan, side, time, body);
@@ -112,7 +112,7 @@ Clip makeJuggle(const Rig& rig)
     for (int i = 0; i < count; ++i)
         frames.push_back(jugglingPose(rig, plan, i / kFramesPerSecond));
     followBalls(frames, plan);
-    keepLegsInReach(rig, frames, 0.995);
+    keepLegsInReach(rig, frames, 0.995, 7);
     Clip clip = makeClip(rig, frames);
     for (std::size_t i = 0; i < clip.poses.size(); ++i)
         carryBalls(rig, plan, static_cast<double>(i) / kFramesPerSecond, clip.poses[i]);

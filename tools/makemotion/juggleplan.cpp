@@ -13,7 +13,7 @@ constexpr double kFlightTime = 3 * kBeat - kDwell;
 constexpr int kThrowsOfEach = 6;
 
 // Of the left hand.
-const osg::Vec3d kRest(20, 113, 37), kThrow(13, 115, 40), kCatch(28, 119, 38), kScoop(21, 108, 39);
+const osg::Vec3d kRest(20, 115, 33), kThrow(13, 118, 36), kCatch(28, 122, 34), kScoop(21, 112, 34);
 
 osg::Vec3d onSide(Side side, const osg::Vec3d& left)
 {

@@ -45,15 +45,14 @@ void breathe(BodyPose& body, double time, double seed)
     body.gaze.pitch += 1.2 * drift(time, seed + 8);
 }
 
-void keepLegsInReach(const Rig& rig, std::vector<BodyPose>& frames, double share)
+void keepLegsInReach(const Rig& rig, std::vector<BodyPose>& frames, double share, int radius)
 {
-    constexpr int kRadius = 7;
     std::vector<double> heights;
     heights.reserve(frames.size());
     for (const BodyPose& body : frames)
         heights.push_back(std::min({body.pelvis.y(), highestPelvis(rig, body, Side::Left, share),
                                     highestPelvis(rig, body, Side::Right, share)}));
-    heights = smoothedBelow(heights, kRadius);
+    heights = smoothedBelow(heights, radius);
     for (std::size_t i = 0; i < frames.size(); ++i)
         frames[i].pelvis.y() = heights[i];
 }

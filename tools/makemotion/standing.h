@@ -19,7 +19,7 @@ void breathe(BodyPose& body, double time, double seed);
 
 /// Lowers the pelvis in every frame so that no leg has to be straighter than `share` of its length, smoothly
 /// over time.
-void keepLegsInReach(const Rig& rig, std::vector<BodyPose>& frames, double share);
+void keepLegsInReach(const Rig& rig, std::vector<BodyPose>& frames, double share, int radius);
 
 Clip makeClip(const Rig& rig, const std::vector<BodyPose>& frames);
 

@@ -107,7 +107,7 @@ Clip makeWave(const Rig& rig)
     const int count = static_cast<int>(kSeconds * kFramesPerSecond);
     for (int i = 0; i < count; ++i)
         frames.push_back(wavingPose(rig, i / kFramesPerSecond));
-    keepLegsInReach(rig, frames, 0.996);
+    keepLegsInReach(rig, frames, 0.996, 7);
     return makeClip(rig, frames);
 }
 
