@@ -107,7 +107,7 @@ void WalkPlan::planPelvis()
     // Between two steps the weight is midway between the feet.
     for (int step = 1; step < m_style.steps; ++step) {
         const double behind = step == 1 ? 0 : landing(step - 2);
-        m_ahead.add(toeOff(step) - 0.05, 0.5 * (behind + landing(step - 1)) + stand + 5, 0);
+        m_ahead.add(toeOff(step) - 0.05, 0.5 * (behind + landing(step - 1)) + stand + 9, 0);
     }
     m_ahead.addTurn(m_style.end() + 0.35, m_style.distance() + stand);
     m_ahead.smoothSlopes();
@@ -118,8 +118,8 @@ void WalkPlan::planPelvis()
     for (int step = 0; step < m_style.steps; ++step) {
         const double towards = -signOf(sideOf(step));
         const double share = step == 0 ? 1.5 : 1.0;
-        m_height.addTurn(toeOff(step) - 0.04, m_stand.pelvis.y() - (step == 0 ? 1.0 : 3.4));
-        m_height.addTurn(toeOff(step) + 0.23, m_stand.pelvis.y() - 0.9);
+        m_height.addTurn(toeOff(step) - 0.04, m_stand.pelvis.y() - (step == 0 ? 1.0 : 3.0));
+        m_height.addTurn(toeOff(step) + 0.23, m_stand.pelvis.y() - 0.2);
         m_sway.addTurn(toeOff(step) + (step == 0 ? 0.02 : 0.20), towards * 2.6 * share);
         m_roll.addTurn(toeOff(step) + 0.12, towards * 3.2 * (0.4 + 0.6 * fullness(step)));
     }

@@ -181,7 +181,8 @@ const MotionText& sample(const std::string& fileName)
 
 const std::array<Point, 4>& solePoints()
 {
-    static const std::array<Point, 4> points = {{{0, -8.5, -5.5}, {0, -8.5, 10}, {0, -8.5, 13.5}, {0, -6.5, 17.5}}};
+    static const std::array<Point, 4> points = {
+        {{0, -8.5, -5.5}, {0, -8.5, 10}, {0, -8.5, 13.5}, {0, -6.5, 17.5}}};
     return points;
 }
 
