@@ -1,5 +1,6 @@
 // Somebody who juggles two balls. Each ball belongs to one props joint for the whole motion, whichever hand
 // has it.
+#include <algorithm>
 #include <cmath>
 
 #include "tools/makemotion/curve.h"
@@ -87,18 +88,43 @@ void followBalls(std::vector<BodyPose>& frames, const JugglePlan& plan)
     }
 }
 
-void carryBalls(const Rig& rig, const JugglePlan& plan, double time, Pose& pose)
+osg::Quat handTurn(const Rig& rig, const Clip& clip, Side hand, double time)
 {
+    const auto frame = static_cast<std::size_t>(std::lround(time * kFramesPerSecond));
+    return clip.poses[std::min(frame, clip.poses.size() - 1)].worldRotation(rig.find(sided(hand, "Hand")));
+}
+
+/// A ball turns with the hand that holds it, and in the air from one hand's attitude to the other's.
+osg::Quat ballTurn(const Rig& rig, const JugglePlan& plan, const Clip& clip, Side ball, double time)
+{
+    const Flight* flight = plan.flightOf(ball, time);
+    if (!flight)
+        return handTurn(rig, clip, plan.holderOf(ball, time), time);
+    osg::Quat turn;
+    turn.slerp((time - flight->start) / (flight->end - flight->start),
+               handTurn(rig, clip, flight->thrower, flight->start),
+               handTurn(rig, clip, opposite(flight->thrower), flight->end));
+    return turn;
+}
+
+osg::Vec3d ballPosition(const Rig& rig, const JugglePlan& plan, const Pose& pose, Side ball, double time)
+{
+    if (const Flight* flight = plan.flightOf(ball, time))
+        return flight->positionAt(time);
+    const Side holder = plan.holderOf(ball, time);
+    const int hand = rig.find(sided(holder, "Hand"));
+    return pose.worldPosition(hand) + pose.worldRotation(hand) * rig.offsetOf(sided(holder, "Props"));
+}
+
+void carryBalls(const Rig& rig, const JugglePlan& plan, std::size_t frame, Clip& clip)
+{
+    const double time = static_cast<double>(frame) / kFramesPerSecond;
+    Pose& pose = clip.poses[frame];
     for (Side ball : {Side::Left, Side::Right}) {
-        const int parent = rig.find(sided(ball, "Hand"));
-        const Side holder = plan.holderOf(ball, time);
-        const int hand = rig.find(sided(holder, "Hand"));
-        const Flight* flight = plan.flightOf(ball, time);
-        const osg::Vec3d world = flight ? flight->positionAt(time)
-                                        : pose.worldPosition(hand) +
-                                              pose.worldRotation(hand) * rig.offsetOf(sided(holder, "Props"));
-        pose.setPosition(rig.find(sided(ball, "Props")),
-                         pose.worldRotation(parent).inverse() * (world - pose.worldPosition(parent)));
+        const int parent = rig.find(sided(ball, "Hand")), props = rig.find(sided(ball, "Props"));
+        const osg::Vec3d world = ballPosition(rig, plan, pose, ball, time);
+        pose.setPosition(props, pose.worldRotation(parent).inverse() * (world - pose.worldPosition(parent)));
+        pose.setWorldRotation(props, ballTurn(rig, plan, clip, ball, time));
     }
 }
 
@@ -115,7 +141,7 @@ Clip makeJuggle(const Rig& rig)
     keepLegsInReach(rig, frames, 0.995, 7);
     Clip clip = makeClip(rig, frames);
     for (std::size_t i = 0; i < clip.poses.size(); ++i)
-        carryBalls(rig, plan, static_cast<double>(i) / kFramesPerSecond, clip.poses[i]);
+        carryBalls(rig, plan, i, clip);
     return clip;
 }
 
