@@ -1,0 +1,153 @@
+#include "framepublisher.h"
+
+#include <osg/Math>
+
+#include <algorithm>
+#include <cmath>
+
+#include "KivMemoryShare/actorframemanager.h"
+#include "KivMemoryShare/scenecfgshare.h"
+
+namespace KivPlayer {
+
+namespace {
+
+constexpr int kSamples = 96;
+constexpr double kShortestStep = 1.0 / 120.0;
+constexpr double kLongestStep = 1.0 / 15.0;
+constexpr double kCatchUp = 0.5;  ///< seconds of motion before a jump's goal that decide about contacts there
+
+KivAnimation::BasicAnimationManager& playback()
+{
+    return *KivMemoryShare::SceneCfgShare::instance()->getBaseAnimationManager();
+}
+
+/// The frame store is Y-up.
+osg::Vec3d toStore(const osg::Vec3d& scene)
+{
+    return {scene.x(), scene.z(), -scene.y()};
+}
+
+std::vector<osg::Vec3d> toStore(std::vector<osg::Vec3d> places)
+{
+    for (osg::Vec3d& place : places)
+        place = toStore(place);
+    return places;
+}
+
+/// Where a figure faces, from its hips or, failing these, its shoulders; not normalised.
+osg::Vec3d frontOf(const std::vector<DressedActor::Joint>& joints, const std::vector<osg::Vec3d>& places)
+{
+    for (const char* pair : {"UpLeg", "Arm"}) {
+        const osg::Vec3d* left = nullptr;
+        const osg::Vec3d* right = nullptr;
+        for (std::size_t i = 0; i < joints.size(); ++i) {
+            left = joints[i].name == std::string("Left") + pair ? &places[i] : left;
+            right = joints[i].name == std::string("Right") + pair ? &places[i] : right;
+        }
+        if (left && right)
+            return (*left - *right) ^ osg::Vec3d(0, 0, 1);
+    }
+    return {};
+}
+
+}  // namespace
+
+void FramePublisher::setActors(const std::map<unsigned, LoadedActor>& actors)
+{
+    m_bodies.clear();
+    m_duration = 0.0;
+    m_step = kLongestStep;
+    for (const auto& [index, actor] : actors) {
+        const std::vector<std::string> names = actor.dressed.jointNames();
+        m_bodies.push_back({&actor, BodyMotion(names), ContactTracker(names)});
+        m_duration = std::max(m_duration, actor.duration());
+        if (actor.document.frameTime > 0.0)
+            m_step = std::min(m_step, actor.document.frameTime);
+    }
+    m_step = std::max(m_step, kShortestStep);
+    m_followed = -1e9;
+    playback().pause();
+    sampleMotion();
+}
+
+void FramePublisher::sampleMotion()
+{
+    m_sampled.clear();
+    osg::Vec3d front;
+    const int samples = m_duration > 0.0 ? kSamples : 1;
+    for (int i = 0; i < samples; ++i) {
+        pose(samples > 1 ? m_duration * i / (samples - 1) : 0.0);
+        for (Body& body : m_bodies) {
+            const std::vector<osg::Vec3d> places = body.actor->dressed.positions();
+            m_sampled.insert(m_sampled.end(), places.begin(), places.end());
+            body.contacts.learn(toStore(places));
+            osg::Vec3d facing = frontOf(body.actor->dressed.joints(), places);
+            facing.normalize();
+            front += facing;
+        }
+    }
+    const bool told = front.length() > 0.2 * samples;
+    m_facing = told ? std::atan2(front.y(), front.x()) : -osg::PI_2;
+}
+
+void FramePublisher::pose(double seconds)
+{
+    playback().setTime(seconds);
+    playback().update(0.0);
+}
+
+void FramePublisher::show(double seconds)
+{
+    if (m_publishContacts)
+        follow(seconds);
+    pose(seconds);
+    publish();
+}
+
+void FramePublisher::follow(double seconds)
+{
+    // Contacts are judged on a fixed grid of times, whatever times are shown.
+    const double goal = std::floor(seconds / m_step + 1e-6);
+    if (goal < m_followed || (goal - m_followed) * m_step > 2.0 * kCatchUp) {
+        m_followed = std::max(-1.0, goal - std::ceil(kCatchUp / m_step) - 1.0);
+        for (Body& body : m_bodies)
+            body.contacts.restart();
+    }
+    while (m_followed < goal) {
+        m_followed += 1.0;
+        pose(m_followed * m_step);
+        for (Body& body : m_bodies)
+            body.contacts.advance(toStore(body.actor->dressed.positions()), m_step);
+    }
+}
+
+void FramePublisher::publish()
+{
+    auto* store = KivMemoryShare::ActorFrameManager::Ins();
+    for (Body& body : m_bodies) {
+        const std::vector<osg::Vec3d> places = toStore(body.actor->dressed.positions());
+        if (const auto centre = body.motion.centreOfMass(places)) {
+            const float values[3] = {static_cast<float>(centre->x()), static_cast<float>(centre->y()),
+                                     static_cast<float>(centre->z())};
+            store->WriteActorGravity(body.actor->index, values, 3);
+        }
+        if (m_publishContacts) {
+            body.contacts.place(places);
+            store->WriteActorStickContact(body.actor->index, body.contacts.contacts().data(),
+                                          body.contacts.contacts().size());
+        }
+    }
+}
+
+std::vector<osg::Vec3d> FramePublisher::placesNow() const
+{
+    std::vector<osg::Vec3d> all;
+    for (const Body& body : m_bodies) {
+        const std::vector<osg::Vec3d> places = body.actor->dressed.positions();
+        all.insert(all.end(), places.begin(), places.end());
+    }
+    return all;
+}
+
+}  // namespace KivPlayer

@@ -1,0 +1,63 @@
+#pragma once
+
+#include <osg/BoundingBox>
+#include <osg/Vec3d>
+
+#include <map>
+#include <vector>
+
+#include "bodymotion.h"
+#include "contacttracker.h"
+#include "session.h"
+
+namespace KivPlayer {
+
+/// Poses the actors at a time and publishes their frame data for it, so that the update traversal of the
+/// frame that comes next finds both. Used between frames.
+class FramePublisher
+{
+public:
+    /// @param contacts whether contacts are published at all: the overlay shows whatever is.
+    explicit FramePublisher(bool contacts) : m_publishContacts(contacts) {}
+
+    /// Takes the actors over as they are now. The motion is sampled for where it leads and how low feet come.
+    void setActors(const std::map<unsigned, LoadedActor>& actors);
+
+    /// Poses all actors and publishes. Going on by less than a second follows the motion step by step; after
+    /// a jump the steps before the new time are caught up on, so that what is shown depends on the time
+    /// alone.
+    void show(double seconds);
+
+    double duration() const { return m_duration; }
+
+    /// Where the joints were in the sampled motion, and where they are now. Scene units.
+    const std::vector<osg::Vec3d>& sampledPlaces() const { return m_sampled; }
+    std::vector<osg::Vec3d> placesNow() const;
+
+    /// The compass direction that the figures face, radians counter-clockwise from the x axis; the mean over
+    /// the samples. Towards -y where nothing tells.
+    double facing() const { return m_facing; }
+
+private:
+    struct Body
+    {
+        const LoadedActor* actor;
+        BodyMotion motion;
+        ContactTracker contacts;
+    };
+
+    void sampleMotion();
+    void pose(double seconds);
+    void follow(double seconds);
+    void publish();
+
+    bool m_publishContacts;
+    std::vector<Body> m_bodies;
+    double m_duration = 0.0;
+    double m_step = 0.0;  ///< seconds between the poses that contacts are judged by
+    double m_followed = -1e9;
+    std::vector<osg::Vec3d> m_sampled;
+    double m_facing = 0.0;
+};
+
+}  // namespace KivPlayer

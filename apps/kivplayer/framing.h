@@ -1,0 +1,32 @@
+#pragma once
+
+#include <osg/Vec3d>
+
+#include <vector>
+
+namespace KivPlayer {
+
+/// Where a camera stands and what it looks at. Scene units, Z-up.
+struct CameraPose
+{
+    osg::Vec3d eye;
+    osg::Vec3d target;
+    osg::Vec3d up = osg::Vec3d(0, 0, 1);
+};
+
+/// A direction to look from, relative to the way that the figures face.
+struct ViewAngles
+{
+    double azimuth = 0.0;    ///< radians from the figures' front towards their left hand
+    double elevation = 0.0;  ///< radians above the horizon
+};
+
+/// The camera that stands as near as it can while every point keeps a distance to the picture's edges.
+/// @param compass  radians, counter-clockwise from the x axis: the direction from the figures to the eye.
+/// @param fieldOfView vertical, degrees.
+/// @param room     scene units to keep free around every point.
+/// @return looks at the origin's surroundings where there are no points.
+CameraPose frameAll(const std::vector<osg::Vec3d>& points, double compass, double elevation,
+                    double fieldOfView, double aspect, double room);
+
+}  // namespace KivPlayer

@@ -1,0 +1,32 @@
+#include <osg/Notify>
+
+#include <cstdlib>
+#include <exception>
+#include <iostream>
+
+#include "console.h"
+#include "headless.h"
+#include "options.h"
+
+int main(int argc, char** argv)
+{
+    using KivPlayer::Console;
+    const KivPlayer::Parsing parsing = KivPlayer::parseOptions(argc, argv);
+    std::cout << parsing.output << std::flush;
+    std::cerr << parsing.error << std::flush;
+    if (!parsing.options)
+        return parsing.exitCode;
+    const KivPlayer::Options& options = *parsing.options;
+    const Console::Loudness loudness = options.quiet     ? Console::Loudness::Quiet
+                                       : options.verbose ? Console::Loudness::Verbose
+                                                         : Console::Loudness::Normal;
+    if (!std::getenv("OSG_NOTIFY_LEVEL"))
+        osg::setNotifyLevel(options.verbose ? osg::NOTICE : osg::FATAL);
+    try {
+        Console console(std::cerr, loudness);
+        return KivPlayer::runHeadless(options, console);
+    } catch (const std::exception& problem) {
+        std::cerr << "kivplayer: error: " << problem.what() << std::endl;
+        return KivPlayer::ExitFailed;
+    }
+}

@@ -1,0 +1,251 @@
+#include "options.h"
+
+#include <CLI/CLI.hpp>
+
+#include <algorithm>
+#include <cmath>
+#include <filesystem>
+#include <map>
+#include <sstream>
+
+#include "numbers.h"
+#include "version.h"
+
+namespace KivPlayer {
+
+namespace {
+
+constexpr int kLargestSide = 16384;
+
+/// The options as texts, before they are understood.
+struct Texts
+{
+    std::string output, time, frame, range, fps, resolution, samples, camera, position, target, threshold;
+    std::vector<std::string> show, hide;
+    bool noRender = false;
+};
+
+[[noreturn]] void refuse(const std::string& option, const std::string& wanted, const std::string& given)
+{
+    throw CLI::ValidationError(option, "expected " + wanted + ", found \"" + given + "\"");
+}
+
+double number(const std::string& option, const std::string& text, const std::string& wanted, double least)
+{
+    const std::optional<double> value = parseNumber(text);
+    if (!value || *value < least)
+        refuse(option, wanted, text);
+    return *value;
+}
+
+osg::Vec3d vector(const std::string& option, const std::string& text)
+{
+    const auto values = parseNumbers(text, 3);
+    if (!values)
+        refuse(option, "three numbers X,Y,Z", text);
+    return {(*values)[0], (*values)[1], (*values)[2]};
+}
+
+void addOptions(CLI::App& app, Options& options, Texts& texts)
+{
+    app.add_option("MOTION.bvh", options.motions, "Motion files; each is one actor");
+    app.add_option("--name", options.names, "Label of an actor; once for every motion, in their order")
+        ->expected(1)
+        ->take_all();
+    app.add_option("--root", options.root, "Folder that holds Data/IVE/avatar.ive and Data/Font/arial.ttf");
+    app.add_flag("--verbose", options.verbose, "Say what is being done");
+    app.add_flag("--quiet", options.quiet, "Errors only");
+
+    const std::string pictures = "Pictures";
+    app.add_option("--output", texts.output, "Picture to write (.png); with {frame:04} in it a sequence")
+        ->group(pictures);
+    app.add_option("--time", texts.time, "Show this second of the motion")->group(pictures);
+    app.add_option("--frame", texts.frame, "Show this frame of the first motion, counted from 0")
+        ->group(pictures);
+    app.add_option("--range", texts.range, "FROM,TO in seconds: part of the motion for a sequence")
+        ->group(pictures);
+    app.add_option("--fps", texts.fps, "Pictures per second of a sequence (30)")->group(pictures);
+    app.add_option("--resolution", texts.resolution, "W,H in pixels (1280,720)")->group(pictures);
+    app.add_option("--samples", texts.samples, "Samples per pixel and direction, 1 to 8, for smooth edges")
+        ->group(pictures);
+    app.add_option("--camera", texts.camera,
+                   "front, back, left, right, three-quarter, or AZIMUTH,ELEVATION in degrees")
+        ->group(pictures);
+    app.add_option("--camera-position", texts.position, "X,Y,Z in scene units, Z up")->group(pictures);
+    app.add_option("--camera-target", texts.target, "X,Y,Z the camera looks at")->group(pictures);
+    app.add_option("--show", texts.show, "names, com, contacts, props, grid")
+        ->delimiter(',')
+        ->group(pictures);
+    app.add_option("--hide", texts.hide, "the same names")->delimiter(',')->group(pictures);
+    app.add_option("--reference", options.reference, "Compare the picture with this one")->group(pictures);
+    app.add_option("--reference-threshold", texts.threshold,
+                   "Largest mean difference of a 16 x 16 tile, 0..255 (6)")
+        ->group(pictures);
+
+    app.add_option("--report", options.report, "Write how every actor was dressed (JSON)");
+    app.add_flag("--no-render", texts.noRender, "Load and report only");
+}
+
+void understandTimes(const Texts& texts, Options& options)
+{
+    if (!texts.time.empty())
+        options.time = number("--time", texts.time, "seconds, 0 or more", 0.0);
+    if (!texts.frame.empty()) {
+        const auto frame = parseInteger(texts.frame);
+        if (!frame || *frame < 0)
+            refuse("--frame", "a frame number, 0 or more", texts.frame);
+        options.frame = *frame;
+    }
+    if (!texts.range.empty()) {
+        const auto range = parseNumbers(texts.range, 2);
+        if (!range || (*range)[0] < 0.0 || (*range)[1] < (*range)[0])
+            refuse("--range", "two times FROM,TO in seconds", texts.range);
+        options.range = std::make_pair((*range)[0], (*range)[1]);
+    }
+    if (!texts.fps.empty()) {
+        options.fps = number("--fps", texts.fps, "pictures per second, above 0", 0.0);
+        if (options.fps <= 0.0 || options.fps > 1000.0)
+            refuse("--fps", "pictures per second, above 0 and at most 1000", texts.fps);
+    }
+}
+
+void understandSize(const Texts& texts, Options& options)
+{
+    if (!texts.resolution.empty()) {
+        const auto size = parseNumbers(texts.resolution, 2);
+        const auto good = [](double side) {
+            return side >= 1.0 && side <= kLargestSide && side == std::floor(side);
+        };
+        if (!size || !good((*size)[0]) || !good((*size)[1]))
+            refuse("--resolution", "W,H in whole pixels, 1 to " + std::to_string(kLargestSide),
+                   texts.resolution);
+        options.width = static_cast<int>((*size)[0]);
+        options.height = static_cast<int>((*size)[1]);
+    }
+    if (!texts.samples.empty()) {
+        const auto samples = parseInteger(texts.samples);
+        if (!samples || *samples < 1 || *samples > 8)
+            refuse("--samples", "1 to 8", texts.samples);
+        options.samples = static_cast<int>(*samples);
+    }
+}
+
+void understandCamera(const Texts& texts, Options& options)
+{
+    static const std::map<std::string, double> sides{
+        {"front", 0.0}, {"three-quarter", 31.5}, {"left", 90.0}, {"back", 180.0}, {"right", -90.0}};
+    if (!texts.camera.empty()) {
+        const auto side = sides.find(texts.camera);
+        const auto angles = parseNumbers(texts.camera, 2);
+        if (side != sides.end())
+            options.view.azimuth = osg::DegreesToRadians(side->second);
+        else if (angles && std::abs((*angles)[1]) < 90.0)
+            options.view = {osg::DegreesToRadians((*angles)[0]), osg::DegreesToRadians((*angles)[1])};
+        else
+            refuse("--camera", "front, back, left, right, three-quarter or AZIMUTH,ELEVATION", texts.camera);
+    }
+    if (!texts.position.empty())
+        options.cameraPosition = vector("--camera-position", texts.position);
+    if (!texts.target.empty())
+        options.cameraTarget = vector("--camera-target", texts.target);
+    if (options.cameraPosition && options.cameraTarget && *options.cameraPosition == *options.cameraTarget)
+        refuse("--camera-target", "a point other than the camera's position", texts.target);
+}
+
+void understandShown(const std::string& option, const std::vector<std::string>& what, bool value,
+                     Shown& shown)
+{
+    for (const std::string& name : what) {
+        if (name == "names")
+            shown.names = value;
+        else if (name == "com")
+            shown.centreOfMass = value;
+        else if (name == "contacts")
+            shown.contacts = value;
+        else if (name == "props")
+            shown.props = value;
+        else if (name == "grid")
+            shown.grid = value;
+        else
+            refuse(option, "names, com, contacts, props or grid", name);
+    }
+}
+
+void understandOutput(const Texts& texts, Options& options)
+{
+    if (!texts.output.empty()) {
+        auto names = OutputNames::parse(texts.output);
+        if (const auto* problem = std::get_if<std::string>(&names))
+            throw CLI::ValidationError("--output", *problem);
+        options.output = std::get<OutputNames>(names);
+        std::string extension = std::filesystem::path(options.output->name(0)).extension().string();
+        std::transform(extension.begin(), extension.end(), extension.begin(),
+                       [](unsigned char letter) { return static_cast<char>(std::tolower(letter)); });
+        if (extension != ".png")
+            refuse("--output", "a name that ends in .png", texts.output);
+    }
+    if (!texts.threshold.empty())
+        options.referenceThreshold =
+            number("--reference-threshold", texts.threshold, "a difference, 0 or more", 0.0);
+    options.render = !texts.noRender;
+}
+
+void checkTogether(const Options& options, const Texts& texts)
+{
+    if (options.motions.empty())
+        throw CLI::RequiredError("MOTION.bvh: at least one motion file");
+    if (options.names.size() > options.motions.size())
+        throw CLI::ValidationError("--name", "given " + std::to_string(options.names.size()) + " times for " +
+                                                 std::to_string(options.motions.size()) + " motion(s)");
+    if (options.verbose && options.quiet)
+        throw CLI::ValidationError("--quiet", "excludes --verbose");
+    if (options.time && options.frame)
+        throw CLI::ValidationError("--frame", "excludes --time");
+    const bool sequence = options.output && options.output->isSequence();
+    if (sequence && (options.time || options.frame))
+        throw CLI::ValidationError(options.time ? "--time" : "--frame",
+                                   "shows one picture; a sequence takes --range FROM,TO");
+    if (!sequence && (options.range || !texts.fps.empty()))
+        throw CLI::ValidationError(options.range ? "--range" : "--fps",
+                                   "needs a sequence: put {frame:04} into the name of --output");
+    if (!options.reference.empty() && (sequence || !options.render))
+        throw CLI::ValidationError("--reference", "compares one picture");
+    if (options.output && !options.render)
+        throw CLI::ValidationError("--no-render", "excludes --output");
+    if (!options.output && options.render && options.report.empty() && options.reference.empty())
+        throw CLI::RequiredError("nothing to do: one of --output, --reference, --report and --no-render");
+}
+
+}  // namespace
+
+Parsing parseOptions(int argc, const char* const* argv)
+{
+    CLI::App app("Shows motion-capture files on an avatar", "kivplayer");
+    app.set_version_flag("--version", "kivplayer " KIV_PLAYER_VERSION);
+    app.get_formatter()->column_width(32);
+    Options options;
+    Texts texts;
+    addOptions(app, options, texts);
+    Parsing parsing;
+    try {
+        app.parse(argc, argv);
+        understandTimes(texts, options);
+        understandSize(texts, options);
+        understandCamera(texts, options);
+        understandShown("--show", texts.show, true, options.shown);
+        understandShown("--hide", texts.hide, false, options.shown);
+        understandOutput(texts, options);
+        checkTogether(options, texts);
+        parsing.options = options;
+    } catch (const CLI::Success& answer) {
+        std::ostringstream out;
+        app.exit(answer, out, out);
+        parsing.output = out.str();
+    } catch (const CLI::Error& problem) {
+        parsing.exitCode = ExitUsage;
+        parsing.error = std::string("kivplayer: error: ") + problem.what() + "\nTry kivplayer --help\n";
+    }
+    return parsing;
+}
+
+}  // namespace KivPlayer

@@ -1,0 +1,74 @@
+#pragma once
+
+#include <osg/Vec3d>
+
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "framing.h"
+#include "outputnames.h"
+
+namespace KivPlayer {
+
+/// What the program ends with.
+enum ExitCode : int
+{
+    ExitDone = 0,
+    ExitFailed = 1,  ///< something could not be read, dressed or written; the rest was done
+    ExitUsage = 2,
+    ExitDifferent = 3  ///< a picture differs from its reference
+};
+
+/// What may be shown beside the figures. Empty means: as the program sees fit.
+struct Shown
+{
+    std::optional<bool> names;  ///< unset: the module shows them from the second actor on
+    bool centreOfMass = false;
+    bool contacts = false;
+    bool props = false;
+    bool grid = true;
+};
+
+struct Options
+{
+    std::vector<std::string> motions;
+    std::vector<std::string> names;  ///< labels, in the order of the motions
+    std::string root;                ///< empty: beside the program or where it is installed
+    std::string report;
+    std::optional<OutputNames> output;
+    bool render = true;
+    bool verbose = false;
+    bool quiet = false;
+
+    int width = 1280;
+    int height = 720;
+    int samples = 0;  ///< per pixel and direction; 0: what the size allows
+    double fps = 30.0;
+    std::optional<double> time;      ///< seconds
+    std::optional<long long> frame;  ///< of the file, from 0
+    std::optional<std::pair<double, double>> range;
+
+    ViewAngles view{0.55, 0.16};
+    std::optional<osg::Vec3d> cameraPosition;
+    std::optional<osg::Vec3d> cameraTarget;
+    Shown shown;
+
+    std::string reference;
+    double referenceThreshold = 6.0;
+};
+
+/// Either options or what the program says instead of starting.
+struct Parsing
+{
+    std::optional<Options> options;
+    int exitCode = ExitDone;
+    std::string output;  ///< for stdout
+    std::string error;   ///< for stderr
+};
+
+/// Understands a command line. Numbers are read the same way under every locale.
+Parsing parseOptions(int argc, const char* const* argv);
+
+}  // namespace KivPlayer

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <iosfwd>
+#include <string>
+
+namespace KivPlayer {
+
+/// Says how far a long job is: on a terminal one line that is written over, elsewhere a line every ten
+/// percent.
+class Progress
+{
+public:
+    enum class Style
+    {
+        Silent,
+        Lines,
+        Terminal
+    };
+
+    /// What suits a stream: stderr's is asked for by its descriptor.
+    static Style styleFor(int descriptor, bool quiet);
+
+    Progress(std::ostream& stream, Style style, std::string job, unsigned long long total);
+    ~Progress();
+    Progress(const Progress&) = delete;
+    Progress& operator=(const Progress&) = delete;
+
+    void done(unsigned long long count);
+
+private:
+    std::ostream& m_stream;
+    Style m_style;
+    std::string m_job;
+    unsigned long long m_total;
+    unsigned m_shown = 0;  ///< percent
+    bool m_lineOpen = false;
+};
+
+}  // namespace KivPlayer

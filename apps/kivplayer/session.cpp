@@ -1,0 +1,215 @@
+#include "session.h"
+
+#include <osgDB/Options>
+
+#include <exception>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <utility>
+
+#include "KivCharacterization/characterizationmanager.h"
+#include "KivErrorOperator/tavrincommonerrormsg.h"
+#include "KivMemoryShare/actorframemanager.h"
+#include "KivMemoryShare/scenecfgshare.h"
+#include "KivReader/readerwriterbvh.h"
+#include "KivRenderState/kivrenderstatemanager.h"
+#include "surfaces.h"
+
+namespace KivPlayer {
+
+using KivCharacterization::CharacterizationManager;
+using KivMemoryShare::SceneCfgShare;
+using KivTaskCommand::TaskCommand;
+
+namespace {
+
+osg::Group& characterScene()
+{
+    return *SceneCfgShare::instance()->getCharacterSceneNode();
+}
+
+/// Why the reader refuses a text that is well-formed, in its own words.
+std::string readersReason(const std::string& text)
+{
+    osg::Node* node = nullptr;
+    KivAnimation::Animation* animation = nullptr;
+    std::string name;
+    const bool read = KivReader::ReaderWriterBVH::readBVHNode(text, nullptr, &node, &animation, name, true);
+    const osg::ref_ptr<osg::Node> holdNode = node;
+    const osg::ref_ptr<KivAnimation::Animation> holdAnimation = animation;
+    return read ? std::string() : KivReader::ReaderWriterBVH::lastError();
+}
+
+bool reported(const std::string& path, const std::string& outcome)
+{
+    for (const std::string& line : KivErrorOperator::TavrinCommonErrorMsg::instance()->history())
+        if (line == "Read file :" + path + outcome)
+            return true;
+    return false;
+}
+
+}  // namespace
+
+Session::Session(Console& console)
+    : m_console(console), m_spCommands(std::make_unique<KivTaskCommand::CommandThread>(m_gate))
+{
+    // Skeletons from elsewhere are prepared for dressing; a file that is no humanoid is left as it is.
+    KivReader::ReaderWriterBVH::setDefaultOptions(new osgDB::Options("profile=auto"));
+}
+
+Session::~Session()
+{
+    m_actors.clear();
+    run([](CharacterizationManager& manager, TaskCommand& command) {
+        return manager.ClearOrRemoveActor(&command, 0, 0);
+    });
+    m_spCommands.reset();
+    CharacterizationManager::releaseIns();
+    KivReader::ReaderWriterBVH::setDefaultOptions(nullptr);
+    KivMemoryShare::ActorFrameManager::Ins()->Clear();
+    KivRenderState::KivRenderStateManager::instance()->reset();
+    SceneCfgShare::instance()->reset();
+}
+
+bool Session::start(const std::string& root)
+{
+    m_avatarPath = root + "/Data/IVE/avatar.ive";
+    const std::string font = root + "/Data/Font/arial.ttf";
+    KivErrorOperator::TavrinCommonErrorMsg::instance()->clear();
+    const bool fontThere = CharacterizationManager::instance()->initalCharacterModel(root);
+    if (!fontThere)
+        m_console.error({font, 0, 0, "the label font cannot be read"});
+    const bool avatarThere = reported(m_avatarPath, "successed!");
+    if (!avatarThere)
+        m_console.error({m_avatarPath, 0, 0, "the avatar cannot be read"});
+    return avatarThere;
+}
+
+bool Session::readMotion(const std::string& file, std::string& text, KivReader::MotionDocument& document)
+{
+    std::error_code problem;
+    if (std::filesystem::is_directory(file, problem)) {
+        m_console.error({file, 0, 0, "is a folder; expected a motion file"});
+        return false;
+    }
+    std::ifstream stream(file, std::ios::binary);
+    if (stream)
+        text.assign(std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>());
+    if (!stream.is_open() || stream.bad()) {
+        m_console.error(
+            {file, 0, 0, std::filesystem::exists(file, problem) ? "cannot be read" : "no such file"});
+        return false;
+    }
+    KivReader::MotionReading reading = KivReader::readMotionDocument(text);
+    if (!reading.document) {
+        m_console.error({file, reading.error.line, reading.error.column, reading.error.message});
+        return false;
+    }
+    for (const KivReader::Diagnostic& warning : reading.document->warnings)
+        m_console.warning({file, warning.line, warning.column, warning.message});
+    document = std::move(*reading.document);
+    document.values = std::vector<float>();
+    return true;
+}
+
+bool Session::load(unsigned index, const std::string& file, const std::string& name)
+{
+    std::string text;
+    LoadedActor actor;
+    if (!readMotion(file, text, actor.document))
+        return false;
+    actor.index = index;
+    actor.file = file;
+    actor.name = name;
+    m_actors.erase(index);
+    const bool built = run([&](CharacterizationManager& manager, TaskCommand& command) {
+        return manager.createLoadBVHCommand(text, static_cast<int>(index), name, &command);
+    });
+    std::optional<DressedActor> dressed;
+    if (built) {
+        const KivTaskCommand::SceneGate::Pass pass(m_gate);
+        dressed = DressedActor::find(characterScene(), actor.id());
+        if (dressed)
+            describeSurfaces(dressed->root());
+    }
+    if (!dressed) {
+        const std::string reason = readersReason(text);
+        m_console.error({file, 0, 0, reason.empty() ? "the skeleton could not be dressed" : reason});
+        return false;
+    }
+    actor.dressed = std::move(*dressed);
+    m_console.note(file + ": actor " + actor.id() + ", " + std::to_string(actor.dressed.joints().size()) +
+                   " joints, " + std::to_string(actor.frames()) + " frames");
+    m_actors.emplace(index, std::move(actor));
+    return true;
+}
+
+bool Session::remove(unsigned index)
+{
+    m_actors.erase(index);
+    KivMemoryShare::ActorFrameManager::Ins()->RemoveActor(index);
+    return run([index](CharacterizationManager& manager, TaskCommand& command) {
+        return manager.ClearOrRemoveActor(&command, 1, index);
+    });
+}
+
+bool Session::rename(unsigned index, const std::string& name)
+{
+    const bool renamed = run([&](CharacterizationManager& manager, TaskCommand& command) {
+        return manager.createChangeActorNameCommand(index, name, &command);
+    });
+    const auto actor = m_actors.find(index);
+    if (renamed && actor != m_actors.end())
+        actor->second.name = name;
+    return renamed;
+}
+
+bool Session::showPropsDraggers(bool shown)
+{
+    bool all = true;
+    for (const auto& [index, actor] : m_actors) {
+        for (const DressedActor::Joint& joint : actor.dressed.joints()) {
+            if (joint.name.find("Props") == std::string::npos || joint.name.find("End") != std::string::npos)
+                continue;
+            all &= run([&, i = index](CharacterizationManager& manager, TaskCommand& command) {
+                return manager.ShowPropsDragger(&command, static_cast<int>(i), joint.name, shown);
+            });
+        }
+    }
+    return all;
+}
+
+void Session::showNames(bool shown)
+{
+    const KivTaskCommand::SceneGate::Pass pass(m_gate);
+    for (const auto& [index, actor] : m_actors) {
+        osg::Switch* label = actor.dressed.labelSwitch();
+        if (label && shown)
+            label->setAllChildrenOn();
+        else if (label)
+            label->setAllChildrenOff();
+    }
+}
+
+std::future<bool> Session::submit(const Attach& attach)
+{
+    auto command = std::make_unique<TaskCommand>();
+    if (attach(*CharacterizationManager::instance(), *command))
+        return m_spCommands->submit(std::move(command));
+    std::promise<bool> refused;
+    refused.set_value(false);
+    return refused.get_future();
+}
+
+bool Session::run(const Attach& attach)
+{
+    try {
+        return submit(attach).get();
+    } catch (const std::exception& problem) {
+        m_console.error({"", 0, 0, std::string("a command failed: ") + problem.what()});
+        return false;
+    }
+}
+
+}  // namespace KivPlayer

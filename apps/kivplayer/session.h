@@ -1,0 +1,80 @@
+#pragma once
+
+#include <functional>
+#include <future>
+#include <map>
+#include <memory>
+#include <string>
+
+#include "KivReader/motiondocument.h"
+#include "KivTaskCommand/commandthread.h"
+#include "KivTaskCommand/scenegate.h"
+#include "console.h"
+#include "dressedactor.h"
+
+namespace KivCharacterization {
+class CharacterizationManager;
+}
+
+namespace KivPlayer {
+
+/// What the player knows of a motion file that has become an actor.
+struct LoadedActor
+{
+    unsigned index = 0;
+    std::string file;
+    std::string name;
+    KivReader::MotionDocument document;  ///< without its values
+    DressedActor dressed;
+
+    std::string id() const { return std::to_string(index); }
+    std::size_t frames() const { return document.frames > 0 ? document.frames : 1; }
+    double duration() const { return static_cast<double>(frames() - 1) * document.frameTime; }
+};
+
+/// Drives the module: owns the command thread and knows which actors are in the scene. Everything goes
+/// through the exported class and through commands. Made, used and destroyed on the thread of the frame loop,
+/// which must have the gate open while it waits for an answer; one session at a time.
+class Session
+{
+public:
+    using Attach =
+        std::function<bool(KivCharacterization::CharacterizationManager&, KivTaskCommand::TaskCommand&)>;
+
+    explicit Session(Console& console);
+    /// Takes every actor out of the scene, ends the command thread and releases module and scene.
+    ~Session();
+    Session(const Session&) = delete;
+    Session& operator=(const Session&) = delete;
+
+    /// Loads avatar and font from below a root directory; what is missing is reported.
+    bool start(const std::string& root);
+
+    /// Reads a motion file and makes it the actor of that index, in place of an earlier one. A file that
+    /// cannot be read is reported and leaves the earlier actor as it is.
+    bool load(unsigned index, const std::string& file, const std::string& name);
+    bool remove(unsigned index);
+    bool rename(unsigned index, const std::string& name);
+    bool showPropsDraggers(bool shown);
+    /// Overrides what the module does with the name labels by itself.
+    void showNames(bool shown);
+
+    /// Hands a command over without waiting; false at once where nothing was attached to it.
+    std::future<bool> submit(const Attach& attach);
+
+    KivTaskCommand::SceneGate& gate() { return m_gate; }
+    const std::map<unsigned, LoadedActor>& actors() const { return m_actors; }
+    const std::string& avatarPath() const { return m_avatarPath; }
+
+private:
+    bool run(const Attach& attach);
+    bool readMotion(const std::string& file, std::string& text, KivReader::MotionDocument& document);
+
+    Console& m_console;
+    KivTaskCommand::SceneGate m_gate;
+    std::unique_ptr<KivTaskCommand::CommandThread> m_spCommands;
+    std::map<unsigned, LoadedActor> m_actors;
+    std::string m_avatarPath;
+};
+
+}  // namespace KivPlayer

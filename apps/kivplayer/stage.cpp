@@ -1,0 +1,177 @@
+#include "stage.h"
+
+#include <osg/Geometry>
+#include <osg/Program>
+
+#include <algorithm>
+#include <cmath>
+#include <string>
+
+#include "stageshaders.h"
+
+namespace KivPlayer {
+
+namespace {
+
+constexpr int kShadowSide = 2048;
+constexpr int kFootprintSide = 512;
+constexpr unsigned kShadowUnit = 4;
+constexpr unsigned kFootprintUnit = 5;
+constexpr double kFootprintHeight = 90.0;
+constexpr double kKeyElevation = 0.92;
+constexpr double kKeyBeside = 0.80;  // radians to the left of the first look
+
+osg::ref_ptr<osg::Program> makeProgram(const char* vertex, const std::string& fragment)
+{
+    osg::ref_ptr<osg::Program> program = new osg::Program;
+    program->addShader(new osg::Shader(osg::Shader::VERTEX, vertex));
+    program->addShader(new osg::Shader(osg::Shader::FRAGMENT, fragment));
+    return program;
+}
+
+std::string litFragment(const char* own)
+{
+    return std::string(StageShaders::kColours) + StageShaders::kLighting + own;
+}
+
+/// Neither takes part in the choice of the near and far plane.
+class NoBound : public osg::Drawable::ComputeBoundingBoxCallback
+{
+public:
+    osg::BoundingBox computeBound(const osg::Drawable&) const override { return osg::BoundingBox(); }
+};
+
+osg::ref_ptr<osg::Geometry> makeSquare(float half)
+{
+    osg::ref_ptr<osg::Geometry> square = new osg::Geometry;
+    osg::ref_ptr<osg::Vec3Array> corners = new osg::Vec3Array;
+    corners->push_back({-half, -half, 0.0f});
+    corners->push_back({half, -half, 0.0f});
+    corners->push_back({-half, half, 0.0f});
+    corners->push_back({half, half, 0.0f});
+    square->setVertexArray(corners);
+    square->addPrimitiveSet(new osg::DrawArrays(GL_TRIANGLE_STRIP, 0, 4));
+    square->setUseVertexBufferObjects(true);
+    square->setUseDisplayList(false);
+    return square;
+}
+
+osg::ref_ptr<osg::Geometry> makeBackdrop()
+{
+    osg::ref_ptr<osg::Geometry> backdrop = makeSquare(1.0f);
+    backdrop->setName("backdrop");
+    backdrop->setCullingActive(false);
+    backdrop->setComputeBoundingBoxCallback(new NoBound);
+    osg::StateSet* state = backdrop->getOrCreateStateSet();
+    state->setAttributeAndModes(
+        makeProgram(StageShaders::kBackdropVertex,
+                    std::string(StageShaders::kColours) + StageShaders::kBackdropFragment));
+    state->setMode(GL_DEPTH_TEST, osg::StateAttribute::OFF);
+    state->setRenderBinDetails(-20, "RenderBin");
+    return backdrop;
+}
+
+osg::Vec3d floorCentre(const osg::BoundingBox& box)
+{
+    return osg::Vec3d(box.center().x(), box.center().y(), 0.0);
+}
+
+}  // namespace
+
+Stage::Stage(osg::Group* figures)
+    : m_spRoot(new osg::Group),
+      m_spGround(new osg::MatrixTransform),
+      m_spKeyDirection(new osg::Uniform("kivKeyDirection", osg::Vec3f(0, 0, 1))),
+      m_spShadowMatrix(new osg::Uniform("kivShadowMatrix", osg::Matrixf())),
+      m_spFootprintMatrix(new osg::Uniform("kivFootprintMatrix", osg::Matrixf())),
+      m_spFootprintDepth(new osg::Uniform("kivFootprintDepth", static_cast<float>(kFootprintHeight))),
+      m_spCentre(new osg::Uniform("kivStageCentre", osg::Vec3f())),
+      m_spRadius(new osg::Uniform("kivStageRadius", 300.0f)),
+      m_spGridStep(new osg::Uniform("kivGridStep", 100.0f)),
+      m_spShowGrid(new osg::Uniform("kivShowGrid", true)),
+      m_shadow(figures, kShadowSide, true),
+      m_footprint(figures, kFootprintSide, false)
+{
+    osg::StateSet* shared = m_spRoot->getOrCreateStateSet();
+    for (const auto& uniform : {m_spKeyDirection, m_spShadowMatrix, m_spFootprintMatrix, m_spFootprintDepth,
+                                m_spCentre, m_spRadius, m_spGridStep, m_spShowGrid})
+        shared->addUniform(uniform);
+    shared->addUniform(new osg::Uniform("kivShadowTexel", 1.0f / kShadowSide));
+    shared->addUniform(new osg::Uniform("kivShadowMap", static_cast<int>(kShadowUnit)));
+    shared->addUniform(new osg::Uniform("kivFootprintMap", static_cast<int>(kFootprintUnit)));
+    shared->setTextureAttributeAndModes(kShadowUnit, m_shadow.texture());
+    shared->setTextureAttributeAndModes(kFootprintUnit, m_footprint.texture());
+
+    osg::ref_ptr<osg::Geometry> floor = makeSquare(1.0f);
+    floor->setName("ground");
+    floor->getOrCreateStateSet()->setAttributeAndModes(
+        makeProgram(StageShaders::kGroundVertex, litFragment(StageShaders::kGroundFragment)));
+    floor->getOrCreateStateSet()->setRenderBinDetails(-10, "RenderBin");
+    m_spGround->addChild(floor);
+
+    osg::ref_ptr<osg::Group> lit = new osg::Group;
+    osg::StateSet* state = lit->getOrCreateStateSet();
+    state->setAttributeAndModes(
+        makeProgram(StageShaders::kFigureVertex, litFragment(StageShaders::kFigureFragment)));
+    state->addUniform(new osg::Uniform("kivUnlit", false));
+    state->addUniform(new osg::Uniform("kivColourFromVertices", false));
+    lit->addChild(figures);
+
+    m_spRoot->addChild(m_shadow.camera());
+    m_spRoot->addChild(m_footprint.camera());
+    m_spRoot->addChild(makeBackdrop());
+    m_spRoot->addChild(m_spGround);
+    m_spRoot->addChild(lit);
+    setFront(-osg::PI_2);
+    setUp(osg::BoundingBox(-60, -60, 0, 60, 60, 180));
+}
+
+Stage::~Stage() = default;
+
+void Stage::setUp(const osg::BoundingBox& whole)
+{
+    if (!whole.valid())
+        return;
+    const double size = std::max(
+        {whole.xMax() - whole.xMin(), whole.yMax() - whole.yMin(), whole.zMax() - whole.zMin(), 1.0f});
+    const double radius = 0.5 * size + 0.5 * static_cast<double>(whole.zMax() - whole.zMin());
+    // The step of the grid is the power of ten below the figures' height: metres for people in centimetres.
+    const double height = std::max(1.0, static_cast<double>(whole.zMax() - whole.zMin()));
+    const osg::Vec3d centre = floorCentre(whole);
+    m_spCentre->set(osg::Vec3f(centre));
+    m_spRadius->set(static_cast<float>(1.15 * radius));
+    m_spGridStep->set(static_cast<float>(std::pow(10.0, std::floor(std::log10(height)))));
+    const double reach = 6.0 * radius;
+    m_spGround->setMatrix(osg::Matrixd::scale(reach, reach, 1.0) * osg::Matrixd::translate(centre));
+    m_shadowReach = 0.0;
+    light(whole);
+}
+
+void Stage::light(const osg::BoundingBox& now)
+{
+    if (!now.valid())
+        return;
+    const double radius = static_cast<double>(now.radius()) + 25.0;
+    m_shadowReach = std::max(m_shadowReach, std::min(radius, 1500.0));
+    osg::Vec3f key;
+    m_spKeyDirection->get(key);
+    m_shadow.look(now.center(), -osg::Vec3d(key), m_shadowReach, 2.0 * m_shadowReach, 3.0 * m_shadowReach);
+    m_spShadowMatrix->set(osg::Matrixf(m_shadow.toTexture()));
+    m_footprint.look(floorCentre(now), osg::Vec3d(0, 0, 1), m_shadowReach, 4.0, kFootprintHeight - 4.0);
+    m_spFootprintMatrix->set(osg::Matrixf(m_footprint.toTexture()));
+}
+
+void Stage::setFront(double azimuth)
+{
+    const double compass = azimuth - kKeyBeside;
+    m_spKeyDirection->set(osg::Vec3f(static_cast<float>(std::cos(compass) * std::cos(kKeyElevation)),
+                                     static_cast<float>(std::sin(compass) * std::cos(kKeyElevation)),
+                                     static_cast<float>(std::sin(kKeyElevation))));
+}
+
+void Stage::showGrid(bool shown)
+{
+    m_spShowGrid->set(shown);
+}
+
+}  // namespace KivPlayer

@@ -1,0 +1,56 @@
+#pragma once
+
+#include <osg/BoundingBox>
+#include <osg/Group>
+#include <osg/MatrixTransform>
+#include <osg/Uniform>
+#include <osg/ref_ptr>
+
+#include "depthview.h"
+
+namespace KivPlayer {
+
+/// Everything around the figures: ground with grid, backdrop, lights and their shadows. Scene units, Z-up;
+/// the ground is the plane z = 0.
+///
+/// The figures' own subtree is only hung below the stage and never changed here. Traversed by the frame loop;
+/// changed between frames.
+class Stage
+{
+public:
+    explicit Stage(osg::Group* figures);
+    ~Stage();
+    Stage(const Stage&) = delete;
+    Stage& operator=(const Stage&) = delete;
+
+    /// What a view shows: backdrop, ground and figures.
+    osg::Group* root() const { return m_spRoot; }
+
+    /// Lays the ground out for what the figures cover over the whole time that is shown.
+    void setUp(const osg::BoundingBox& whole);
+    /// Points the shadow-casting light at what the figures cover now.
+    void light(const osg::BoundingBox& now);
+    /// The compass direction from which the stage is looked at first: the key light comes from its left.
+    /// @param azimuth radians, counter-clockwise from the scene's x axis, from the figures to the eye.
+    void setFront(double azimuth);
+
+    void showGrid(bool shown);
+
+private:
+    osg::ref_ptr<osg::Group> m_spRoot;
+    osg::ref_ptr<osg::MatrixTransform> m_spGround;
+    osg::ref_ptr<osg::Uniform> m_spKeyDirection;
+    osg::ref_ptr<osg::Uniform> m_spShadowMatrix;
+    osg::ref_ptr<osg::Uniform> m_spFootprintMatrix;
+    osg::ref_ptr<osg::Uniform> m_spFootprintDepth;
+    osg::ref_ptr<osg::Uniform> m_spCentre;
+    osg::ref_ptr<osg::Uniform> m_spRadius;
+    osg::ref_ptr<osg::Uniform> m_spGridStep;
+    osg::ref_ptr<osg::Uniform> m_spShowGrid;
+    DepthView m_shadow;
+    DepthView m_footprint;
+    double m_shadowReach =
+        0.0;  ///< radius that the shadow's view covers; only grows, so that shadows keep their grain
+};
+
+}  // namespace KivPlayer
