@@ -10,7 +10,7 @@ namespace {
 template <typename Number>
 std::optional<Number> parseWhole(std::string_view text)
 {
-    if (!text.empty() && text.front() == '+')
+    if (text.size() > 1 && text[0] == '+' && text[1] != '-')
         text.remove_prefix(1);
     Number value{};
     const char* end = text.data() + text.size();

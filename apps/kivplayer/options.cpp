@@ -50,8 +50,7 @@ void addOptions(CLI::App& app, Options& options, Texts& texts)
 {
     app.add_option("MOTION.bvh", options.motions, "Motion files; each is one actor");
     app.add_option("--name", options.names, "Label of an actor; once for every motion, in their order")
-        ->expected(1)
-        ->take_all();
+        ->allow_extra_args(false);
     app.add_option("--root", options.root, "Folder that holds Data/IVE/avatar.ive and Data/Font/arial.ttf");
     app.add_flag("--verbose", options.verbose, "Say what is being done");
     app.add_flag("--quiet", options.quiet, "Errors only");
@@ -75,8 +74,12 @@ void addOptions(CLI::App& app, Options& options, Texts& texts)
     app.add_option("--camera-target", texts.target, "X,Y,Z the camera looks at")->group(pictures);
     app.add_option("--show", texts.show, "names, com, contacts, props, grid")
         ->delimiter(',')
+        ->allow_extra_args(false)
         ->group(pictures);
-    app.add_option("--hide", texts.hide, "the same names")->delimiter(',')->group(pictures);
+    app.add_option("--hide", texts.hide, "the same names")
+        ->delimiter(',')
+        ->allow_extra_args(false)
+        ->group(pictures);
     app.add_option("--reference", options.reference, "Compare the picture with this one")->group(pictures);
     app.add_option("--reference-threshold", texts.threshold,
                    "Largest mean difference of a 16 x 16 tile, 0..255 (6)")

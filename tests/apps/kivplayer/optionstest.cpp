@@ -1,0 +1,166 @@
+#include "options.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+namespace {
+
+using KivPlayer::parseOptions;
+using KivPlayer::Parsing;
+using testing::HasSubstr;
+
+Parsing parse(const std::vector<std::string>& arguments)
+{
+    std::vector<const char*> argv{"kivplayer"};
+    for (const std::string& argument : arguments)
+        argv.push_back(argument.c_str());
+    return parseOptions(static_cast<int>(argv.size()), argv.data());
+}
+
+struct Refused
+{
+    const char* name;
+    std::vector<std::string> arguments;
+    const char* said;
+};
+
+class RefusedOptions : public testing::TestWithParam<Refused>
+{
+};
+
+TEST_P(RefusedOptions, endsWithTwoAndOneLineThatSaysWhy)
+{
+    const Parsing parsing = parse(GetParam().arguments);
+    EXPECT_FALSE(parsing.options);
+    EXPECT_EQ(parsing.exitCode, 2);
+    EXPECT_EQ(parsing.output, "");
+    EXPECT_THAT(parsing.error, testing::StartsWith("kivplayer: error: "));
+    EXPECT_THAT(parsing.error, HasSubstr(GetParam().said));
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    CommandLine, RefusedOptions,
+    testing::Values(
+        Refused{"noMotion", {"--output", "a.png"}, "at least one motion file"},
+        Refused{"nothingToDo", {"a.bvh"}, "nothing to do"},
+        Refused{"unknownOption", {"a.bvh", "--no-render", "--colour"}, "--colour"},
+        Refused{"optionWithoutValue", {"a.bvh", "--output"}, "--output"},
+        Refused{"otherPictureFormat", {"a.bvh", "--output", "a.gif"}, "ends in .png"},
+        Refused{"emptyOutput", {"a.bvh", "--output", ""}, "nothing to do"},
+        Refused{"unknownField", {"a.bvh", "--output", "{time}.png"}, "{time}"},
+        Refused{"openBrace", {"a.bvh", "--output", "{frame.png"}, "opening brace"},
+        Refused{"negativeTime", {"a.bvh", "--output", "a.png", "--time", "-1"}, "--time"},
+        Refused{"timeThatIsNoNumber", {"a.bvh", "--output", "a.png", "--time", "nan"}, "found \"nan\""},
+        Refused{"timeWithAComma", {"a.bvh", "--output", "a.png", "--time", "1,5"}, "found \"1,5\""},
+        Refused{"hexadecimalFrame", {"a.bvh", "--output", "a.png", "--frame", "0x10"}, "--frame"},
+        Refused{"brokenFrame", {"a.bvh", "--output", "a.png", "--frame", "1.5"}, "--frame"},
+        Refused{
+            "timeAndFrame", {"a.bvh", "--output", "a.png", "--frame", "1", "--time", "1"}, "excludes --time"},
+        Refused{"timeOfASequence", {"a.bvh", "--output", "{frame}.png", "--time", "1"}, "one picture"},
+        Refused{"rangeOfAStill", {"a.bvh", "--output", "a.png", "--range", "0,1"}, "needs a sequence"},
+        Refused{"rangeBackwards", {"a.bvh", "--output", "{frame}.png", "--range", "2,1"}, "--range"},
+        Refused{"fpsOfAStill", {"a.bvh", "--output", "a.png", "--fps", "30"}, "needs a sequence"},
+        Refused{"fpsOfZero", {"a.bvh", "--output", "{frame}.png", "--fps", "0"}, "above 0"},
+        Refused{"oneSide", {"a.bvh", "--output", "a.png", "--resolution", "640"}, "W,H"},
+        Refused{"sizeOfZero", {"a.bvh", "--output", "a.png", "--resolution", "0,480"}, "W,H"},
+        Refused{"hugeSize", {"a.bvh", "--output", "a.png", "--resolution", "99999,480"}, "16384"},
+        Refused{"brokenSize", {"a.bvh", "--output", "a.png", "--resolution", "640x480"}, "640x480"},
+        Refused{"tooManySamples", {"a.bvh", "--output", "a.png", "--samples", "9"}, "1 to 8"},
+        Refused{"unknownCamera", {"a.bvh", "--output", "a.png", "--camera", "top-left"}, "three-quarter"},
+        Refused{"flatPosition", {"a.bvh", "--output", "a.png", "--camera-position", "1,2"}, "X,Y,Z"},
+        Refused{"cameraInItsTarget",
+                {"a.bvh", "--output", "a.png", "--camera-position", "1,2,3", "--camera-target", "1,2,3"},
+                "a point other than"},
+        Refused{
+            "unknownThingToShow", {"a.bvh", "--output", "a.png", "--show", "com,bones"}, "found \"bones\""},
+        Refused{"moreNamesThanMotions",
+                {"a.bvh", "--no-render", "--name", "A", "--name", "B"},
+                "given 2 times for 1 motion"},
+        Refused{"quietAndVerbose", {"a.bvh", "--no-render", "--quiet", "--verbose"}, "--verbose"},
+        Refused{"outputWithoutRendering", {"a.bvh", "--output", "a.png", "--no-render"}, "excludes --output"},
+        Refused{"referenceOfASequence",
+                {"a.bvh", "--output", "{frame}.png", "--reference", "r.png"},
+                "compares one picture"}),
+    [](const auto& example) { return example.param.name; });
+
+TEST(Options, answersHelpAndVersionOnStdoutWithZero)
+{
+    for (const char* question : {"--help", "-h", "--version"}) {
+        const Parsing parsing = parse({question});
+        EXPECT_FALSE(parsing.options) << question;
+        EXPECT_EQ(parsing.exitCode, 0) << question;
+        EXPECT_EQ(parsing.error, "") << question;
+        EXPECT_THAT(parsing.output, HasSubstr("kivplayer")) << question;
+    }
+}
+
+TEST(Options, takesValuesAfterASpaceOrAnEqualsSign)
+{
+    for (const auto& arguments : {std::vector<std::string>{"a.bvh", "--output", "a.png", "--time", "1.5"},
+                                  std::vector<std::string>{"a.bvh", "--output=a.png", "--time=1.5"}}) {
+        const Parsing parsing = parse(arguments);
+        ASSERT_TRUE(parsing.options) << parsing.error;
+        EXPECT_EQ(parsing.options->output->name(0), "a.png");
+        EXPECT_EQ(parsing.options->time, 1.5);
+    }
+}
+
+TEST(Options, takesEverythingBehindTwoDashesAsAMotion)
+{
+    const Parsing parsing = parse({"--no-render", "--", "--odd.bvh", "b.bvh"});
+    ASSERT_TRUE(parsing.options) << parsing.error;
+    EXPECT_THAT(parsing.options->motions, testing::ElementsAre("--odd.bvh", "b.bvh"));
+}
+
+TEST(Options, keepsNamesInTheOrderOfTheMotions)
+{
+    const Parsing parsing = parse({"--name", "Ann", "a.bvh", "--name", "Bob", "b.bvh", "--no-render"});
+    ASSERT_TRUE(parsing.options) << parsing.error;
+    EXPECT_THAT(parsing.options->motions, testing::ElementsAre("a.bvh", "b.bvh"));
+    EXPECT_THAT(parsing.options->names, testing::ElementsAre("Ann", "Bob"));
+}
+
+TEST(Options, takesNoMotionForAThingToShow)
+{
+    const Parsing parsing = parse({"--output", "a.png", "--show", "com", "a.bvh"});
+    ASSERT_TRUE(parsing.options) << parsing.error;
+    EXPECT_THAT(parsing.options->motions, testing::ElementsAre("a.bvh"));
+    EXPECT_TRUE(parsing.options->shown.centreOfMass);
+}
+
+TEST(Options, takesANegativeCameraPosition)
+{
+    const Parsing parsing = parse({"a.bvh", "--output", "a.png", "--camera-position", "-10,-200.5,5"});
+    ASSERT_TRUE(parsing.options) << parsing.error;
+    EXPECT_EQ(*parsing.options->cameraPosition, osg::Vec3d(-10.0, -200.5, 5.0));
+}
+
+TEST(Options, showsNeitherCentreOfMassNorContactsUnlessAsked)
+{
+    const Parsing plain = parse({"a.bvh", "--output", "a.png"});
+    ASSERT_TRUE(plain.options) << plain.error;
+    EXPECT_FALSE(plain.options->shown.centreOfMass);
+    EXPECT_FALSE(plain.options->shown.contacts);
+    EXPECT_FALSE(plain.options->shown.names) << "the module decides";
+    const Parsing asked =
+        parse({"a.bvh", "--output", "a.png", "--show", "com,contacts", "--hide", "grid,names"});
+    ASSERT_TRUE(asked.options) << asked.error;
+    EXPECT_TRUE(asked.options->shown.centreOfMass);
+    EXPECT_TRUE(asked.options->shown.contacts);
+    EXPECT_FALSE(asked.options->shown.grid);
+    EXPECT_EQ(asked.options->shown.names, false);
+}
+
+TEST(Options, givesASequenceThirtyPicturesASecond)
+{
+    const Parsing parsing = parse({"a.bvh", "--output", "out/{frame:04}.png", "--range", "0.5,2"});
+    ASSERT_TRUE(parsing.options) << parsing.error;
+    EXPECT_EQ(parsing.options->fps, 30.0);
+    EXPECT_EQ(parsing.options->range, std::make_pair(0.5, 2.0));
+    EXPECT_TRUE(parsing.options->output->isSequence());
+}
+
+}  // namespace
