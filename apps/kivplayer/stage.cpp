@@ -18,8 +18,8 @@ constexpr int kFootprintSide = 512;
 constexpr unsigned kShadowUnit = 4;
 constexpr unsigned kFootprintUnit = 5;
 constexpr double kFootprintHeight = 90.0;
-constexpr double kKeyElevation = 0.92;
-constexpr double kKeyBeside = 0.80;  // radians to the left of the first look
+constexpr double kKeyElevation = 0.78;
+constexpr double kKeyBeside = 0.95;  // radians to the left of the first look
 
 osg::ref_ptr<osg::Program> makeProgram(const char* vertex, const std::string& fragment)
 {

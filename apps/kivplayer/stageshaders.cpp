@@ -7,10 +7,13 @@ namespace KivPlayer::StageShaders {
 const char* const kColours = R"(#version 120
 vec3 encode(vec3 light)
 {
-    light *= 1.05;
-    light = light * (1.0 + light / 5.3) / (1.0 + light);
-    light = clamp(light * 1.42, 0.0, 1.0);
+    light = clamp(light * (1.0 + light * 0.16) / (1.0 + 0.42 * light), 0.0, 1.0);
     return mix(light * 12.92, 1.055 * pow(light, vec3(1.0 / 2.4)) - 0.055, step(0.0031308, light));
+}
+// Hides the steps between the 256 shades of a display; the same in every frame.
+vec3 dither()
+{
+    return vec3(fract(52.9829189 * fract(dot(gl_FragCoord.xy, vec2(0.06711056, 0.00583715)))) - 0.5) / 255.0;
 }
 vec3 decode(vec3 colour)
 {
@@ -20,9 +23,9 @@ vec3 decode(vec3 colour)
 vec3 backdrop(vec2 position)
 {
     float height = clamp(0.5 + 0.5 * position.y, 0.0, 1.0);
-    vec3 wall = mix(vec3(0.105, 0.122, 0.145), vec3(0.030, 0.042, 0.062), smoothstep(0.10, 1.0, height));
+    vec3 wall = mix(vec3(0.080, 0.095, 0.116), vec3(0.022, 0.031, 0.047), smoothstep(0.10, 1.0, height));
     vec2 fromGlow = (position - vec2(0.0, -0.05)) * vec2(0.75, 0.95);
-    wall += vec3(0.075, 0.083, 0.092) * exp(-1.6 * dot(fromGlow, fromGlow));
+    wall += vec3(0.105, 0.116, 0.130) * exp(-1.6 * dot(fromGlow, fromGlow));
     return wall * (1.0 - 0.16 * dot(position, position) * 0.5);
 }
 )";
@@ -33,11 +36,11 @@ uniform mat4 kivShadowMatrix;
 uniform float kivShadowTexel;
 uniform sampler2DShadow kivShadowMap;
 
-const vec3 kKey = vec3(1.95, 1.82, 1.62);
-const vec3 kFill = vec3(0.22, 0.28, 0.38);
-const vec3 kRim = vec3(0.80, 0.92, 1.10);
-const vec3 kSky = vec3(0.36, 0.41, 0.48);
-const vec3 kFloorBounce = vec3(0.150, 0.142, 0.135);
+const vec3 kKey = vec3(2.15, 1.97, 1.70);
+const vec3 kFill = vec3(0.10, 0.135, 0.19);
+const vec3 kRim = vec3(0.85, 0.95, 1.10);
+const vec3 kSky = vec3(0.27, 0.32, 0.40);
+const vec3 kFloorBounce = vec3(0.100, 0.096, 0.094);
 
 // How much of the key light arrives: 5 x 5 comparisons, each already smoothed over four texels by the driver.
 float keyArrives(vec3 world, vec3 normal, float spread)
@@ -95,13 +98,13 @@ void main()
 
     float towardsKey = dot(normal, kivKeyDirection);
     float arrived = keyArrives(worldPosition, normal, 1.0);
-    float wrapped = max((towardsKey + 0.18) / 1.18, 0.0);
+    float wrapped = max((towardsKey + 0.08) / 1.08, 0.0);
     float key = wrapped * mix(1.0, arrived, smoothstep(-0.25, 0.05, towardsKey));
     vec3 fillDirection = normalize(right * 0.85 + back * 0.55 + vec3(0.0, 0.0, 0.15));
     float fill = max(dot(normal, fillDirection) * 0.8 + 0.2, 0.0);
     float low = smoothstep(0.0, 70.0, worldPosition.z);
     vec3 light = kKey * key + kFill * fill + ambient(normal) * mix(0.72, 1.0, low);
-    vec3 colour = albedo * light * 0.62;
+    vec3 colour = albedo * light * 0.60;
 
     vec3 half_ = normalize(kivKeyDirection + toEye);
     float shine = clamp(gl_FrontMaterial.shininess, 4.0, 96.0);
@@ -110,7 +113,7 @@ void main()
     colour += specular * (shine + 8.0) / 26.0 * pow(max(dot(normal, half_), 0.0), shine) * max(towardsKey, 0.0)
               * arrived * kKey * 0.42;
     vec3 rimDirection = normalize(right * 0.55 - back * 0.75 + vec3(0.0, 0.0, 0.55));
-    colour += kRim * fresnel * (0.10 + 0.75 * max(dot(normal, rimDirection) + 0.25, 0.0)) * 0.42;
+    colour += kRim * fresnel * (0.10 + 1.05 * max(dot(normal, rimDirection) + 0.25, 0.0)) * 0.42;
     gl_FragColor = vec4(encode(colour), surface.a);
 }
 )";
@@ -173,7 +176,7 @@ float skyArrives(vec3 world)
             most += weight;
         }
     }
-    return 1.0 - 0.92 * taken / most;
+    return 1.0 - min(0.95, 1.9 * taken / most);
 }
 void main()
 {
@@ -183,7 +186,7 @@ void main()
     vec3 colour = wall;
     if (fade < 1.0) {
         vec3 up = vec3(0.0, 0.0, 1.0);
-        vec3 floor_ = vec3(0.118, 0.126, 0.138);
+        vec3 floor_ = vec3(0.100, 0.108, 0.120);
         if (kivShowGrid) {
             float fine = lines(worldPosition.xy, kivGridStep * 0.2, kivGridStep * 0.0045);
             float coarse = lines(worldPosition.xy, kivGridStep, kivGridStep * 0.010);
@@ -191,7 +194,7 @@ void main()
             floor_ = mix(floor_, vec3(0.330, 0.350, 0.380), 0.62 * coarse);
         }
         float sky = skyArrives(worldPosition);
-        float arrived = keyArrives(worldPosition, up, 1.7);
+        float arrived = keyArrives(worldPosition, up, 2.6);
         float key = max(kivKeyDirection.z, 0.0) * arrived * mix(0.45, 1.0, sky);
         vec3 toEye = normalize(osg_ViewMatrixInverse[3].xyz - worldPosition);
         colour = floor_ * (kKey * key + kSky * 1.15 * sky) * 0.80;
@@ -199,7 +202,7 @@ void main()
         colour = mix(colour, wall, 0.25 * grazing * arrived);
         colour = mix(colour, wall, fade);
     }
-    gl_FragColor = vec4(encode(colour), 1.0);
+    gl_FragColor = vec4(encode(colour) + dither(), 1.0);
 }
 )";
 
@@ -216,7 +219,7 @@ const char* const kBackdropFragment = R"(
 varying vec2 position;
 void main()
 {
-    gl_FragColor = vec4(encode(backdrop(position)), 1.0);
+    gl_FragColor = vec4(encode(backdrop(position)) + dither(), 1.0);
 }
 )";
 
