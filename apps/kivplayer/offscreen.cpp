@@ -92,6 +92,8 @@ Offscreen::Offscreen(int width, int height, int multiple)
 Offscreen::~Offscreen()
 {
     // OpenGL objects go while their context is still current.
+    if (osg::Node* scene = m_spView->getSceneData())
+        scene->releaseGLObjects(m_spView->getCamera()->getGraphicsContext()->getState());
     m_spView->setSceneData(nullptr);
     m_spViewer->setDone(true);
     m_spView = nullptr;

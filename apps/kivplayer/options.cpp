@@ -81,6 +81,9 @@ void addOptions(CLI::App& app, Options& options, Texts& texts)
         ->allow_extra_args(false)
         ->group(pictures);
     app.add_option("--reference", options.reference, "Compare the picture with this one")->group(pictures);
+    app.add_option("--reference-difference", options.referenceDifference,
+                   "Where to paint the difference, if there is one (.png)")
+        ->group(pictures);
     app.add_option("--reference-threshold", texts.threshold,
                    "Largest mean difference of a 16 x 16 tile, 0..255 (6)")
         ->group(pictures);

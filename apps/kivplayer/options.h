@@ -56,6 +56,7 @@ struct Options
     Shown shown;
 
     std::string reference;
+    std::string referenceDifference;  ///< where the difference is painted if there is one
     double referenceThreshold = 6.0;
 };
 

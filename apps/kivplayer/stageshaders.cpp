@@ -104,7 +104,7 @@ void main()
     float fill = max(dot(normal, fillDirection) * 0.8 + 0.2, 0.0);
     float low = smoothstep(0.0, 70.0, worldPosition.z);
     vec3 light = kKey * key + kFill * fill + ambient(normal) * mix(0.72, 1.0, low);
-    vec3 colour = albedo * light * 0.60;
+    vec3 colour = albedo * light * 0.56;
 
     vec3 half_ = normalize(kivKeyDirection + toEye);
     float shine = clamp(gl_FrontMaterial.shininess, 4.0, 96.0);

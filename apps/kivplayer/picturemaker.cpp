@@ -1,0 +1,145 @@
+#include "picturemaker.h"
+
+#include <osg/Math>
+
+#include <algorithm>
+#include <cmath>
+#include <filesystem>
+
+#include "KivMemoryShare/scenecfgshare.h"
+#include "KivRenderState/kivrenderstatemanager.h"
+#include "picturefile.h"
+#include "progress.h"
+
+namespace KivPlayer {
+
+namespace {
+
+constexpr double kFieldOfView = 30.0;  // degrees
+/// Joints lie inside the body: what a figure needs around them, as a share of its height.
+constexpr double kFlesh = 0.10;
+constexpr int kErrorStream = 2;
+
+osg::BoundingBox boxAround(const std::vector<osg::Vec3d>& places)
+{
+    osg::BoundingBox box;
+    for (const osg::Vec3d& place : places)
+        box.expandBy(place);
+    if (box.valid())
+        box.expandBy(osg::Vec3d(box.center().x(), box.center().y(), 0.0));
+    return box;
+}
+
+}  // namespace
+
+PictureMaker::PictureMaker(const Options& options, Session& session, Console& console)
+    : m_options(options),
+      m_session(session),
+      m_console(console),
+      m_publisher(options.shown.contacts),
+      m_offscreen(
+          options.width, options.height,
+          options.samples > 0 ? options.samples : Offscreen::usualMultiple(options.width, options.height)),
+      m_stage(KivMemoryShare::SceneCfgShare::instance()->getCharacterSceneNode())
+{
+    KivMemoryShare::SceneCfgShare::instance()->setCompositeViewer(&m_offscreen.viewer());
+    KivRenderState::KivRenderStateManager::instance()->setCenterOfMassShow(options.shown.centreOfMass);
+    m_stage.showGrid(options.shown.grid);
+    m_offscreen.view().setSceneData(m_stage.root());
+    m_publisher.setActors(session.actors());
+    const bool sequence = options.output && options.output->isSequence();
+    if (!sequence)
+        m_publisher.show(stillTime());
+    aim(sequence ? m_publisher.sampledPlaces() : m_publisher.placesNow());
+}
+
+PictureMaker::~PictureMaker()
+{
+    KivMemoryShare::SceneCfgShare::instance()->setCompositeViewer(nullptr);
+}
+
+double PictureMaker::stillTime() const
+{
+    if (m_options.time)
+        return *m_options.time;
+    const auto first = m_session.actors().begin();
+    if (m_options.frame && first != m_session.actors().end())
+        return static_cast<double>(*m_options.frame) * first->second.document.frameTime;
+    return 0.0;
+}
+
+void PictureMaker::aim(const std::vector<osg::Vec3d>& places)
+{
+    const osg::BoundingBox box = boxAround(places);
+    const double height = box.valid() ? static_cast<double>(box.zMax() - box.zMin()) : 0.0;
+    const double compass = m_publisher.facing() + m_options.view.azimuth;
+    std::vector<osg::Vec3d> shown = places;
+    for (const osg::Vec3d& place : places)
+        shown.emplace_back(place.x(), place.y(), std::min(0.0, place.z()));
+    CameraPose pose = frameAll(shown, compass, m_options.view.elevation, kFieldOfView,
+                               static_cast<double>(m_options.width) / m_options.height,
+                               std::max(kFlesh * std::min(height, 200.0), 0.02 * height));
+    if (m_options.cameraTarget)
+        pose.target = *m_options.cameraTarget;
+    if (m_options.cameraPosition)
+        pose.eye = *m_options.cameraPosition;
+    osg::Camera* camera = m_offscreen.view().getCamera();
+    const osg::Vec3d away = pose.eye - pose.target;
+    const bool plumb = std::hypot(away.x(), away.y()) < 1e-3 * away.length();
+    camera->setViewMatrixAsLookAt(pose.eye, pose.target, plumb ? osg::Vec3d(0, 1, 0) : pose.up);
+    m_stage.setFront(std::atan2(away.y(), away.x()));
+    m_stage.setUp(box);
+}
+
+osg::ref_ptr<osg::Image> PictureMaker::still()
+{
+    return picture(stillTime());
+}
+
+osg::ref_ptr<osg::Image> PictureMaker::picture(double seconds)
+{
+    m_publisher.show(seconds);
+    m_stage.light(boxAround(m_publisher.placesNow()));
+    m_session.gate().close();
+    osg::ref_ptr<osg::Image> image;
+    try {
+        image = m_offscreen.frame(seconds);
+    } catch (...) {
+        m_session.gate().open();
+        throw;
+    }
+    m_session.gate().open();
+    return image;
+}
+
+void PictureMaker::write(const osg::Image& image, const std::string& file)
+{
+    const std::filesystem::path folder = std::filesystem::path(file).parent_path();
+    std::error_code ignored;
+    if (!folder.empty())
+        std::filesystem::create_directories(folder, ignored);
+    const std::string problem = writePicture(image, file);
+    if (!problem.empty())
+        m_console.error({file, 0, 0, problem});
+    m_written = problem.empty();
+}
+
+void PictureMaker::writeSequence(const OutputNames& names)
+{
+    const double from = m_options.range ? m_options.range->first : 0.0;
+    const double end = m_publisher.duration();
+    const double to = m_options.range ? std::min(m_options.range->second, end) : end;
+    // A frame that falls on the end belongs to the sequence, whatever the rounding of its time.
+    const double pictures = std::floor((to - from) * m_options.fps + 1e-6) + 1.0;
+    const auto count = static_cast<unsigned long long>(std::max(1.0, pictures));
+    Progress progress(m_console.stream(), Progress::styleFor(kErrorStream, m_console.isQuiet()), "pictures",
+                      count);
+    for (unsigned long long i = 0; i < count; ++i) {
+        write(*picture(from + static_cast<double>(i) / m_options.fps), names.name(i));
+        if (!m_written)
+            return;
+        progress.done(i + 1);
+    }
+}
+
+}  // namespace KivPlayer

@@ -1,0 +1,49 @@
+#pragma once
+
+#include <osg/Image>
+#include <osg/ref_ptr>
+
+#include <string>
+#include <vector>
+
+#include "framepublisher.h"
+#include "offscreen.h"
+#include "options.h"
+#include "session.h"
+#include "stage.h"
+
+namespace KivPlayer {
+
+/// Renders the actors of a session on a stage. Made once the actors are loaded; the session outlives it.
+class PictureMaker
+{
+public:
+    /// @throws std::runtime_error where nothing can be drawn on this machine.
+    PictureMaker(const Options& options, Session& session, Console& console);
+    ~PictureMaker();
+    PictureMaker(const PictureMaker&) = delete;
+    PictureMaker& operator=(const PictureMaker&) = delete;
+
+    /// Poses, publishes and draws the moment that the options ask for, or that the sequence has at a time.
+    osg::ref_ptr<osg::Image> still();
+    osg::ref_ptr<osg::Image> picture(double seconds);
+
+    /// Writes the pictures of the part of the motion that is asked for. What cannot be written is reported
+    /// and ends the sequence.
+    void writeSequence(const OutputNames& names);
+    void write(const osg::Image& image, const std::string& file);
+
+private:
+    void aim(const std::vector<osg::Vec3d>& places);
+    double stillTime() const;
+
+    const Options& m_options;
+    Session& m_session;
+    Console& m_console;
+    FramePublisher m_publisher;
+    Offscreen m_offscreen;
+    Stage m_stage;
+    bool m_written = true;  ///< the last picture
+};
+
+}  // namespace KivPlayer
