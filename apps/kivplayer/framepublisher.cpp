@@ -51,6 +51,18 @@ osg::Vec3d frontOf(const std::vector<DressedActor::Joint>& joints, const std::ve
     return {};
 }
 
+/// The first joint whose name tells of a head, else the highest joint.
+osg::Vec3d headOf(const std::vector<DressedActor::Joint>& joints, const std::vector<osg::Vec3d>& places)
+{
+    std::size_t head = 0;
+    for (std::size_t i = 0; i < joints.size(); ++i) {
+        if (joints[i].name.find("Head") != std::string::npos)
+            return places[i];
+        head = places[i].z() > places[head].z() ? i : head;
+    }
+    return places.empty() ? osg::Vec3d() : places[head];
+}
+
 }  // namespace
 
 void FramePublisher::setActors(const std::map<unsigned, LoadedActor>& actors)
@@ -74,6 +86,7 @@ void FramePublisher::setActors(const std::map<unsigned, LoadedActor>& actors)
 void FramePublisher::sampleMotion()
 {
     m_sampled.clear();
+    m_sampledHeads.clear();
     osg::Vec3d front;
     const int samples = m_duration > 0.0 ? kSamples : 1;
     for (int i = 0; i < samples; ++i) {
@@ -81,6 +94,7 @@ void FramePublisher::sampleMotion()
         for (Body& body : m_bodies) {
             const std::vector<osg::Vec3d> places = body.actor->dressed.positions();
             m_sampled.insert(m_sampled.end(), places.begin(), places.end());
+            m_sampledHeads.push_back(headOf(body.actor->dressed.joints(), places));
             body.contacts.learn(toStore(places));
             osg::Vec3d facing = frontOf(body.actor->dressed.joints(), places);
             facing.normalize();
@@ -148,6 +162,14 @@ std::vector<osg::Vec3d> FramePublisher::placesNow() const
         all.insert(all.end(), places.begin(), places.end());
     }
     return all;
+}
+
+std::vector<osg::Vec3d> FramePublisher::headsNow() const
+{
+    std::vector<osg::Vec3d> heads;
+    for (const Body& body : m_bodies)
+        heads.push_back(headOf(body.actor->dressed.joints(), body.actor->dressed.positions()));
+    return heads;
 }
 
 }  // namespace KivPlayer

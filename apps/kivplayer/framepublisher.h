@@ -34,6 +34,10 @@ public:
     const std::vector<osg::Vec3d>& sampledPlaces() const { return m_sampled; }
     std::vector<osg::Vec3d> placesNow() const;
 
+    /// The same of the joints that the name labels float above, one for each actor.
+    const std::vector<osg::Vec3d>& sampledHeads() const { return m_sampledHeads; }
+    std::vector<osg::Vec3d> headsNow() const;
+
     /// The compass direction that the figures face, radians counter-clockwise from the x axis; the mean over
     /// the samples. Towards -y where nothing tells.
     double facing() const { return m_facing; }
@@ -57,6 +61,7 @@ private:
     double m_step = 0.0;  ///< seconds between the poses that contacts are judged by
     double m_followed = -1e9;
     std::vector<osg::Vec3d> m_sampled;
+    std::vector<osg::Vec3d> m_sampledHeads;  ///< as many for every actor, sample by sample
     double m_facing = 0.0;
 };
 

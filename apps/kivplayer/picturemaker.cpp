@@ -18,6 +18,9 @@ namespace {
 constexpr double kFieldOfView = 30.0;  // degrees
 /// Joints lie inside the body: what a figure needs around them, as a share of its height.
 constexpr double kFlesh = 0.10;
+/// What a name label takes: scene units above the head joint, and for each letter.
+constexpr double kLabelHeight = 30.0;
+constexpr double kLetterWidth = 7.0;
 constexpr int kErrorStream = 2;
 
 osg::BoundingBox boxAround(const std::vector<osg::Vec3d>& places)
@@ -50,7 +53,10 @@ PictureMaker::PictureMaker(const Options& options, Session& session, Console& co
     const bool sequence = options.output && options.output->isSequence();
     if (!sequence)
         m_publisher.show(stillTime());
-    aim(sequence ? m_publisher.sampledPlaces() : m_publisher.placesNow());
+    if (sequence)
+        aim(m_publisher.sampledPlaces(), m_publisher.sampledHeads());
+    else
+        aim(m_publisher.placesNow(), m_publisher.headsNow());
 }
 
 PictureMaker::~PictureMaker()
@@ -68,7 +74,7 @@ double PictureMaker::stillTime() const
     return 0.0;
 }
 
-void PictureMaker::aim(const std::vector<osg::Vec3d>& places)
+void PictureMaker::aim(const std::vector<osg::Vec3d>& places, const std::vector<osg::Vec3d>& heads)
 {
     const osg::BoundingBox box = boxAround(places);
     const double height = box.valid() ? static_cast<double>(box.zMax() - box.zMin()) : 0.0;
@@ -76,6 +82,7 @@ void PictureMaker::aim(const std::vector<osg::Vec3d>& places)
     std::vector<osg::Vec3d> shown = places;
     for (const osg::Vec3d& place : places)
         shown.emplace_back(place.x(), place.y(), std::min(0.0, place.z()));
+    addLabels(heads, compass, shown);
     CameraPose pose = frameAll(shown, compass, m_options.view.elevation, kFieldOfView,
                                static_cast<double>(m_options.width) / m_options.height,
                                std::max(kFlesh * std::min(height, 200.0), 0.02 * height));
@@ -89,6 +96,23 @@ void PictureMaker::aim(const std::vector<osg::Vec3d>& places)
     camera->setViewMatrixAsLookAt(pose.eye, pose.target, plumb ? osg::Vec3d(0, 1, 0) : pose.up);
     m_stage.setFront(std::atan2(away.y(), away.x()));
     m_stage.setUp(box);
+}
+
+void PictureMaker::addLabels(const std::vector<osg::Vec3d>& heads, double compass,
+                             std::vector<osg::Vec3d>& shown) const
+{
+    const auto& actors = m_session.actors();
+    if (!m_options.shown.names.value_or(actors.size() > 1))
+        return;
+    const osg::Vec3d right(-std::sin(compass), std::cos(compass), 0.0);
+    auto actor = actors.begin();
+    for (const osg::Vec3d& head : heads) {
+        const double half = 0.5 * kLetterWidth * static_cast<double>(actor->second.name.size());
+        shown.push_back(head + right * half + osg::Vec3d(0, 0, kLabelHeight));
+        shown.push_back(head - right * half + osg::Vec3d(0, 0, kLabelHeight));
+        if (++actor == actors.end())
+            actor = actors.begin();
+    }
 }
 
 osg::ref_ptr<osg::Image> PictureMaker::still()

@@ -34,7 +34,9 @@ public:
     void write(const osg::Image& image, const std::string& file);
 
 private:
-    void aim(const std::vector<osg::Vec3d>& places);
+    void aim(const std::vector<osg::Vec3d>& places, const std::vector<osg::Vec3d>& heads);
+    void addLabels(const std::vector<osg::Vec3d>& heads, double compass,
+                   std::vector<osg::Vec3d>& shown) const;
     double stillTime() const;
 
     const Options& m_options;
