@@ -23,11 +23,14 @@ Net alongTheArm(const Vec3d& from, const Vec3d& to)
 
 Mesh trapezius()
 {
-    const Vec3d middle(9.2, 144.4, -1.3);
-    const Field flesh = blended({turned(ellipsoid(middle, Vec3d(8.6, 3.7, 4.7)), middle, Vec3d(0, 0, 1), -9),
-                                 limb(Vec3d(4, 144, -1.6), 3.2, Vec3d(12, 143, -0.8), 4.0)},
-                                2.0);
-    return skinned(flesh, alongTheArm(Vec3d(4.5, 144.6, -1.3), Vec3d(12.5, 143.8, -1.2)), Tone::kShell);
+    const Vec3d middle(8.6, 144.2, -1.3);
+    const Field flesh = blended({turned(ellipsoid(middle, Vec3d(8.2, 3.6, 4.7)), middle, Vec3d(0, 0, 1), -7),
+                                 limb(Vec3d(4, 144, -1.6), 3.0, Vec3d(11, 143.6, -1.0), 3.8),
+                                 ellipsoid(kShoulder + Vec3d(-0.4, 2.3, -0.1), Vec3d(6.5, 4.3, 6.6))},
+                                2.4);
+    Net net = alongTheArm(Vec3d(4.5, 144.4, -1.3), Vec3d(15.5, 144.4, -0.4));
+    net.capShare = 0.3;
+    return skinned(flesh, net, Tone::kShell);
 }
 
 Mesh upperArm()
@@ -47,12 +50,8 @@ Mesh upperArm()
 
 Mesh upperArmCore()
 {
-    const Field core =
-        blended({ball(kShoulder, 6.1), limb(kShoulder, 4.0, kElbow - Vec3d(4, 0, 0), 2.8)}, 2.0);
-    Net net = alongTheArm(kShoulder, kElbow - Vec3d(4, 0, 0));
-    net.rings = 13;
-    net.capShare = 0.38;
-    return skinned(core, net, Tone::kCore);
+    return joined({ballMesh(kShoulder, 6.1, 11, 18, Tone::kCore),
+                   rodMesh(kShoulder + Vec3d(4, 0, 0), 3.6, kElbow - Vec3d(3, 0, 0), 2.1, Tone::kCore)});
 }
 
 Mesh foreArm()
@@ -71,11 +70,8 @@ Mesh foreArm()
 
 Mesh foreArmCore()
 {
-    const Field core = blended({ball(kElbow, 3.8), limb(kElbow, 2.8, kWrist - Vec3d(2, 0, 0), 1.8)}, 2.0);
-    Net net = alongTheArm(kElbow, kWrist - Vec3d(2, 0, 0));
-    net.rings = 13;
-    net.capShare = 0.38;
-    return joined({skinned(core, net, Tone::kCore), ballMesh(kWrist, 2.4, 7, 12, Tone::kCore)});
+    return joined({ballMesh(kElbow, 3.8, 10, 16, Tone::kCore), ballMesh(kWrist, 2.4, 6, 12, Tone::kCore),
+                   rodMesh(kElbow + Vec3d(2, 0, 0), 2.4, kWrist, 1.4, Tone::kCore)});
 }
 
 }  // namespace

@@ -110,20 +110,27 @@ Mesh wrist()
 
 Mesh jugglingBall(const Vec3d& centre, double radius)
 {
-    std::vector<Mesh> parts = {ballMesh(centre, radius, 12, 18, Tone::kBallWarm)};
+    constexpr double kSeam = 0.6;  // of the radius, above and below the equator
+    const Field whole = ball(centre, radius);
+    Net net;
+    net.front = Vec3d(0, 0, 1);
+    net.rings = 7;
+    net.columns = 16;
+    std::vector<Mesh> parts;
     for (const double side : {1.0, -1.0}) {
         const Vec3d pole(0, side, 0);
-        Net net;
-        net.from = centre + pole * (radius * 0.72);
-        net.to = centre + pole * (radius * 0.76);
-        net.front = Vec3d(0, 0, 1);
-        net.rings = 6;
-        net.columns = 18;
-        net.capShare = 0.45;
-        const Field cap = common(ball(centre, radius * 1.012),
-                                 halfSpace(centre + pole * (radius * 0.62), -pole), radius * 0.01);
+        const Field cap = common(whole, halfSpace(centre + pole * (radius * kSeam), -pole), 0.02);
+        net.from = centre + pole * (radius * (kSeam + 0.01));
+        net.to = centre + pole * (radius * (kSeam + 0.02));
+        net.capShare = 0.5;
         parts.push_back(skinned(cap, net, Tone::kBallLight));
     }
+    Field band = common(whole, halfSpace(centre + Vec3d(0, radius * kSeam, 0), Vec3d(0, 1, 0)), 0.02);
+    band = common(band, halfSpace(centre - Vec3d(0, radius * kSeam, 0), Vec3d(0, -1, 0)), 0.02);
+    net.from = centre - Vec3d(0, radius * (kSeam - 0.01), 0);
+    net.to = centre + Vec3d(0, radius * (kSeam - 0.01), 0);
+    net.capShare = 0.25;
+    parts.push_back(skinned(band, net, Tone::kBallWarm));
     return joined(parts);
 }
 

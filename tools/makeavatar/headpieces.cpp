@@ -9,7 +9,7 @@ namespace {
 
 Mesh neck()
 {
-    const Field flesh = blended({limb(Vec3d(0, 145, -1.6), 5.6, Vec3d(0, 149, -1.2), 5.0),
+    const Field flesh = blended({limb(Vec3d(0, 144, -1.6), 5.2, Vec3d(0, 149, -1.2), 5.0),
                                  limb(Vec3d(0, 149, -1.2), 4.9, Vec3d(0, 160, -0.2), 4.7),
                                  ellipsoid(Vec3d(0, 154, 1.0), Vec3d(3.2, 5, 4.2))},
                                 1.5);
@@ -21,38 +21,72 @@ Mesh neck()
     return skinned(flesh, net, Tone::kCore);
 }
 
-Mesh head()
+Field skullField()
 {
-    const Field skull = blended({ellipsoid(Vec3d(0, 166.2, -1.2), Vec3d(7.5, 8.8, 9.0)),
-                                 ellipsoid(Vec3d(0, 167.2, 2.4), Vec3d(6.5, 5.8, 6.2)),
-                                 ellipsoid(Vec3d(0, 161.2, 3.0), Vec3d(5.9, 7.2, 5.9)),
-                                 ellipsoid(Vec3d(0, 156.0, 5.5), Vec3d(3.0, 2.8, 3.2))},
-                                2.8);
-    const Field brow = onBothSides(ellipsoid(Vec3d(2.9, 166.2, 7.0), Vec3d(3.2, 1.2, 1.5)), 2.0);
-    const Field cheeks = onBothSides(ellipsoid(Vec3d(4.0, 161.9, 5.6), Vec3d(2.0, 1.9, 2.6)), 1.0);
-    const Field lips = ellipsoid(Vec3d(0, 158.6, 7.7), Vec3d(2.3, 1.3, 1.4));
-    const Field nose = blended({limb(Vec3d(0, 165.8, 8.0), 0.7, Vec3d(0, 162.2, 9.4), 0.9),
-                                ellipsoid(Vec3d(0, 161.6, 9.2), Vec3d(1.3, 0.9, 1.3))},
+    return blended({ellipsoid(Vec3d(0, 166.2, -1.2), Vec3d(7.5, 8.8, 9.0)),
+                    ellipsoid(Vec3d(0, 167.0, 2.2), Vec3d(6.5, 6.0, 6.2)),
+                    ellipsoid(Vec3d(0, 161.4, 2.6), Vec3d(5.9, 7.0, 6.0)),
+                    ellipsoid(Vec3d(0, 156.4, 4.9), Vec3d(3.1, 3.0, 3.4))},
+                   2.8);
+}
+
+Field faceField()
+{
+    const Field brow = onBothSides(turned(ellipsoid(Vec3d(3.0, 166.3, 6.9), Vec3d(3.2, 1.1, 1.5)),
+                                          Vec3d(3.0, 166.3, 6.9), Vec3d(0, 0, 1), -6),
+                                   2.0);
+    const Field cheeks = onBothSides(ellipsoid(Vec3d(3.9, 161.6, 5.4), Vec3d(2.1, 2.0, 2.7)), 1.0);
+    const Field mouth = ellipsoid(Vec3d(0, 158.7, 7.0), Vec3d(2.4, 1.5, 1.5));
+    const Field chin = ellipsoid(Vec3d(0, 155.8, 7.0), Vec3d(1.9, 1.6, 1.6));
+    const Field nose = blended({limb(Vec3d(0, 166.0, 7.6), 0.75, Vec3d(0, 162.0, 9.7), 0.9),
+                                ellipsoid(Vec3d(0, 161.6, 9.2), Vec3d(1.45, 0.9, 1.5))},
                                0.8);
-    Field face = blended({skull, brow, cheeks, lips}, 2.2);
-    face = carved(face, onBothSides(ellipsoid(Vec3d(3.1, 164.1, 9.6), Vec3d(2.3, 1.5, 2.0)), 0.1), 2.2);
-    face = blended({face, nose}, 1.6);
+    Field face = blended({skullField(), brow, cheeks, mouth, chin}, 2.4);
+    face = carved(face, onBothSides(ellipsoid(Vec3d(3.2, 164.2, 9.4), Vec3d(2.2, 1.4, 2.0)), 0.1), 2.0);
+    return blended({face, nose}, 1.3);
+}
+
+// Skull and face meet at a plane; each net has its axis in it, so that both rims are drawn sharply.
+const Vec3d kRimLow(0, 158.6, 2.0), kRimHigh(0, 166.8, 3.3);
+
+Vec3d rimNormal()
+{
+    const Vec3d up = kRimHigh - kRimLow;
+    return {0, -up.z(), up.y()};
+}
+
+Mesh skull()
+{
+    const Vec3d behind(0, 0, -0.3);
     Net net;
-    net.from = Vec3d(0, 160.0, 1.5);
-    net.to = Vec3d(0, 166.5, -0.5);
+    net.from = kRimLow + behind + Vec3d(0, 2.5, -0.05);
+    net.to = kRimHigh + behind + Vec3d(0, 0, -0.05);
     net.front = Vec3d(0, 0, 1);
-    net.rings = 17;
+    net.rings = 15;
     net.columns = 20;
-    net.capShare = 0.34;
-    net.focus = 0.5;
-    return skinned(face, net, Tone::kShell);
+    net.frontColumns = 4;
+    net.capShare = 0.36;
+    return skinned(common(skullField(), halfSpace(kRimLow + behind, rimNormal()), 0.25), net, Tone::kShell);
+}
+
+Mesh face()
+{
+    Net net;
+    net.from = kRimLow + Vec3d(0, 0, 0.05);
+    net.to = kRimHigh + Vec3d(0, 0, 0.05);
+    net.front = Vec3d(0, 0, 1);
+    net.rings = 15;
+    net.columns = 22;
+    net.frontColumns = 18;
+    net.capShare = 0.25;
+    return skinned(common(faceField(), halfSpace(kRimLow, -rimNormal()), 0.25), net, Tone::kShell);
 }
 
 }  // namespace
 
 std::vector<Piece> headPieces()
 {
-    return {{"Neck", "Neck&Head#Inner", neck()}, {"Head", "Head", head()}};
+    return {{"Neck", "Neck&Head#Inner", neck()}, {"Head", "Head", skull()}, {"Head", "Head#1", face()}};
 }
 
 }  // namespace KivAvatarMaker

@@ -31,14 +31,8 @@ Mesh thigh()
 
 Mesh thighCore()
 {
-    const Field core = blended({ball(kHip, 7.7), limb(kHip, 5.0, kKnee + Vec3d(0, 6, 0), 4.0)}, 2.0);
-    Net net;
-    net.from = kHip;
-    net.to = kKnee + Vec3d(0, 6, 0);
-    net.front = Vec3d(0, 0, 1);
-    net.rings = 13;
-    net.capShare = 0.38;
-    return skinned(core, net, Tone::kCore);
+    return joined({ballMesh(kHip, 7.7, 11, 18, Tone::kCore),
+                   rodMesh(kHip - Vec3d(0, 5, 0), 4.6, kKnee + Vec3d(0, 4, 0), 2.6, Tone::kCore)});
 }
 
 Mesh shank()
@@ -61,14 +55,8 @@ Mesh shank()
 
 Mesh shankCore()
 {
-    const Field core = blended({ball(kKnee, 5.0), limb(kKnee, 3.6, kAnkle + Vec3d(0, 3, 0), 2.2)}, 2.0);
-    Net net;
-    net.from = kKnee;
-    net.to = kAnkle + Vec3d(0, 3, 0);
-    net.front = Vec3d(0, 0, 1);
-    net.rings = 13;
-    net.capShare = 0.38;
-    return skinned(core, net, Tone::kCore);
+    return joined({ballMesh(kKnee, 5.0, 11, 18, Tone::kCore),
+                   rodMesh(kKnee - Vec3d(0, 3, 0), 3.0, kAnkle + Vec3d(0, 2.5, 0), 1.7, Tone::kCore)});
 }
 
 Field footBody(double grow)

@@ -63,11 +63,21 @@ public:
     }
 
 private:
+    double turn(unsigned column) const
+    {
+        const double all = m_net.columns;
+        const double front = m_net.frontColumns ? m_net.frontColumns : all / 2;
+        if (column <= front / 2)
+            return osg::PI * column / front;
+        if (column >= all - front / 2)
+            return 2 * osg::PI - osg::PI * (all - column) / front;
+        return osg::PI_2 + osg::PI * (column - front / 2) / (all - front);
+    }
+
     Vec3d around(unsigned column) const
     {
-        const double turn = 2 * osg::PI * column / m_net.columns;
-        const double drawn = turn - m_net.focus * std::sin(turn);
-        Vec3d radial = m_front * std::cos(drawn) + m_side * (m_net.flatness * std::sin(drawn));
+        const double angle = turn(column);
+        Vec3d radial = m_front * std::cos(angle) + m_side * (m_net.flatness * std::sin(angle));
         radial.normalize();
         return radial;
     }
@@ -122,6 +132,19 @@ Mesh ballMesh(const Vec3d& centre, double radius, unsigned rings, unsigned colum
     net.columns = columns;
     net.capShare = 0.5;
     return skinned(ball(centre, radius), net, colour);
+}
+
+Mesh rodMesh(const Vec3d& from, double fromRadius, const Vec3d& to, double toRadius, const osg::Vec4f& colour)
+{
+    const Vec3d along = to - from;
+    Net net;
+    net.from = from;
+    net.to = to;
+    net.front = std::abs(along.y()) < std::abs(along.x()) ? Vec3d(0, 1, 0) : Vec3d(0, 0, 1);
+    net.rings = 7;
+    net.columns = 10;
+    net.capShare = 0.4;
+    return skinned(limb(from, fromRadius, to, toRadius), net, colour);
 }
 
 }  // namespace KivAvatarMaker

@@ -10,17 +10,21 @@ namespace KivAvatarMaker {
 /// them, and every ray ends in a vertex where it leaves the body. The body must be visible along its rays.
 struct Net
 {
-    osg::Vec3d from, to;    ///< the axis; both ends inside the body
-    osg::Vec3d front;       ///< where the first column lies; at right angles to the axis
-    unsigned rings = 14;    ///< between the two poles
-    unsigned columns = 18;  ///< around
-    double capShare = 0.3;  ///< the share of the rings that fans out at each end
-    double flatness = 1.0;  ///< width over depth of the body: spreads the columns evenly over a flat one
-    double focus = 0.0;     ///< 0 to 0.8: draws columns together in front
+    osg::Vec3d from, to;        ///< the axis; both ends inside the body
+    osg::Vec3d front;           ///< where the first column lies; at right angles to the axis
+    unsigned rings = 14;        ///< between the two poles
+    unsigned columns = 18;      ///< around
+    double capShare = 0.3;      ///< the share of the rings that fans out at each end
+    double flatness = 1.0;      ///< width over depth of the body: spreads the columns evenly over a flat one
+    unsigned frontColumns = 0;  ///< how many of the columns' steps share the front half; 0: as many as behind
 };
 
 /// 2 × rings × columns triangles, one closed component. Throws std::logic_error where a ray finds no skin.
 Mesh skinned(const Field& body, const Net& net, const osg::Vec4f& colour);
+
+/// A rod with round ends and a coarse net, for what is mostly hidden.
+Mesh rodMesh(const osg::Vec3d& from, double fromRadius, const osg::Vec3d& to, double toRadius,
+             const osg::Vec4f& colour);
 
 /// A ball with an even net.
 Mesh ballMesh(const osg::Vec3d& centre, double radius, unsigned rings, unsigned columns,

@@ -50,7 +50,9 @@ Mesh chest()
                            onBothSides(ellipsoid(Vec3d(6.0, 138, -7.0), Vec3d(5.5, 7.5, 3.6)), 1.5),
                            ellipsoid(Vec3d(0, 145, -1.2), Vec3d(7.4, 4.4, 6.4))},
                           3.2);
-    Net net = upright(128, 141, -0.8);
+    flesh = carved(flesh, limb(Vec3d(0, 120, -12.6), 1.6, Vec3d(0, 143, -12.6), 1.6), 3.0);
+    flesh = common(flesh, halfSpace(Vec3d(0, 118.4, 0), Vec3d(0, -1, 0)), 2.2);
+    Net net = upright(126, 141, -0.8);
     net.rings = 16;
     net.capShare = 0.36;
     return skinned(flesh, net, Tone::kShell);
@@ -61,9 +63,9 @@ Mesh chest()
 std::vector<Piece> torsoPieces()
 {
     return {{"Hips", "Hips&Spine", pelvis()},
-            {"Spine", "Spine&Spine1#Inner", fold(Vec3d(0, 109.8, -0.6), Vec3d(12.6, 7.5, 8.4), Tone::kCore)},
-            {"Spine1", "Spine1", fold(Vec3d(0, 115.6, -0.7), Vec3d(12.6, 7.5, 8.5), Tone::kCore)},
-            {"Spine2", "Spine2", fold(Vec3d(0, 122.8, -0.8), Vec3d(13.2, 8.5, 9.0), Tone::kCore)},
+            {"Spine", "Spine&Spine1#Inner", fold(Vec3d(0, 109.8, -0.6), Vec3d(11.3, 8.8, 7.8), Tone::kCore)},
+            {"Spine1", "Spine1", fold(Vec3d(0, 115.6, -0.7), Vec3d(12.0, 9.5, 8.2), Tone::kCore)},
+            {"Spine2", "Spine2", fold(Vec3d(0, 122.8, -0.8), Vec3d(12.5, 9.5, 8.6), Tone::kCore)},
             {"Spine3", "Spine3&Neck", chest()}};
 }
 
