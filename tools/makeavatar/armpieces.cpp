@@ -26,9 +26,13 @@ Mesh trapezius()
     const Vec3d middle(8.6, 144.2, -1.3);
     const Field flesh = blended({turned(ellipsoid(middle, Vec3d(8.2, 3.6, 4.7)), middle, Vec3d(0, 0, 1), -7),
                                  limb(Vec3d(4, 144, -1.6), 3.0, Vec3d(11, 143.6, -1.0), 3.8),
-                                 ellipsoid(kShoulder + Vec3d(-0.4, 2.3, -0.1), Vec3d(6.5, 4.3, 6.6))},
+                                 turned(ellipsoid(kShoulder + Vec3d(-0.8, 2.7, -0.1), Vec3d(6.6, 3.6, 6.4)),
+                                        kShoulder, Vec3d(0, 0, 1), -8)},
                                 2.4);
     Net net = alongTheArm(Vec3d(4.5, 144.4, -1.3), Vec3d(15.5, 144.4, -0.4));
+    net.rings = 13;
+    net.columns = 22;
+    net.flatness = 1.5;
     net.capShare = 0.3;
     return skinned(flesh, net, Tone::kShell);
 }
@@ -40,17 +44,17 @@ Mesh upperArm()
                            ellipsoid(Vec3d(31.5, 142.3, 1.4), Vec3d(8.5, 4.0, 3.8)),
                            ellipsoid(Vec3d(30.5, 141.6, -1.6), Vec3d(9, 4.1, 3.7))},
                           2.6);
-    flesh = common(flesh, halfSpace(kShoulder + Vec3d(-0.6, 0, 0), Vec3d(-1, 0.45, 0)), 1.6);
+    flesh = common(flesh, halfSpace(kShoulder + Vec3d(-0.6, 0, 0), Vec3d(-1, 0.3, 0)), 1.4);
     flesh = common(flesh, halfSpace(kElbow + Vec3d(-3.0, 0, 0), Vec3d(1, 0, 0.1)), 1.3);
-    Net net = alongTheArm(Vec3d(21.5, 142, 0), Vec3d(39, 142, 0));
+    Net net = alongTheArm(Vec3d(18.4, 142, 0), Vec3d(40.3, 142, 0));
     net.rings = 17;
-    net.capShare = 0.32;
+    net.capShare = 0.24;
     return skinned(flesh, net, Tone::kShell);
 }
 
 Mesh upperArmCore()
 {
-    return joined({ballMesh(kShoulder, 6.1, 11, 18, Tone::kCore),
+    return joined({ballMesh(kShoulder, 5.8, 11, 18, Tone::kCore),
                    rodMesh(kShoulder + Vec3d(4, 0, 0), 3.6, kElbow - Vec3d(3, 0, 0), 2.1, Tone::kCore)});
 }
 
@@ -62,9 +66,9 @@ Mesh foreArm()
                           2.2);
     flesh = common(flesh, halfSpace(kElbow + Vec3d(3.2, 0, 0), Vec3d(-1, 0, 0.35)), 1.3);
     flesh = common(flesh, halfSpace(kWrist + Vec3d(-1.7, 0, 0), Vec3d(1, 0, 0)), 0.9);
-    Net net = alongTheArm(Vec3d(51.5, 142, 0), Vec3d(66.2, 142, 0));
+    Net net = alongTheArm(Vec3d(50.2, 142, 0), Vec3d(67.2, 142, 0));
     net.rings = 17;
-    net.capShare = 0.28;
+    net.capShare = 0.24;
     return skinned(flesh, net, Tone::kShell);
 }
 

@@ -84,7 +84,7 @@ Mesh palm()
                                  ellipsoid(Vec3d(75.4, 141.3, -2.6), Vec3d(3.2, 1.3, 1.4))},
                                 1.0);
     Net net;
-    net.from = Vec3d(74.2, 142.1, 0.1);
+    net.from = Vec3d(73.2, 142.1, 0.1);
     net.to = Vec3d(77.4, 142.1, 0.2);
     net.front = Vec3d(0, 1, 0);
     net.rings = 13;

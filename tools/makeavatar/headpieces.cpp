@@ -55,18 +55,33 @@ Vec3d rimNormal()
     return {0, -up.z(), up.y()};
 }
 
+// What shows in the gap between the two.
+Mesh seamFiller()
+{
+    const Field shape = skullField();
+    Net net;
+    net.from = Vec3d(0, 160, 0.5);
+    net.to = Vec3d(0, 166.5, 0.5);
+    net.front = Vec3d(0, 0, 1);
+    net.rings = 8;
+    net.columns = 14;
+    net.capShare = 0.36;
+    return skinned([shape](const Vec3d& p) { return shape(p) + 0.75; }, net, Tone::kCore);
+}
+
 Mesh skull()
 {
-    const Vec3d behind(0, 0, -0.3);
+    const Vec3d behind(0, 0, -0.22);
     Net net;
-    net.from = kRimLow + behind + Vec3d(0, 2.5, -0.05);
+    net.from = kRimLow + behind + Vec3d(0, 1.2, -0.08);
     net.to = kRimHigh + behind + Vec3d(0, 0, -0.05);
     net.front = Vec3d(0, 0, 1);
-    net.rings = 15;
-    net.columns = 20;
+    net.rings = 13;
+    net.columns = 18;
     net.frontColumns = 4;
-    net.capShare = 0.36;
-    return skinned(common(skullField(), halfSpace(kRimLow + behind, rimNormal()), 0.25), net, Tone::kShell);
+    net.capShare = 0.32;
+    const Field back = common(skullField(), halfSpace(kRimLow + behind, rimNormal()), 0.25);
+    return joined({skinned(back, net, Tone::kShell), seamFiller()});
 }
 
 Mesh face()

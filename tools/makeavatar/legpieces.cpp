@@ -21,11 +21,11 @@ Mesh thigh()
     flesh = common(flesh, halfSpace(Vec3d(9, 90.2, 0), Vec3d(-0.25, 1, 0.1)), 2.6);
     flesh = common(flesh, halfSpace(Vec3d(9, 53.2, 0), Vec3d(0, -1, 0.15)), 1.6);
     Net net;
-    net.from = Vec3d(9, 57.5, 0);
-    net.to = Vec3d(9.6, 84.5, 0);
+    net.from = Vec3d(9, 55, 0);
+    net.to = Vec3d(9.6, 87, 0);
     net.front = Vec3d(0, 0, 1);
     net.rings = 17;
-    net.capShare = 0.32;
+    net.capShare = 0.25;
     return skinned(flesh, net, Tone::kShell);
 }
 
@@ -45,11 +45,11 @@ Mesh shank()
     flesh = common(flesh, halfSpace(Vec3d(9, 46.0, 0), Vec3d(0, 1, -0.35)), 1.8);
     flesh = common(flesh, halfSpace(Vec3d(9, 11.4, 0), Vec3d(0, -1, 0)), 1.2);
     Net net;
-    net.from = Vec3d(9, 14, -0.5);
-    net.to = Vec3d(9, 41.5, 0);
+    net.from = Vec3d(9, 12.8, -0.5);
+    net.to = Vec3d(9, 43.2, 0);
     net.front = Vec3d(0, 0, 1);
     net.rings = 17;
-    net.capShare = 0.27;
+    net.capShare = 0.24;
     return skinned(flesh, net, Tone::kShell);
 }
 
@@ -78,20 +78,20 @@ Mesh foot()
     net.to = Vec3d(9.4, 2.0, 13);
     net.front = Vec3d(0, 1, 0);
     net.rings = 13;
-    net.columns = 16;
+    net.columns = 14;
     net.capShare = 0.25;
     return skinned(shoe, net, Tone::kShell);
 }
 
 Mesh sole()
 {
-    Field slab = common(footBody(0.25), halfSpace(Vec3d(0, 0, 0), Vec3d(0, -1, 0)), 0.3);
-    slab = common(slab, halfSpace(Vec3d(0, 1.3, 0), Vec3d(0, 1, 0)), 0.3);
+    Field slab = common(footBody(0.25), halfSpace(Vec3d(0, 0, 0), Vec3d(0, -1, 0)), 0.6);
+    slab = common(slab, halfSpace(Vec3d(0, 1.3, 0), Vec3d(0, 1, 0)), 0.6);
     Net net;
     net.from = Vec3d(9, 0.65, -1.5);
     net.to = Vec3d(9.4, 0.65, 13);
     net.front = Vec3d(0, 1, 0);
-    net.rings = 9;
+    net.rings = 7;
     net.columns = 12;
     net.flatness = 3.0;
     return skinned(slab, net, Tone::kCore);
@@ -106,7 +106,7 @@ std::vector<Piece> leftLegPieces()
             {"LeftLeg", "LeftLeg&LeftFoot#Inner", shankCore()},
             {"LeftLeg", "LeftLeg&LeftFoot#Outer", shank()},
             {"LeftFoot", "LeftFoot",
-             joined({foot(), sole(), ballMesh(kAnkle + Vec3d(0, 0.3, -0.2), 3.2, 8, 14, Tone::kCore)})}};
+             joined({foot(), sole(), ballMesh(kAnkle + Vec3d(0, 0.3, -0.2), 3.2, 7, 12, Tone::kCore)})}};
 }
 
 }  // namespace KivAvatarMaker

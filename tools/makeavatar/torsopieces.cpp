@@ -27,7 +27,7 @@ Mesh pelvis()
                           3.5);
     flesh = common(flesh, onBothSides(halfSpace(Vec3d(4.5, 86.5, 0), Vec3d(0.70, -0.72, 0)), 0), 2.0);
     flesh = common(flesh, halfSpace(Vec3d(0, 106.6, 0), Vec3d(0, 1, 0.08)), 2.0);
-    Net net = upright(91, 100.5, -0.2);
+    Net net = upright(91, 103.8, -0.2);
     net.capShare = 0.34;
     return skinned(flesh, net, Tone::kShell);
 }
@@ -52,9 +52,8 @@ Mesh chest()
                           3.2);
     flesh = carved(flesh, limb(Vec3d(0, 120, -12.6), 1.6, Vec3d(0, 143, -12.6), 1.6), 3.0);
     flesh = common(flesh, halfSpace(Vec3d(0, 118.4, 0), Vec3d(0, -1, 0)), 2.2);
-    Net net = upright(126, 141, -0.8);
-    net.rings = 16;
-    net.capShare = 0.36;
+    Net net = upright(121, 141, -0.8);
+    net.capShare = 0.3;
     return skinned(flesh, net, Tone::kShell);
 }
 
