@@ -44,11 +44,12 @@ Mesh upperArm()
                            ellipsoid(Vec3d(31.5, 142.3, 1.4), Vec3d(8.5, 4.0, 3.8)),
                            ellipsoid(Vec3d(30.5, 141.6, -1.6), Vec3d(9, 4.1, 3.7))},
                           2.6);
-    flesh = common(flesh, halfSpace(kShoulder + Vec3d(-0.6, 0, 0), Vec3d(-1, 0.3, 0)), 1.4);
+    flesh = common(flesh, halfSpace(kShoulder + Vec3d(-0.6, 0, 0), Vec3d(-1, 0.15, 0)), 1.0);
     flesh = common(flesh, halfSpace(kElbow + Vec3d(-3.0, 0, 0), Vec3d(1, 0, 0.1)), 1.3);
-    Net net = alongTheArm(Vec3d(18.4, 142, 0), Vec3d(40.3, 142, 0));
+    Net net = alongTheArm(Vec3d(17.6, 142, 0), Vec3d(40.3, 142, 0));
     net.rings = 17;
     net.capShare = 0.24;
+    net.flatFrom = net.flatTo = true;
     return skinned(flesh, net, Tone::kShell);
 }
 
@@ -69,6 +70,7 @@ Mesh foreArm()
     Net net = alongTheArm(Vec3d(50.2, 142, 0), Vec3d(67.2, 142, 0));
     net.rings = 17;
     net.capShare = 0.24;
+    net.flatFrom = net.flatTo = true;
     return skinned(flesh, net, Tone::kShell);
 }
 

@@ -42,12 +42,12 @@ Field faceField()
                                 ellipsoid(Vec3d(0, 161.6, 9.2), Vec3d(1.45, 0.9, 1.5))},
                                0.8);
     Field face = blended({skullField(), brow, cheeks, mouth, chin}, 2.4);
-    face = carved(face, onBothSides(ellipsoid(Vec3d(3.2, 164.2, 9.4), Vec3d(2.2, 1.4, 2.0)), 0.1), 2.0);
+    face = carved(face, onBothSides(ellipsoid(Vec3d(3.2, 164.2, 9.4), Vec3d(2.3, 1.5, 1.8)), 0.1), 2.4);
     return blended({face, nose}, 1.3);
 }
 
 // Skull and face meet at a plane; each net has its axis in it, so that both rims are drawn sharply.
-const Vec3d kRimLow(0, 158.6, 2.0), kRimHigh(0, 166.8, 3.3);
+const Vec3d kRimLow(0, 158.0, 1.9), kRimHigh(0, 167.6, 3.4);
 
 Vec3d rimNormal()
 {
@@ -55,46 +55,45 @@ Vec3d rimNormal()
     return {0, -up.z(), up.y()};
 }
 
+// Skull and face have their rings at the same places, so that the gap between them is even.
+Net headNet(const Vec3d& by)
+{
+    Net net;
+    net.from = kRimLow + by;
+    net.to = kRimHigh + by;
+    net.front = Vec3d(0, 0, 1);
+    net.rings = 15;
+    net.capShare = 0.24;
+    return net;
+}
+
 // What shows in the gap between the two.
 Mesh seamFiller()
 {
     const Field shape = skullField();
-    Net net;
-    net.from = Vec3d(0, 160, 0.5);
-    net.to = Vec3d(0, 166.5, 0.5);
-    net.front = Vec3d(0, 0, 1);
+    const Field smaller = [shape](const Vec3d& p) { return shape(p) + 0.8; };
+    Net net = headNet(Vec3d(0, 1, -1.5));
     net.rings = 8;
     net.columns = 14;
-    net.capShare = 0.36;
-    return skinned([shape](const Vec3d& p) { return shape(p) + 0.75; }, net, Tone::kCore);
+    return skinned(common(smaller, halfSpace(kRimLow + Vec3d(0, 0, 1), rimNormal()), 0.3), net, Tone::kCore);
 }
 
 Mesh skull()
 {
-    const Vec3d behind(0, 0, -0.22);
-    Net net;
-    net.from = kRimLow + behind + Vec3d(0, 1.2, -0.08);
-    net.to = kRimHigh + behind + Vec3d(0, 0, -0.05);
-    net.front = Vec3d(0, 0, 1);
-    net.rings = 13;
-    net.columns = 18;
-    net.frontColumns = 4;
-    net.capShare = 0.32;
-    const Field back = common(skullField(), halfSpace(kRimLow + behind, rimNormal()), 0.25);
+    const Vec3d gap(0, 0, -0.25);
+    Net net = headNet(gap + Vec3d(0, 0, -0.1));
+    net.columns = 15;
+    net.frontColumns = 3;
+    const Field back = common(skullField(), halfSpace(kRimLow + gap, rimNormal()), 0.2);
     return joined({skinned(back, net, Tone::kShell), seamFiller()});
 }
 
 Mesh face()
 {
-    Net net;
-    net.from = kRimLow + Vec3d(0, 0, 0.05);
-    net.to = kRimHigh + Vec3d(0, 0, 0.05);
-    net.front = Vec3d(0, 0, 1);
-    net.rings = 15;
+    Net net = headNet(Vec3d(0, 0, 0.1));
     net.columns = 22;
     net.frontColumns = 18;
-    net.capShare = 0.25;
-    return skinned(common(faceField(), halfSpace(kRimLow, -rimNormal()), 0.25), net, Tone::kShell);
+    return skinned(common(faceField(), halfSpace(kRimLow, -rimNormal()), 0.2), net, Tone::kShell);
 }
 
 }  // namespace

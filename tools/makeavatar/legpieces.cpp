@@ -26,6 +26,7 @@ Mesh thigh()
     net.front = Vec3d(0, 0, 1);
     net.rings = 17;
     net.capShare = 0.25;
+    net.flatFrom = net.flatTo = true;
     return skinned(flesh, net, Tone::kShell);
 }
 
@@ -50,6 +51,7 @@ Mesh shank()
     net.front = Vec3d(0, 0, 1);
     net.rings = 17;
     net.capShare = 0.24;
+    net.flatFrom = net.flatTo = true;
     return skinned(flesh, net, Tone::kShell);
 }
 

@@ -56,13 +56,15 @@ public:
         const double cap = m_net.capShare;
         double lift = 0;
         if (share < cap)
-            lift = (share / cap - 1) * osg::PI_2;
+            lift = -osg::PI_2 * drawnToRim(1 - share / cap, m_net.flatFrom);
         else if (share > 1 - cap)
-            lift = ((share - 1 + cap) / cap) * osg::PI_2;
+            lift = osg::PI_2 * drawnToRim((share - 1 + cap) / cap, m_net.flatTo);
         return m_along * std::sin(lift) + around(column) * std::cos(lift);
     }
 
 private:
+    static double drawnToRim(double part, bool flat) { return flat ? part * part : part; }
+
     double turn(unsigned column) const
     {
         const double all = m_net.columns;

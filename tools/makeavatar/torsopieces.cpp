@@ -29,6 +29,7 @@ Mesh pelvis()
     flesh = common(flesh, halfSpace(Vec3d(0, 106.6, 0), Vec3d(0, 1, 0.08)), 2.0);
     Net net = upright(91, 103.8, -0.2);
     net.capShare = 0.34;
+    net.flatTo = true;
     return skinned(flesh, net, Tone::kShell);
 }
 
@@ -51,9 +52,10 @@ Mesh chest()
                            ellipsoid(Vec3d(0, 145, -1.2), Vec3d(7.4, 4.4, 6.4))},
                           3.2);
     flesh = carved(flesh, limb(Vec3d(0, 120, -12.6), 1.6, Vec3d(0, 143, -12.6), 1.6), 3.0);
-    flesh = common(flesh, halfSpace(Vec3d(0, 118.4, 0), Vec3d(0, -1, 0)), 2.2);
-    Net net = upright(121, 141, -0.8);
+    flesh = common(flesh, halfSpace(Vec3d(0, 119.4, 0), Vec3d(0, -1, 0)), 2.2);
+    Net net = upright(120.6, 141, -0.8);
     net.capShare = 0.3;
+    net.flatFrom = true;
     return skinned(flesh, net, Tone::kShell);
 }
 
@@ -64,7 +66,7 @@ std::vector<Piece> torsoPieces()
     return {{"Hips", "Hips&Spine", pelvis()},
             {"Spine", "Spine&Spine1#Inner", fold(Vec3d(0, 109.8, -0.6), Vec3d(11.3, 8.8, 7.8), Tone::kCore)},
             {"Spine1", "Spine1", fold(Vec3d(0, 115.6, -0.7), Vec3d(12.0, 9.5, 8.2), Tone::kCore)},
-            {"Spine2", "Spine2", fold(Vec3d(0, 122.8, -0.8), Vec3d(12.5, 9.5, 8.6), Tone::kCore)},
+            {"Spine2", "Spine2", fold(Vec3d(0, 122.8, -0.8), Vec3d(12.2, 9.5, 8.3), Tone::kCore)},
             {"Spine3", "Spine3&Neck", chest()}};
 }
 
