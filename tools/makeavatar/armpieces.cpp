@@ -26,7 +26,7 @@ Mesh trapezius()
     const Vec3d middle(8.6, 144.2, -1.3);
     const Field flesh = blended({turned(ellipsoid(middle, Vec3d(8.2, 3.6, 4.7)), middle, Vec3d(0, 0, 1), -7),
                                  limb(Vec3d(4, 144, -1.6), 3.0, Vec3d(11, 143.6, -1.0), 3.8),
-                                 turned(ellipsoid(kShoulder + Vec3d(-0.8, 2.7, -0.1), Vec3d(6.6, 3.6, 6.4)),
+                                 turned(ellipsoid(kShoulder + Vec3d(-1.3, 2.7, -0.1), Vec3d(6.6, 3.6, 6.4)),
                                         kShoulder, Vec3d(0, 0, 1), -8)},
                                 2.4);
     Net net = alongTheArm(Vec3d(4.5, 144.4, -1.3), Vec3d(15.5, 144.4, -0.4));

@@ -119,16 +119,18 @@ Mesh jugglingBall(const Vec3d& centre, double radius)
     std::vector<Mesh> parts;
     for (const double side : {1.0, -1.0}) {
         const Vec3d pole(0, side, 0);
-        const Field cap = common(whole, halfSpace(centre + pole * (radius * kSeam), -pole), 0.02);
-        net.from = centre + pole * (radius * (kSeam + 0.01));
-        net.to = centre + pole * (radius * (kSeam + 0.02));
+        const Field cap = common(whole, halfSpace(centre + pole * (radius * kSeam), -pole), 0.25);
+        net.from = centre + pole * (radius * (kSeam + 0.06));
+        net.to = centre + pole * (radius * (kSeam + 0.07));
         net.capShare = 0.5;
+        net.flatFrom = true;
         parts.push_back(skinned(cap, net, Tone::kBallLight));
     }
-    Field band = common(whole, halfSpace(centre + Vec3d(0, radius * kSeam, 0), Vec3d(0, 1, 0)), 0.02);
-    band = common(band, halfSpace(centre - Vec3d(0, radius * kSeam, 0), Vec3d(0, -1, 0)), 0.02);
-    net.from = centre - Vec3d(0, radius * (kSeam - 0.01), 0);
-    net.to = centre + Vec3d(0, radius * (kSeam - 0.01), 0);
+    Field band = common(whole, halfSpace(centre + Vec3d(0, radius * kSeam, 0), Vec3d(0, 1, 0)), 0.25);
+    band = common(band, halfSpace(centre - Vec3d(0, radius * kSeam, 0), Vec3d(0, -1, 0)), 0.25);
+    net.from = centre - Vec3d(0, radius * (kSeam - 0.05), 0);
+    net.to = centre + Vec3d(0, radius * (kSeam - 0.05), 0);
+    net.flatFrom = net.flatTo = true;
     net.capShare = 0.25;
     parts.push_back(skinned(band, net, Tone::kBallWarm));
     return joined(parts);

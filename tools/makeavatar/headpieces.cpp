@@ -32,17 +32,17 @@ Field skullField()
 
 Field faceField()
 {
-    const Field brow = onBothSides(turned(ellipsoid(Vec3d(3.0, 166.3, 6.9), Vec3d(3.2, 1.1, 1.5)),
-                                          Vec3d(3.0, 166.3, 6.9), Vec3d(0, 0, 1), -6),
+    const Field brow = onBothSides(turned(ellipsoid(Vec3d(2.8, 166.5, 6.5), Vec3d(2.6, 1.2, 1.4)),
+                                          Vec3d(2.8, 166.5, 6.5), Vec3d(0, 0, 1), -6),
                                    2.0);
-    const Field cheeks = onBothSides(ellipsoid(Vec3d(3.9, 161.6, 5.4), Vec3d(2.1, 2.0, 2.7)), 1.0);
+    const Field cheeks = onBothSides(ellipsoid(Vec3d(4.1, 162.0, 5.0), Vec3d(2.0, 2.0, 2.6)), 1.0);
     const Field mouth = ellipsoid(Vec3d(0, 158.7, 7.0), Vec3d(2.4, 1.5, 1.5));
     const Field chin = ellipsoid(Vec3d(0, 155.8, 7.0), Vec3d(1.9, 1.6, 1.6));
     const Field nose = blended({limb(Vec3d(0, 166.0, 7.6), 0.75, Vec3d(0, 162.0, 9.7), 0.9),
                                 ellipsoid(Vec3d(0, 161.6, 9.2), Vec3d(1.45, 0.9, 1.5))},
                                0.8);
     Field face = blended({skullField(), brow, cheeks, mouth, chin}, 2.4);
-    face = carved(face, onBothSides(ellipsoid(Vec3d(3.2, 164.2, 9.4), Vec3d(2.3, 1.5, 1.8)), 0.1), 2.4);
+    face = carved(face, onBothSides(ellipsoid(Vec3d(2.9, 164.3, 9.3), Vec3d(1.8, 1.5, 1.7)), 0.1), 2.4);
     return blended({face, nose}, 1.3);
 }
 
@@ -62,8 +62,8 @@ Net headNet(const Vec3d& by)
     net.from = kRimLow + by;
     net.to = kRimHigh + by;
     net.front = Vec3d(0, 0, 1);
-    net.rings = 15;
-    net.capShare = 0.24;
+    net.rings = 16;
+    net.capShare = 0.27;
     return net;
 }
 
@@ -73,7 +73,7 @@ Mesh seamFiller()
     const Field shape = skullField();
     const Field smaller = [shape](const Vec3d& p) { return shape(p) + 0.8; };
     Net net = headNet(Vec3d(0, 1, -1.5));
-    net.rings = 8;
+    net.rings = 7;
     net.columns = 14;
     return skinned(common(smaller, halfSpace(kRimLow + Vec3d(0, 0, 1), rimNormal()), 0.3), net, Tone::kCore);
 }
@@ -82,8 +82,8 @@ Mesh skull()
 {
     const Vec3d gap(0, 0, -0.25);
     Net net = headNet(gap + Vec3d(0, 0, -0.1));
-    net.columns = 15;
-    net.frontColumns = 3;
+    net.columns = 14;
+    net.frontColumns = 2;
     const Field back = common(skullField(), halfSpace(kRimLow + gap, rimNormal()), 0.2);
     return joined({skinned(back, net, Tone::kShell), seamFiller()});
 }
@@ -91,8 +91,9 @@ Mesh skull()
 Mesh face()
 {
     Net net = headNet(Vec3d(0, 0, 0.1));
-    net.columns = 22;
+    net.columns = 21;
     net.frontColumns = 18;
+    net.focus = 1.25;
     return skinned(common(faceField(), halfSpace(kRimLow, -rimNormal()), 0.2), net, Tone::kShell);
 }
 

@@ -70,9 +70,9 @@ private:
         const double all = m_net.columns;
         const double front = m_net.frontColumns ? m_net.frontColumns : all / 2;
         if (column <= front / 2)
-            return osg::PI * column / front;
+            return osg::PI_2 * std::pow(2 * column / front, m_net.focus);
         if (column >= all - front / 2)
-            return 2 * osg::PI - osg::PI * (all - column) / front;
+            return 2 * osg::PI - osg::PI_2 * std::pow(2 * (all - column) / front, m_net.focus);
         return osg::PI_2 + osg::PI * (column - front / 2) / (all - front);
     }
 
@@ -88,6 +88,8 @@ private:
     Vec3d m_along, m_front, m_side;
 };
 
+// The diagonals of the two halves mirror each other, so that a body with two equal sides is drawn alike on
+// both.
 void addNetTriangles(Mesh& mesh, unsigned rings, unsigned columns)
 {
     const unsigned last = rings * columns + 1;
@@ -97,7 +99,10 @@ void addNetTriangles(Mesh& mesh, unsigned rings, unsigned columns)
         for (unsigned ring = 0; ring + 1 < rings; ++ring) {
             const unsigned a = at(ring, column), b = at(ring, column + 1);
             const unsigned c = at(ring + 1, column), d = at(ring + 1, column + 1);
-            mesh.indices.insert(mesh.indices.end(), {a, b, d, a, d, c});
+            if (column < columns / 2)
+                mesh.indices.insert(mesh.indices.end(), {a, b, d, a, d, c});
+            else
+                mesh.indices.insert(mesh.indices.end(), {a, b, c, b, d, c});
         }
         mesh.indices.insert(mesh.indices.end(), {at(rings - 1, column), at(rings - 1, column + 1), last});
     }

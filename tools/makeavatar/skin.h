@@ -15,10 +15,11 @@ struct Net
     unsigned rings = 14;        ///< between the two poles
     unsigned columns = 18;      ///< around
     double capShare = 0.3;      ///< the share of the rings that fans out at each end
-    bool flatFrom = false;  ///< the body ends flat before `from`: draws rings to the rim
-    bool flatTo = false;    ///< the same behind `to`
+    bool flatFrom = false;      ///< the body ends flat before `from`: draws rings to the rim
+    bool flatTo = false;        ///< the same behind `to`
     double flatness = 1.0;      ///< width over depth of the body: spreads the columns evenly over a flat one
     unsigned frontColumns = 0;  ///< how many of the columns' steps share the front half; 0: as many as behind
+    double focus = 1.0;         ///< over 1 the columns of the front half crowd about its middle
 };
 
 /// 2 × rings × columns triangles, one closed component. Throws std::logic_error where a ray finds no skin.
