@@ -86,8 +86,7 @@ std::string faultOf(const std::vector<Piece>& pieces)
         dressed.insert(piece.joint);
     }
     for (const KivFigure::RestJoint& joint : KivFigure::restJoints())
-        if (joint.name.find("HandThumb") == std::string::npos &&
-            joint.name.find("InHand") == std::string::npos && !dressed.count(joint.name))
+        if (joint.name.find("InHand") == std::string::npos && !dressed.count(joint.name))
             return "joint " + joint.name + " has no piece";
     return {};
 }

@@ -9,8 +9,8 @@
 namespace KivAvatarMaker {
 
 /// Empty if every piece is sound, else one sentence on the first fault: unknown joints, a name used twice, a
-/// joint of the body without a piece, an index out of range, a number that is not finite, a normal that is
-/// not of unit length, a skin that is not closed.
+/// joint without a piece (those inside the palms may go without), an index out of range, a number that is not
+/// finite, a normal that is not of unit length, a skin that is not closed.
 std::string faultOf(const std::vector<Piece>& pieces);
 
 /// The same for one mesh.

@@ -5,7 +5,6 @@ namespace KivAvatarMaker {
 namespace Tone {
 const osg::Vec4f kShell(0.87f, 0.83f, 0.77f, 1.0f);
 const osg::Vec4f kCore(0.17f, 0.18f, 0.20f, 1.0f);
-const osg::Vec4f kTrim(0.42f, 0.40f, 0.38f, 1.0f);
 const osg::Vec4f kBallWarm(0.80f, 0.29f, 0.16f, 1.0f);
 const osg::Vec4f kBallLight(0.93f, 0.87f, 0.74f, 1.0f);
 }  // namespace Tone

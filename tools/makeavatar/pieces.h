@@ -32,7 +32,6 @@ osg::Vec3d restPoint(const std::string& joint);
 namespace Tone {
 extern const osg::Vec4f kShell;
 extern const osg::Vec4f kCore;
-extern const osg::Vec4f kTrim;
 extern const osg::Vec4f kBallWarm;
 extern const osg::Vec4f kBallLight;
 }  // namespace Tone

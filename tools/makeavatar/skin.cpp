@@ -1,5 +1,6 @@
 #include "tools/makeavatar/skin.h"
 
+#include <algorithm>
 #include <cmath>
 #include <osg/Math>
 #include <stdexcept>

@@ -9,7 +9,6 @@
 namespace {
 
 using namespace KivAvatarMaker;
-using testing::Test;
 
 Mesh soundMesh()
 {
