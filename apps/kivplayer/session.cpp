@@ -80,10 +80,10 @@ bool Session::start(const std::string& root)
     const bool fontThere = CharacterizationManager::instance()->initalCharacterModel(root);
     if (!fontThere)
         m_console.error({font, 0, 0, "the label font cannot be read"});
-    const bool avatarThere = reported(m_avatarPath, "successed!");
-    if (!avatarThere)
+    m_avatarThere = reported(m_avatarPath, "successed!");
+    if (!m_avatarThere)
         m_console.error({m_avatarPath, 0, 0, "the avatar cannot be read"});
-    return avatarThere;
+    return m_avatarThere;
 }
 
 bool Session::readMotion(const std::string& file, std::string& text, KivReader::MotionDocument& document)
@@ -134,8 +134,11 @@ bool Session::load(unsigned index, const std::string& file, const std::string& n
             describeSurfaces(dressed->root());
     }
     if (!dressed) {
-        const std::string reason = readersReason(text);
-        m_console.error({file, 0, 0, reason.empty() ? "the skeleton could not be dressed" : reason});
+        std::string reason = readersReason(text);
+        if (reason.empty())
+            reason =
+                m_avatarThere ? "the skeleton could not be dressed" : "there is no avatar to dress it with";
+        m_console.error({file, 0, 0, reason});
         return false;
     }
     actor.dressed = std::move(*dressed);

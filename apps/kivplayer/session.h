@@ -75,6 +75,7 @@ private:
     std::unique_ptr<KivTaskCommand::CommandThread> m_spCommands;
     std::map<unsigned, LoadedActor> m_actors;
     std::string m_avatarPath;
+    bool m_avatarThere = false;
 };
 
 }  // namespace KivPlayer
