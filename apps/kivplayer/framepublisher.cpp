@@ -51,6 +51,11 @@ osg::Vec3d frontOf(const std::vector<DressedActor::Joint>& joints, const std::ve
     return {};
 }
 
+osg::Vec3d below(const osg::Vec3d& place)
+{
+    return {place.x(), place.y(), 0.0};
+}
+
 /// The first joint whose name tells of a head, else the highest joint.
 osg::Vec3d headOf(const std::vector<DressedActor::Joint>& joints, const std::vector<osg::Vec3d>& places)
 {
@@ -162,6 +167,37 @@ std::vector<osg::Vec3d> FramePublisher::placesNow() const
         all.insert(all.end(), places.begin(), places.end());
     }
     return all;
+}
+
+std::vector<osg::Vec3d> FramePublisher::sampledPlacesOver(std::size_t actor) const
+{
+    std::size_t joints = 0;
+    std::size_t before = 0;
+    for (std::size_t i = 0; i < m_bodies.size(); ++i) {
+        before += i < actor ? m_bodies[i].actor->dressed.joints().size() : 0;
+        joints += m_bodies[i].actor->dressed.joints().size();
+    }
+    const std::size_t own = m_bodies[actor].actor->dressed.joints().size();
+    std::vector<osg::Vec3d> relative;
+    for (std::size_t sample = 0; sample + joints <= m_sampled.size(); sample += joints) {
+        const osg::Vec3d ground = below(m_sampled[sample + before]);
+        for (std::size_t i = 0; i < own; ++i)
+            relative.push_back(m_sampled[sample + before + i] - ground);
+    }
+    return relative;
+}
+
+osg::Vec3d FramePublisher::groundUnder(std::size_t actor, double seconds)
+{
+    constexpr int kHalf = 6;
+    constexpr double kReach = 0.6;
+    osg::Vec3d sum;
+    for (int i = -kHalf; i <= kHalf; ++i) {
+        pose(seconds + kReach * i / kHalf);
+        sum += below(m_bodies[actor].actor->dressed.positions().front());
+    }
+    pose(seconds);
+    return sum / (2 * kHalf + 1);
 }
 
 std::vector<osg::Vec3d> FramePublisher::headsNow() const

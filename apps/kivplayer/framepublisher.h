@@ -38,6 +38,12 @@ public:
     const std::vector<osg::Vec3d>& sampledHeads() const { return m_sampledHeads; }
     std::vector<osg::Vec3d> headsNow() const;
 
+    /// For a camera that follows: the places of one actor in the sampled motion, taken from the point of the
+    /// ground below its root joint, and that point around a time, smoothed so that the camera does not sway
+    /// with the steps. Leaves the actors posed at that time. Actors count in the order of their indices.
+    std::vector<osg::Vec3d> sampledPlacesOver(std::size_t actor) const;
+    osg::Vec3d groundUnder(std::size_t actor, double seconds);
+
     /// The compass direction that the figures face, radians counter-clockwise from the x axis; the mean over
     /// the samples. Towards -y where nothing tells.
     double facing() const { return m_facing; }

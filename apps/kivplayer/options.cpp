@@ -20,7 +20,8 @@ constexpr int kLargestSide = 16384;
 /// The options as texts, before they are understood.
 struct Texts
 {
-    std::string output, time, frame, range, fps, resolution, samples, camera, position, target, threshold;
+    std::string output, time, frame, range, fps, resolution, samples, camera, position, target, follow,
+        threshold;
     std::vector<std::string> show, hide;
     bool noRender = false;
 };
@@ -85,6 +86,9 @@ void addOptions(CLI::App& app, Options& options, Texts& texts)
         ->group(pictures)
         ->type_name("X,Y,Z");
     app.add_option("--camera-target", texts.target, "What it looks at")->group(pictures)->type_name("X,Y,Z");
+    app.add_option("--follow", texts.follow, "Go along with an actor, counted from 0")
+        ->type_name("NUMBER")
+        ->group(pictures);
     app.add_option("--show", texts.show, "names, com, contacts, props, grid")
         ->delimiter(',')
         ->allow_extra_args(false)
@@ -173,6 +177,12 @@ void understandCamera(const Texts& texts, Options& options)
         options.cameraPosition = vector("--camera-position", texts.position);
     if (!texts.target.empty())
         options.cameraTarget = vector("--camera-target", texts.target);
+    if (!texts.follow.empty()) {
+        const auto actor = parseInteger(texts.follow);
+        if (!actor || *actor < 0 || static_cast<std::size_t>(*actor) >= options.motions.size())
+            refuse("--follow", "the number of a motion, 0 for the first", texts.follow);
+        options.follow = static_cast<std::size_t>(*actor);
+    }
     if (options.cameraPosition && options.cameraTarget && *options.cameraPosition == *options.cameraTarget)
         refuse("--camera-target", "a point other than the camera's position", texts.target);
 }

@@ -53,6 +53,7 @@ struct Options
     ViewAngles view{0.55, 0.16};
     std::optional<osg::Vec3d> cameraPosition;
     std::optional<osg::Vec3d> cameraTarget;
+    std::optional<std::size_t> follow;  ///< the actor that the camera goes along with
     Shown shown;
 
     std::string reference;

@@ -5,6 +5,9 @@
 #include <algorithm>
 #include <cmath>
 #include <filesystem>
+#include <iterator>
+#include <locale>
+#include <sstream>
 
 #include "KivMemoryShare/scenecfgshare.h"
 #include "KivRenderState/kivrenderstatemanager.h"
@@ -50,10 +53,18 @@ PictureMaker::PictureMaker(const Options& options, Session& session, Console& co
     m_stage.showGrid(options.shown.grid);
     m_offscreen.view().setSceneData(m_stage.root());
     m_publisher.setActors(session.actors());
+    warnOfTimesBeyondTheEnd();
+    if (options.follow) {
+        const auto actor = session.actors().find(static_cast<unsigned>(*options.follow));
+        if (actor != session.actors().end())
+            m_followed = static_cast<std::size_t>(std::distance(session.actors().begin(), actor));
+    }
     const bool sequence = options.output && options.output->isSequence();
     if (!sequence)
         m_publisher.show(stillTime());
-    if (sequence)
+    if (m_followed)
+        aim(m_publisher.sampledPlacesOver(*m_followed), {});
+    else if (sequence)
         aim(m_publisher.sampledPlaces(), m_publisher.sampledHeads());
     else
         aim(m_publisher.placesNow(), m_publisher.headsNow());
@@ -90,12 +101,13 @@ void PictureMaker::aim(const std::vector<osg::Vec3d>& places, const std::vector<
         pose.target = *m_options.cameraTarget;
     if (m_options.cameraPosition)
         pose.eye = *m_options.cameraPosition;
-    osg::Camera* camera = m_offscreen.view().getCamera();
     const osg::Vec3d away = pose.eye - pose.target;
-    const bool plumb = std::hypot(away.x(), away.y()) < 1e-3 * away.length();
-    camera->setViewMatrixAsLookAt(pose.eye, pose.target, plumb ? osg::Vec3d(0, 1, 0) : pose.up);
+    if (std::hypot(away.x(), away.y()) < 1e-3 * away.length())
+        pose.up = osg::Vec3d(0, 1, 0);
+    m_pose = pose;
+    look(osg::Vec3d());
     m_stage.setFront(std::atan2(away.y(), away.x()));
-    m_stage.setUp(box);
+    m_stage.setUp(m_followed ? boxAround(m_publisher.sampledPlaces()) : box);
 }
 
 void PictureMaker::addLabels(const std::vector<osg::Vec3d>& heads, double compass,
@@ -120,8 +132,27 @@ osg::ref_ptr<osg::Image> PictureMaker::still()
     return picture(stillTime());
 }
 
+void PictureMaker::look(const osg::Vec3d& along)
+{
+    m_offscreen.view().getCamera()->setViewMatrixAsLookAt(m_pose.eye + along, m_pose.target + along,
+                                                          m_pose.up);
+}
+
+void PictureMaker::warnOfTimesBeyondTheEnd() const
+{
+    const double latest = m_options.range ? m_options.range->first : stillTime();
+    if (latest <= m_publisher.duration() + 1e-6)
+        return;
+    std::ostringstream message;
+    message.imbue(std::locale::classic());
+    message << "the motion ends after " << m_publisher.duration() << " s; its last frame is shown";
+    m_console.warning({"", 0, 0, message.str()});
+}
+
 osg::ref_ptr<osg::Image> PictureMaker::picture(double seconds)
 {
+    if (m_followed)
+        look(m_publisher.groundUnder(*m_followed, seconds));
     m_publisher.show(seconds);
     m_stage.light(boxAround(m_publisher.placesNow()));
     m_session.gate().close();

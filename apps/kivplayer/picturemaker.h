@@ -3,10 +3,12 @@
 #include <osg/Image>
 #include <osg/ref_ptr>
 
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "framepublisher.h"
+#include "framing.h"
 #include "offscreen.h"
 #include "options.h"
 #include "session.h"
@@ -37,7 +39,9 @@ private:
     void aim(const std::vector<osg::Vec3d>& places, const std::vector<osg::Vec3d>& heads);
     void addLabels(const std::vector<osg::Vec3d>& heads, double compass,
                    std::vector<osg::Vec3d>& shown) const;
+    void look(const osg::Vec3d& along);
     double stillTime() const;
+    void warnOfTimesBeyondTheEnd() const;
 
     const Options& m_options;
     Session& m_session;
@@ -45,7 +49,9 @@ private:
     FramePublisher m_publisher;
     Offscreen m_offscreen;
     Stage m_stage;
-    bool m_written = true;  ///< the last picture
+    CameraPose m_pose;                      ///< seen from the followed actor's place, where one is followed
+    std::optional<std::size_t> m_followed;  ///< counted among the actors that are there
+    bool m_written = true;                  ///< the last picture
 };
 
 }  // namespace KivPlayer

@@ -17,6 +17,8 @@ constexpr int kShadowSide = 2048;
 constexpr int kFootprintSide = 512;
 constexpr unsigned kShadowUnit = 4;
 constexpr unsigned kFootprintUnit = 5;
+constexpr double kReachStep = 50.0;
+constexpr double kFarthestReach = 1500.0;
 constexpr double kFootprintHeight = 90.0;
 constexpr double kKeyElevation = 0.78;
 constexpr double kKeyBeside = 0.95;  // radians to the left of the first look
@@ -143,7 +145,6 @@ void Stage::setUp(const osg::BoundingBox& whole)
     m_spGridStep->set(static_cast<float>(std::pow(10.0, std::floor(std::log10(height)))));
     const double reach = 6.0 * radius;
     m_spGround->setMatrix(osg::Matrixd::scale(reach, reach, 1.0) * osg::Matrixd::translate(centre));
-    m_shadowReach = 0.0;
     light(whole);
 }
 
@@ -151,13 +152,14 @@ void Stage::light(const osg::BoundingBox& now)
 {
     if (!now.valid())
         return;
-    const double radius = static_cast<double>(now.radius()) + 25.0;
-    m_shadowReach = std::max(m_shadowReach, std::min(radius, 1500.0));
+    // In steps, so that shadows keep their grain while figures stretch.
+    const double radius = std::ceil((static_cast<double>(now.radius()) + 25.0) / kReachStep) * kReachStep;
+    const double reach = std::min(radius, kFarthestReach);
     osg::Vec3f key;
     m_spKeyDirection->get(key);
-    m_shadow.look(now.center(), -osg::Vec3d(key), m_shadowReach, 2.0 * m_shadowReach, 3.0 * m_shadowReach);
+    m_shadow.look(now.center(), -osg::Vec3d(key), reach, 2.0 * reach, 3.0 * reach);
     m_spShadowMatrix->set(osg::Matrixf(m_shadow.toTexture()));
-    m_footprint.look(floorCentre(now), osg::Vec3d(0, 0, 1), m_shadowReach, 4.0, kFootprintHeight - 4.0);
+    m_footprint.look(floorCentre(now), osg::Vec3d(0, 0, 1), reach, 4.0, kFootprintHeight - 4.0);
     m_spFootprintMatrix->set(osg::Matrixf(m_footprint.toTexture()));
 }
 

@@ -49,8 +49,6 @@ private:
     osg::ref_ptr<osg::Uniform> m_spShowGrid;
     DepthView m_shadow;
     DepthView m_footprint;
-    double m_shadowReach =
-        0.0;  ///< radius that the shadow's view covers; only grows, so that shadows keep their grain
 };
 
 }  // namespace KivPlayer
