@@ -8,6 +8,8 @@
 #include <cmath>
 #include <cstdio>
 
+#include "KivManipulator/propsgeode.h"
+
 namespace KivTestSupport {
 
 namespace {
@@ -72,7 +74,10 @@ private:
             text += matrixText(matrixTransform->getMatrix());
         }
         text += '\n';
-        traverse(node);
+        // A props' draggers are the manipulator library's own business.
+        if (!dynamic_cast<KivManipulator::PropsGeode*>(&node)) {
+            traverse(node);
+        }
     }
 };
 

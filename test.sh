@@ -1,0 +1,13 @@
+#!/usr/bin/env bash
+# test.sh: installs what is missing, builds with warnings as errors, and runs every test. Without a display; tests that
+# need one bring their own.
+set -euo pipefail
+cd "$(dirname "$(realpath "$0")")"
+
+echo "== Packages"
+packaging/install-packages.sh packaging/build-packages.txt packaging/test-packages.txt
+echo "== Build (build/dev)"
+cmake --preset dev >/dev/null
+cmake --build --preset dev
+echo "== Tests"
+ctest --preset dev -j "$(nproc)"
