@@ -2,8 +2,8 @@
 
 #include <osg/Matrixd>
 
+#include <algorithm>
 #include <cmath>
-#include <cstring>
 #include <utility>
 
 #include "host/KivAnimation/contactmarkers.h"
@@ -43,7 +43,14 @@ LocalPose blend(const LocalPose& a, const LocalPose& b, float fraction)
     return result;
 }
 
-osg::Matrixd localMatrix(const LocalPose& pose)
+/// The rows of a matrix whose last column is 0, 0, 0, 1. Plain numbers that can stay in registers: a matrix
+/// that is put together in memory and then copied is waited for.
+struct AffineRows
+{
+    double values[4][3];
+};
+
+AffineRows rowsOf(const LocalPose& pose)
 {
     const double x = pose.rotation[0], y = pose.rotation[1], z = pose.rotation[2], w = pose.rotation[3];
     const double scale = 2.0 / (x * x + y * y + z * z + w * w);
@@ -51,26 +58,45 @@ osg::Matrixd localMatrix(const LocalPose& pose)
     const double wx = sx * w, wy = sy * w, wz = sz * w;
     const double xx = sx * x, xy = sx * y, xz = sx * z;
     const double yy = sy * y, yz = sy * z, zz = sz * z;
-    return osg::Matrixd(1.0 - (yy + zz), xy + wz, xz - wy, 0.0,  //
-                        xy - wz, 1.0 - (xx + zz), yz + wx, 0.0,  //
-                        xz + wy, yz - wx, 1.0 - (xx + yy), 0.0,  //
-                        pose.position[0], pose.position[1], pose.position[2], 1.0);
+    return {{{1.0 - (yy + zz), xy + wz, xz - wy},
+             {xy - wz, 1.0 - (xx + zz), yz + wx},
+             {xz + wy, yz - wx, 1.0 - (xx + yy)},
+             {pose.position[0], pose.position[1], pose.position[2]}}};
 }
 
-/// local × parent of two matrices whose last column is 0, 0, 0, 1.
-osg::Matrixd affineProduct(const osg::Matrixd& local, const osg::Matrixd& parent)
+bool equal(const AffineRows& local, const double* matrix)
 {
-    const double* a = local.ptr();
-    const double* b = parent.ptr();
-    osg::Matrixd result;
-    double* r = result.ptr();
+    bool same = true;
     for (int row = 0; row < 4; ++row) {
-        for (int column = 0; column < 4; ++column) {
-            r[4 * row + column] = a[4 * row] * b[column] + a[4 * row + 1] * b[4 + column] +
-                                  a[4 * row + 2] * b[8 + column] + a[4 * row + 3] * b[12 + column];
+        for (int i = 0; i < 3; ++i) {
+            same = same && local.values[row][i] == matrix[4 * row + i];
         }
     }
-    return result;
+    return same;
+}
+
+void write(const AffineRows& local, double* matrix)
+{
+    for (int row = 0; row < 4; ++row) {
+        for (int i = 0; i < 3; ++i) {
+            matrix[4 * row + i] = local.values[row][i];
+        }
+        matrix[4 * row + 3] = row == 3 ? 1.0 : 0.0;
+    }
+}
+
+/// local × parent.
+void writeProduct(const AffineRows& local, const double* parent, double* product)
+{
+    for (int row = 0; row < 4; ++row) {
+        const double* a = local.values[row];
+        double sums[4];
+        for (int i = 0; i < 4; ++i) {
+            sums[i] = a[0] * parent[i] + a[1] * parent[4 + i] + a[2] * parent[8 + i] +
+                      (row == 3 ? parent[12 + i] : 0.0);
+        }
+        std::copy_n(sums, 4, product + 4 * row);
+    }
 }
 
 }  // namespace
@@ -88,8 +114,8 @@ Poser::Poser(const PoseProgram& program, std::size_t columns)
     if (!program.joints.empty()) {
         m_root = program.joints.front().bone;
     }
-    m_first.poses.resize(m_joints.size());
-    m_second.poses.resize(m_joints.size());
+    m_first.poses = m_program.prepare();
+    m_second.poses = m_first.poses;
 }
 
 Bone* Poser::findBone(const std::string& jointName) const
@@ -135,21 +161,27 @@ void Poser::pose(const MotionTable& table, std::size_t row, double fraction)
     }
 }
 
-void Poser::poseJoint(const Joint& joint, const LocalPose& local)
+void Poser::poseJoint(const Joint& joint, const LocalPose& pose)
 {
-    if (!joint.bone) {
+    Bone* const bone = joint.bone;
+    if (!bone) {
         return;
     }
-    const osg::Matrixd matrix = localMatrix(local);
-    if (!joint.fixed || joint.bone->getMatrix() != matrix) {
-        joint.bone->setMatrix(matrix);
+    const AffineRows local = rowsOf(pose);
+    if (!joint.fixed || !equal(local, bone->_matrix.ptr())) {
+        write(local, bone->_matrix.ptr());
+        bone->_inverseDirty = true;
+        bone->dirtyBound();
     }
     if (joint.update) {
-        joint.update->setMatrix(matrix);
+        joint.update->setMatrix(bone->_matrix);
     }
     const Bone* parent = joint.parent < 0 ? nullptr : m_joints[static_cast<std::size_t>(joint.parent)].bone;
-    joint.bone->setMatrixInSkeletonSpace(parent ? affineProduct(matrix, parent->getMatrixInSkeletonSpace())
-                                                : matrix);
+    if (parent) {
+        writeProduct(local, parent->_boneInSkeletonSpace.ptr(), bone->_boneInSkeletonSpace.ptr());
+    } else {
+        write(local, bone->_boneInSkeletonSpace.ptr());
+    }
 }
 
 }  // namespace KivAnimation

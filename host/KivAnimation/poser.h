@@ -47,7 +47,7 @@ private:
     };
 
     void provideRow(EvaluatedRow& wanted, const MotionTable& table, std::size_t row);
-    void poseJoint(const Joint& joint, const LocalPose& local);
+    void poseJoint(const Joint& joint, const LocalPose& pose);
 
     RowProgram m_program;
     std::vector<Joint> m_joints;

@@ -77,10 +77,6 @@ RowProgram::RowProgram(const PoseProgram& program, std::size_t columns) : m_step
     for (const PoseProgram::Joint& joint : program.joints) {
         compileJoint(program, joint);
     }
-    const std::size_t blocks = (m_turnColumns.size() + kAngleBlock - 1) / kAngleBlock;
-    for (std::vector<float>* scratch : {&m_angles, &m_sines, &m_cosines}) {
-        scratch->assign(blocks * kAngleBlock, 0.0f);
-    }
 }
 
 void RowProgram::compileJoint(const PoseProgram& program, const PoseProgram::Joint& source)
@@ -104,7 +100,6 @@ void RowProgram::compileJoint(const PoseProgram& program, const PoseProgram::Joi
     }
     if (std::none_of(begin, end, readsColumn)) {
         joint.shape = Shape::Fixed;
-        std::for_each(begin, end, [&joint](const PoseStep& step) { append(joint.rest, step); });
     } else if (compileThreeTurns(joint)) {
         joint.shape = Shape::ThreeTurns;
     }
@@ -133,50 +128,80 @@ bool RowProgram::compileThreeTurns(Joint& joint)
     joint.parity = joint.axes[1] == (joint.axes[0] + 1) % 3 ? 1.0f : -1.0f;
     const auto shiftsEnd = std::stable_partition(
         begin, firstTurn, [](const PoseStep& step) { return step.kind == PoseStep::Kind::Shift; });
-    joint.shiftCount = static_cast<std::uint32_t>(shiftsEnd - begin);
-    std::for_each(shiftsEnd, firstTurn, [&joint](const PoseStep& step) { append(joint.rest, step); });
+    joint.stepCount = static_cast<std::uint32_t>(shiftsEnd - begin);
+    std::for_each(shiftsEnd, firstTurn, [&joint](const PoseStep& step) {
+        for (int i = 0; i < 3; ++i) {
+            joint.position[i] += step.vector[i];
+        }
+    });
     return true;
 }
 
-void RowProgram::lookUpAngles(const float* row)
+LocalPose RowProgram::evaluateFixed(const Joint& joint) const
 {
-    for (std::size_t i = 0; i < m_turnColumns.size(); ++i) {
-        m_angles[i] = row[m_turnColumns[i]] * m_turnFactors[i];
+    LocalPose pose;
+    for (std::uint32_t i = 0; i < joint.stepCount; ++i) {
+        append(pose, m_steps[joint.firstStep + i]);
     }
-    for (std::size_t i = 0; i < m_angles.size(); i += kAngleBlock) {
-        sineAndCosine(&m_angles[i], &m_sines[i], &m_cosines[i]);
+    return pose;
+}
+
+std::vector<LocalPose> RowProgram::prepare() const
+{
+    std::vector<LocalPose> poses(m_joints.size());
+    for (std::size_t i = 0; i < m_joints.size(); ++i) {
+        if (isFixed(i)) {
+            poses[i] = evaluateFixed(m_joints[i]);
+        }
+    }
+    return poses;
+}
+
+void RowProgram::lookUpAngles(const float* row, Angles& angles) const
+{
+    const std::size_t count = m_turnColumns.size();
+    const std::size_t padded = (count + kAngleBlock - 1) / kAngleBlock * kAngleBlock;
+    if (angles.turns.size() < padded) {
+        for (std::vector<float>* values : {&angles.turns, &angles.sines, &angles.cosines}) {
+            values->resize(padded);
+        }
+    }
+    for (std::size_t i = 0; i < count; ++i) {
+        angles.turns[i] = usableAngle(row[m_turnColumns[i]] * m_turnFactors[i]);
+    }
+    for (std::size_t i = 0; i < padded; i += kAngleBlock) {
+        sineAndCosine(&angles.turns[i], &angles.sines[i], &angles.cosines[i]);
     }
 }
 
-void RowProgram::evaluate(const float* row, LocalPose* poses)
+void RowProgram::evaluate(const float* row, LocalPose* poses) const
 {
-    lookUpAngles(row);
-    for (const Joint& joint : m_joints) {
-        LocalPose& pose = *poses++;
-        switch (joint.shape) {
-            case Shape::Fixed:
-                pose = joint.rest;
-                break;
-            case Shape::ThreeTurns:
-                evaluateThreeTurns(joint, row, pose);
-                break;
-            case Shape::General:
-                evaluateGeneral(joint, row, pose);
-                break;
+    thread_local Angles s_angles;
+    Angles& angles = s_angles;
+    lookUpAngles(row, angles);
+    for (std::size_t i = 0; i < m_joints.size(); ++i) {
+        const Joint& joint = m_joints[i];
+        if (joint.shape == Shape::ThreeTurns) {
+            evaluateThreeTurns(joint, row, angles, poses[i]);
+        } else if (joint.shape == Shape::General) {
+            evaluateGeneral(joint, row, angles, poses[i]);
         }
     }
 }
 
-void RowProgram::evaluateThreeTurns(const Joint& joint, const float* row, LocalPose& pose) const
+void RowProgram::evaluateThreeTurns(const Joint& joint, const float* row, const Angles& angles,
+                                    LocalPose& pose) const
 {
-    std::copy_n(joint.rest.position, 3, pose.position);
-    for (std::uint32_t i = 0; i < joint.shiftCount; ++i) {
+    for (int i = 0; i < 3; ++i) {
+        pose.position[i] = joint.position[i];
+    }
+    for (std::uint32_t i = 0; i < joint.stepCount; ++i) {
         const PoseStep& step = m_steps[joint.firstStep + i];
         pose.position[step.axis] += row[step.column] * step.factor;
     }
     // The product of the three turns, written out.
-    const float* s = &m_sines[joint.firstTurn];
-    const float* c = &m_cosines[joint.firstTurn];
+    const float* s = &angles.sines[joint.firstTurn];
+    const float* c = &angles.cosines[joint.firstTurn];
     const float e = joint.parity;
     pose.rotation[joint.axes[0]] = s[0] * c[1] * c[2] + e * c[0] * s[1] * s[2];
     pose.rotation[joint.axes[1]] = c[0] * s[1] * c[2] - e * s[0] * c[1] * s[2];
@@ -184,7 +209,8 @@ void RowProgram::evaluateThreeTurns(const Joint& joint, const float* row, LocalP
     pose.rotation[3] = c[0] * c[1] * c[2] - e * s[0] * s[1] * s[2];
 }
 
-void RowProgram::evaluateGeneral(const Joint& joint, const float* row, LocalPose& pose) const
+void RowProgram::evaluateGeneral(const Joint& joint, const float* row, const Angles& angles,
+                                 LocalPose& pose) const
 {
     pose = LocalPose();
     std::size_t turn = joint.firstTurn;
@@ -195,7 +221,7 @@ void RowProgram::evaluateGeneral(const Joint& joint, const float* row, LocalPose
                 appendMove(pose, alongAxis(step.axis, row[step.column] * step.factor));
                 break;
             case PoseStep::Kind::Turn:
-                appendTurn(pose.rotation, step.axis, m_sines[turn], m_cosines[turn]);
+                appendTurn(pose.rotation, step.axis, angles.sines[turn], angles.cosines[turn]);
                 ++turn;
                 break;
             default:

@@ -34,8 +34,13 @@ public:
     bool isFixed(std::size_t joint) const { return m_joints[joint].shape == Shape::Fixed; }
 
     /// @param row   one row of the table that the program was made for.
-    /// @param poses room for jointCount() results; allocates nothing.
-    void evaluate(const float* row, LocalPose* poses);
+    /// @param poses the results of prepare() or of an earlier row. Allocates nothing once the thread has
+    /// evaluated
+    ///              a program with as many turns.
+    void evaluate(const float* row, LocalPose* poses) const;
+
+    /// Results for evaluate() to fill in, with those of the fixed joints in place.
+    std::vector<LocalPose> prepare() const;
 
 private:
     enum class Shape : std::uint8_t
@@ -45,31 +50,38 @@ private:
         General
     };
 
+    /// Small, because it is read for every joint of every actor in every frame.
     struct Joint
     {
         Shape shape = Shape::General;
         std::uint8_t axes[3] = {0, 1, 2};  ///< ThreeTurns
         float parity = 1.0f;               ///< ThreeTurns: -1 where the axes are an odd permutation
+        float position[3] = {0, 0, 0};     ///< ThreeTurns: where the shifts start
         std::uint32_t firstStep = 0;
-        std::uint32_t stepCount = 0;
-        std::uint32_t shiftCount = 0;  ///< ThreeTurns: how many of the steps are shifts, the first ones
-        std::uint32_t firstTurn = 0;   ///< into the sines and cosines
-        LocalPose rest;                ///< Fixed: the result; ThreeTurns: where the shifts start
+        std::uint32_t stepCount = 0;  ///< ThreeTurns: of the shifts, which are the first steps
+        std::uint32_t firstTurn = 0;  ///< into the sines and cosines
+    };
+
+    /// What the angles of a row come to. One for all programs of a thread: it stays in the nearest cache.
+    struct Angles
+    {
+        std::vector<float> turns;  ///< padded to whole blocks, like the next two
+        std::vector<float> sines;
+        std::vector<float> cosines;
     };
 
     void compileJoint(const PoseProgram& program, const PoseProgram::Joint& source);
     bool compileThreeTurns(Joint& joint);
-    void lookUpAngles(const float* row);
-    void evaluateThreeTurns(const Joint& joint, const float* row, LocalPose& pose) const;
-    void evaluateGeneral(const Joint& joint, const float* row, LocalPose& pose) const;
+    LocalPose evaluateFixed(const Joint& joint) const;
+    void lookUpAngles(const float* row, Angles& angles) const;
+    void evaluateThreeTurns(const Joint& joint, const float* row, const Angles& angles,
+                            LocalPose& pose) const;
+    void evaluateGeneral(const Joint& joint, const float* row, const Angles& angles, LocalPose& pose) const;
 
     std::vector<Joint> m_joints;
     std::vector<PoseStep> m_steps;
     std::vector<std::uint32_t> m_turnColumns;  ///< in the order of the program's turns
     std::vector<float> m_turnFactors;          ///< from a column's value to half the angle in full turns
-    std::vector<float> m_angles;               ///< scratch, padded to whole blocks, like the next two
-    std::vector<float> m_sines;
-    std::vector<float> m_cosines;
 };
 
 }  // namespace KivAnimation

@@ -24,6 +24,8 @@ protected:
     ~Bone() override;
 
 private:
+    friend class Poser;  // playback writes both matrices in place
+
     osg::Matrixd m_initialMatrix;
 };
 

@@ -22,7 +22,7 @@ Values of(float turns)
     float sines[kAngleBlock];
     float cosines[kAngleBlock];
     for (float& angle : angles) {
-        angle = turns;
+        angle = KivAnimation::usableAngle(turns);
     }
     sineAndCosine(angles, sines, cosines);
     return {sines[kAngleBlock - 1], cosines[kAngleBlock - 1]};

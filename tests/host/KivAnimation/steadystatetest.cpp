@@ -16,7 +16,12 @@ std::atomic<long> g_allocations{0};
 
 }  // namespace
 
-// Replaced for the whole program, the libraries that it loads included.
+// Replaced for the whole program, the libraries that it loads included. The compiler may inline one half of a
+// pair and then takes it for a mismatch.
+#if defined(__GNUC__) && !defined(__clang__)
+#pragma GCC diagnostic ignored "-Wmismatched-new-delete"
+#endif
+
 void* operator new(std::size_t size)
 {
     ++g_allocations;
