@@ -14,7 +14,7 @@ namespace KivManipulator {
 
 namespace {
 
-constexpr unsigned int kTurnSegments = 48;
+constexpr unsigned int kTurnSegments = 64;
 constexpr unsigned int kTubeSegments = 12;
 // The scene's own transparent parts are drawn in bin 10.
 constexpr int kFaintBin = 11;

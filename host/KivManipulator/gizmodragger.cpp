@@ -2,7 +2,7 @@
 
 #include <osgManipulator/Command>
 
-#include <algorithm>
+#include <utility>
 
 #include "propspose.h"
 
@@ -167,9 +167,6 @@ bool GizmoDragger::receive(const osgManipulator::MotionCommand& command)
         m_pListener->dragStarted(*this);
         return true;
     }
-    // The base would move from the start of an earlier drag.
-    if (command.getStage() != osgManipulator::MotionCommand::MOVE || !m_started)
-        return false;
     const osg::Matrixd before = getMatrix();
     osgManipulator::CompositeDragger::receive(command);
     const double size = getMatrix().getScale().x();

@@ -151,8 +151,6 @@ osg::BoundingSphere PropsGeode::computeBound() const
     for (unsigned int i = 0; i < getNumChildren(); ++i)
         if (getChild(i)->getNodeMask() != 0)
             bound.expandBy(getChild(i)->getBound());
-    if (bound.valid())
-        bound.set(bound.center() * getMatrix(), bound.radius() * static_cast<float>(getMatrix().getScale().x()));
     return bound;
 }
 

@@ -18,7 +18,8 @@ class PropsEdit;
 /// A props that the user moves: two draggers, one for the props and one for its contact point, both hidden
 /// until shown. It stands beside the props transform, under the same parent, so that both share one space:
 /// the frame of the bone that carries the props. Poses and points below are in that frame, in scene units.
-/// Playback moves the bone and with it props and draggers; the pose in the bone's frame stays.
+/// Playback moves the bone and with it props and draggers; the pose in the bone's frame stays. The geode's
+/// own matrix stays identity.
 ///
 /// The contact point belongs to the props and moves with it. It starts at the origin of the props' own space,
 /// where the bone holds the props.
