@@ -52,6 +52,7 @@ TEST(PropsPose, readsARotationAndAPlaceFromNumbersOfAnySize)
     for (const osg::Matrixd& matrix :
          {osg::Matrixd::scale(1e308, 1.0, 1e-300), osg::Matrixd::scale(1e-300, 1e-300, 1e-300),
           osg::Matrixd::scale(1e200, 1e200, 1e200) * osg::Matrixd::rotate(1.0, 1.0, 1.0, 0.0),
+          osg::Matrixd(1e-8, 0, 0, 0, 5e-324, 0, 0, 0, 1, 1e-8, 2, 0, 0, 0, 0, 1),
           osg::Matrixd(1, 2, 3, 0, 2, 4, 6, 0, -1, -2, -3, 0, 0, 0, 0, 1)}) {
         const PropsPose pose = poseOf(matrix);
         EXPECT_NEAR(pose.rotation.length(), 1.0, 1e-6);
