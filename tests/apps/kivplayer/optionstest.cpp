@@ -76,6 +76,7 @@ INSTANTIATE_TEST_SUITE_P(
                 "a point other than"},
         Refused{
             "unknownThingToShow", {"a.bvh", "--output", "a.png", "--show", "com,bones"}, "found \"bones\""},
+        Refused{"followNobody", {"a.bvh", "--output", "a.png", "--follow", "1"}, "0 for the first"},
         Refused{"moreNamesThanMotions",
                 {"a.bvh", "--no-render", "--name", "A", "--name", "B"},
                 "given 2 times for 1 motion"},
