@@ -6,8 +6,7 @@
 #include <utility>
 
 #include "KivReader/motiondocument.h"
-#include "host/KivReader/motionfigure.h"
-#include "host/KivReader/readingoptions.h"
+#include "host/KivReader/profiledfigure.h"
 #include "host/KivReader/skeletonbuilder.h"
 
 namespace KivReader {
@@ -41,6 +40,22 @@ std::string& errorOfThisThread()
     return s_error;
 }
 
+ProfileRecord& profileOfThisThread()
+{
+    thread_local ProfileRecord s_profile;
+    return s_profile;
+}
+
+ProfileOptions wantedFrom(const osgDB::Options* options)
+{
+    std::string error;
+    const ProfileOptions wanted =
+        profileOptionsFrom(options == nullptr ? std::string() : options->getOptionString(), error);
+    if (!error.empty())
+        throw std::runtime_error(error);
+    return wanted;
+}
+
 KivAnimation::MotionTable takeTable(MotionDocument& document)
 {
     KivAnimation::MotionTable table;
@@ -63,14 +78,14 @@ MotionDocument documentFrom(const std::string& text)
 BuiltSkeleton readSkeleton(const std::string& text, const osgDB::Options* options, std::string& name,
                            bool qualifyNames)
 {
-    const ReadingOptions wanted = readingOptionsFrom(optionsFor(options).get());
-    if (!wanted.error.empty())
-        throw std::runtime_error(wanted.error);
+    const ProfileOptions wanted = wantedFrom(optionsFor(options).get());
     MotionDocument document = documentFrom(text);
-    const MotionFigure figure = makeFigure(document, wanted.frame);
+    ProfiledFigure profiled = makeProfiledFigure(document, wanted);
     if (name.empty())
-        name = figure.joints.front().name;
-    BuiltSkeleton built = buildSkeleton(figure, takeTable(document), qualifyNames ? name : std::string());
+        name = profiled.figure.joints.front().name;
+    BuiltSkeleton built =
+        buildSkeleton(profiled.figure, takeTable(document), qualifyNames ? name : std::string());
+    profileOfThisThread() = std::move(profiled.record);
     built.node->setName(name);
     built.animation->setName(name);
     return built;
@@ -82,6 +97,7 @@ bool ReaderWriterBVH::readBVHNode(const std::string& text, const osgDB::Options*
                                   KivAnimation::Animation** animation, std::string& name, bool qualifyNames)
 {
     errorOfThisThread().clear();
+    profileOfThisThread() = ProfileRecord();
     if (node == nullptr || animation == nullptr) {
         errorOfThisThread() = "no place for the node and the animation";
         return false;
@@ -102,11 +118,17 @@ bool ReaderWriterBVH::readBVHNode(const std::string& text, const osgDB::Options*
 void ReaderWriterBVH::resetKivReader()
 {
     errorOfThisThread().clear();
+    profileOfThisThread() = ProfileRecord();
 }
 
 std::string ReaderWriterBVH::lastError()
 {
     return errorOfThisThread();
+}
+
+ProfileRecord ReaderWriterBVH::lastProfile()
+{
+    return profileOfThisThread();
 }
 
 void ReaderWriterBVH::setDefaultOptions(const osgDB::Options* options)

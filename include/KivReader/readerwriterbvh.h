@@ -7,6 +7,7 @@
 
 #include "KivAnimation/animation.h"
 #include "KivCommonDef/sharedlibrary.h"
+#include "KivReader/humanoidprofile.h"
 
 namespace KivReader {
 
@@ -19,7 +20,9 @@ public:
     /// reached along first children. An end site becomes a bone. A hierarchy without motion is a skeleton at
     /// rest.
     ///
-    /// @param options      null: the default options are used.
+    /// @param options      null: the default options are used. Their option string may ask for the profile
+    /// step that
+    ///                     makes any humanoid ready for dressing; its words are those of profileOptionsFrom.
     /// @param node         receives the group, with reference count 0, for the caller to hold.
     /// @param animation    receives the animation, likewise.
     /// @param name         the qualifier of the bones' names; an empty one is filled with the root joint's
@@ -30,11 +33,14 @@ public:
     static bool readBVHNode(const std::string& text, const osgDB::Options* options, osg::Node** node,
                             KivAnimation::Animation** animation, std::string& name, bool qualifyNames);
 
-    /// Forgets the last error. The default options stay.
+    /// Forgets the last error and the last profile. The default options stay.
     static void resetKivReader();
 
     /// Why this thread's last reading was refused: "line 12, column 5: …"; empty after a success.
     static std::string lastError();
+
+    /// What this thread's last reading did to the file's joints; an empty record after a refusal.
+    static ProfileRecord lastProfile();
 
     /// The options of a call that passes none; none at first. Null takes them away.
     static void setDefaultOptions(const osgDB::Options* options);

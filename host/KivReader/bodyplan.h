@@ -1,0 +1,58 @@
+#pragma once
+
+#include <map>
+#include <string>
+#include <vector>
+
+#include "KivReader/humanoidprofile.h"
+#include "host/KivReader/figurepose.h"
+#include "host/KivReader/jointmatching.h"
+#include "host/KivReader/motionfigure.h"
+
+namespace KivReader {
+
+/// What the plan is made from: a figure in the scene's frame and units, at rest.
+struct BodySource
+{
+    const MotionFigure& figure;
+    const Placements& rest;  ///< of the figure's joints
+    const JointMatching& matching;
+    const RestFigure& avatar;
+    double height;  ///< standing
+};
+
+/// A joint of the figure to be: rigid with one of the file's joints, at a fixed place in that joint's frame.
+/// So whatever is folded, inserted or hung elsewhere, it moves exactly as the file has it.
+struct PlannedJoint
+{
+    std::string name;
+    std::int32_t parent = -1;  ///< index into the plan
+    std::int32_t source = -1;  ///< index into the file's joints
+    bool isSource = false;     ///< it is that joint, at its place
+    osg::Vec3d place;          ///< at rest, in the scene
+    osg::Quat turn;            ///< at rest: from the avatar's axes to the scene's
+    std::string along;         ///< of an inserted joint: where it stands
+    bool endSite = false;
+};
+
+struct BodyPlan
+{
+    std::vector<PlannedJoint> joints;
+    std::map<std::string, std::size_t> index;  ///< of the avatar's joints, by name
+
+    bool has(const std::string& name) const { return index.count(name) > 0; }
+    const PlannedJoint& at(const std::string& name) const { return joints[index.at(name)]; }
+};
+
+/// Every joint of the avatar with its place and its axes.
+BodyPlan planBody(const BodySource& source);
+
+/// Adds the file's joints that are none of the avatar's and not between two of them, so that nothing of the
+/// file's is lost, and says in the record what became of every joint.
+void planTheRest(BodyPlan& plan, const BodySource& source, ProfileRecord& record);
+
+/// The planned figure, its parents first and its hips on the way along first children.
+MotionFigure assemble(const BodyPlan& plan, const BodySource& source, double groundShift,
+                      ProfileRecord& record);
+
+}  // namespace KivReader

@@ -1,0 +1,137 @@
+#include "KivReader/humanoidprofile.h"
+
+#include <algorithm>
+#include <array>
+
+#include "host/KivReader/bodyplan.h"
+#include "host/KivReader/humanoidmeasure.h"
+#include "host/KivReader/profiledfigure.h"
+
+namespace KivReader {
+
+namespace {
+
+using Kind = KivAnimation::PoseStep::Kind;
+
+constexpr std::array<const char*, 8> kLimbs = {"LeftUpLeg", "RightUpLeg", "LeftLeg",     "RightLeg",
+                                               "LeftArm",   "RightArm",   "LeftForeArm", "RightForeArm"};
+constexpr std::size_t kSettledFrames = 25;
+
+/// Why this is no humanoid; empty if it is one.
+std::string missingLimbs(const JointMatching& matching)
+{
+    std::string missing;
+    for (const char* name : kLimbs) {
+        if (!matching.has(name))
+            missing += (missing.empty() ? "" : ", ") + std::string(name);
+    }
+    return missing.empty() ? missing : "there is no " + missing;
+}
+
+/// What both legs hang from are the hips, whatever their name.
+void findHips(JointMatching& matching, const MotionFigure& figure, ProfileRecord& record)
+{
+    if (matching.has("Hips"))
+        return;
+    auto left = static_cast<std::int32_t>(matching.at("LeftUpLeg"));
+    auto right = static_cast<std::int32_t>(matching.at("RightUpLeg"));
+    while (left != right) {
+        std::int32_t& later = left > right ? left : right;
+        later = figure.joints[static_cast<std::size_t>(later)].parent;
+    }
+    const auto hips = static_cast<std::size_t>(left);
+    for (const auto& [name, joint] : matching.joints) {
+        if (joint == hips)
+            return;
+    }
+    matching.joints["Hips"] = hips;
+    record.warnings.push_back("no joint is called Hips; " + figure.joints[hips].name +
+                              " is what both legs hang from");
+}
+
+/// Joints whose own columns move them may stand elsewhere than their offsets say, all through the motion.
+void settleOffsets(MotionFigure& figure, const MatchedMotion& motion)
+{
+    const auto hips = static_cast<std::int32_t>(motion.matching.at("Hips"));
+    std::vector<bool> isOverHips(figure.joints.size());
+    for (std::int32_t i = hips; i >= 0; i = figure.joints[static_cast<std::size_t>(i)].parent)
+        isOverHips[static_cast<std::size_t>(i)] = true;
+    const std::vector<std::size_t> frames = motion.sampledFrames(kSettledFrames);
+    for (std::size_t i = 0; i < figure.joints.size(); ++i) {
+        MotionFigure::Joint& joint = figure.joints[i];
+        const bool shifts = std::any_of(joint.steps.begin(), joint.steps.end(),
+                                        [](const auto& step) { return step.kind == Kind::Shift; });
+        if (!shifts || isOverHips[i] || frames.empty())
+            continue;
+        osg::Vec3d sum;
+        for (const std::size_t frame : frames)
+            sum += moved(Placement(), joint.steps, motion.row(frame)).place;
+        joint.offset = sum / static_cast<double>(frames.size());
+    }
+}
+
+MotionFigure profiled(const MatchedMotion& motion, const ProfileOptions& options, ProfileRecord& record)
+{
+    MotionFigure figure = makeFigure(motion.document, findFrame(motion, options, record));
+    settleOffsets(figure, motion);
+    const bool useFirstFrame = options.firstFrameIsRest && motion.document.frames > 0;
+    const Placements rest = useFirstFrame ? placed(figure, motion.row(0)) : MatchedMotion::atRest(figure);
+    record.height = standingHeight(motion, figure);
+    record.groundShift = groundShift(motion, figure, record.height, motion.avatar.place("LeftFoot").z());
+    const BodySource source = {figure, rest, motion.matching, motion.avatar, record.height};
+    BodyPlan plan = planBody(source);
+    planTheRest(plan, source, record);
+    return assemble(plan, source, record.groundShift, record);
+}
+
+FileFrame frameAsAsked(const ProfileOptions& options)
+{
+    FileFrame frame;
+    if (options.unit > 0.0)
+        frame.unit = options.unit;
+    frame.up = options.up == ProfileOptions::Up::Z ? UpAxis::Z : UpAxis::Y;
+    return frame;
+}
+
+ProfiledFigure asItStands(const MotionDocument& document, const ProfileOptions& options, ProfileRecord record)
+{
+    const FileFrame frame = frameAsAsked(options);
+    record.unit = options.unit > 0.0 ? "asked for" : "cm";
+    record.centimetresPerUnit = frame.unit;
+    record.unitReason = record.upReason = "the file is read as it stands";
+    record.upAxis = frame.up == UpAxis::Z ? "z" : "y";
+    return {makeFigure(document, frame), std::move(record)};
+}
+
+}  // namespace
+
+ProfiledFigure makeProfiledFigure(const MotionDocument& document, const ProfileOptions& options)
+{
+    ProfileRecord record;
+    if (options.use == ProfileOptions::Use::Off) {
+        record.whyNot = "the profile is off";
+        return asItStands(document, options, std::move(record));
+    }
+    const ProfileTable table = profileTableWith(options.tableFile);
+    const MotionFigure raw = makeFigure(document, FileFrame());
+    JointMatching matching = matchJoints(raw, table);
+    record.dialect = matching.dialect;
+    record.ambiguous = matching.ambiguous;
+    record.whyNot = missingLimbs(matching);
+    if (record.whyNot.empty())
+        findHips(matching, raw, record);
+    if (record.whyNot.empty() && !matching.has("Hips"))
+        record.whyNot = "there is no joint for the hips";
+    if (!record.whyNot.empty())
+        return asItStands(document, options, std::move(record));
+    record.isHumanoid = true;
+    MotionFigure figure = profiled({document, matching, table.figure}, options, record);
+    return {std::move(figure), std::move(record)};
+}
+
+ProfileRecord profileMotion(const MotionDocument& document, const ProfileOptions& options)
+{
+    return makeProfiledFigure(document, options).record;
+}
+
+}  // namespace KivReader

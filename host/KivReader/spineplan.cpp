@@ -1,0 +1,297 @@
+#include "host/KivReader/spineplan.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+
+#include "host/KivReader/humanoidmeasure.h"
+
+namespace KivReader {
+
+namespace {
+
+constexpr std::array<const char*, 4> kSlots = {"Spine", "Spine1", "Spine2", "Spine3"};
+
+constexpr double kOnTop = 0.01;      ///< of the height: joints as near as this coincide
+constexpr double kApart = 0.03;      ///< of the spine: at least so far from one spine joint to the next
+constexpr double kAboutThere = 0.2;  ///< of the spine: how far a kept joint may be from where it belongs
+constexpr double kChestLow = 0.55;   ///< of the spine: the chest's joint is between these
+constexpr double kChestHigh = 0.92;
+constexpr int kChestSteps = 100;
+
+class SpineFinder
+{
+public:
+    SpineFinder(Spots& spots, const BodySource& source, const osg::Quat& heading)
+        : m_spots(spots),
+          m_source(source),
+          m_up(heading * osg::Vec3d(0, 0, 1)),
+          m_arms(middle(source.rest, source.matching, "LeftArm", "RightArm"))
+    {
+        m_line.push_back({spotOf(source, source.matching.at("Hips")), "Hips"});
+        for (const char* slot : kSlots) {
+            if (source.matching.has(slot))
+                m_line.push_back({spotOf(source, source.matching.at(slot)), slot});
+        }
+        m_top = m_line.back().spot.source;
+    }
+
+    void find()
+    {
+        findHead();
+        findNeck();
+        m_line.push_back({m_spots["Neck"], "Neck"});
+        measureLine();
+        findDesired();
+        keepWhatIsThere();
+        fillIn();
+    }
+
+private:
+    struct Vertex
+    {
+        Spot spot;
+        std::string slot;
+        double at = 0.0;  ///< along the line from the hips
+    };
+
+    double avatarAbove(const char* joint, const char* other) const
+    {
+        return m_source.avatar.place(joint).z() - m_source.avatar.place(other).z();
+    }
+
+    /// The crown as the file has it above a joint, or else at the avatar's proportions above the arms.
+    osg::Vec3d crownAbove(std::int32_t joint) const
+    {
+        const double wanted = avatarAbove("Head", "LeftArm") + m_source.avatar.ends.at("Head").z();
+        const double total = m_source.avatar.place("Head").z() + m_source.avatar.ends.at("Head").z();
+        const osg::Vec3d guessed = m_arms + m_up * (wanted / total * m_source.height);
+        for (std::size_t i = 0; i < m_source.figure.joints.size(); ++i) {
+            const MotionFigure::Joint& child = m_source.figure.joints[i];
+            if (child.parent != joint || !child.endSite)
+                continue;
+            const osg::Vec3d above = m_source.rest[i].place - m_arms;
+            if (above * m_up > 0.5 * (guessed - m_arms).length())
+                return m_source.rest[i].place;
+        }
+        return guessed;
+    }
+
+    void findHead()
+    {
+        if (m_source.matching.has("Head")) {
+            m_spots["Head"] = spotOf(m_source, m_source.matching.at("Head"));
+            return;
+        }
+        const bool hasNeck = m_source.matching.has("Neck");
+        Spot spot;
+        spot.source = hasNeck ? static_cast<std::int32_t>(m_source.matching.at("Neck")) : m_top;
+        spot.along = nameOf(spot.source) + "&" + nameOf(spot.source) + "End";
+        const osg::Vec3d from = hasNeck ? placeOf(spot.source) : m_arms;
+        const char* below = hasNeck ? "Neck" : "LeftArm";
+        const double part =
+            avatarAbove("Head", below) / (avatarAbove("Head", below) + m_source.avatar.ends.at("Head").z());
+        spot.place = from + (crownAbove(spot.source) - from) * part;
+        m_spots["Head"] = spot;
+    }
+
+    void findNeck()
+    {
+        const Spot& head = m_spots["Head"];
+        Spot spot;
+        spot.source = m_top;
+        if (m_source.matching.has("Neck")) {
+            spot = spotOf(m_source, m_source.matching.at("Neck"));
+            if ((spot.place - head.place).length() > kOnTop * m_source.height) {
+                m_spots["Neck"] = spot;
+                return;
+            }
+        }
+        spot.isSource = false;
+        spot.along = nameOf(m_top) + "&" + (head.isSource ? nameOf(head.source) : std::string("Head"));
+        spot.place = m_arms + (head.place - m_arms) *
+                                  (avatarAbove("Neck", "LeftArm") / avatarAbove("Head", "LeftArm"));
+        m_spots["Neck"] = spot;
+    }
+
+    void measureLine()
+    {
+        for (std::size_t i = 1; i < m_line.size(); ++i)
+            m_line[i].at = m_line[i - 1].at + (m_line[i].spot.place - m_line[i - 1].spot.place).length();
+        m_length = m_line.back().at;
+    }
+
+    /// The segment that a place along the line is on, by its lower end.
+    std::size_t segmentAt(double at) const
+    {
+        std::size_t segment = 0;
+        while (segment + 2 < m_line.size() && m_line[segment + 1].at <= at)
+            ++segment;
+        return segment;
+    }
+
+    osg::Vec3d placeAt(double at) const
+    {
+        const Vertex& low = m_line[segmentAt(at)];
+        const Vertex& high = m_line[segmentAt(at) + 1];
+        const double length = high.at - low.at;
+        const double part = length > 0.0 ? (at - low.at) / length : 0.0;
+        return low.spot.place + (high.spot.place - low.spot.place) * part;
+    }
+
+    /// The chest piece carries the arms' sockets, and hips and chest are drawn as wide as the hips are: so
+    /// its joint has to be as far below the arms as it is on an avatar with such hips.
+    double chestAt() const
+    {
+        const osg::Vec3d hips = m_source.rest[m_source.matching.at("LeftUpLeg")].place -
+                                m_source.rest[m_source.matching.at("RightUpLeg")].place;
+        const osg::Vec3d avatarHips =
+            m_source.avatar.place("LeftUpLeg") - m_source.avatar.place("RightUpLeg");
+        const double below = avatarAbove("LeftArm", "Spine3") * hips.length() / avatarHips.length();
+        const double wanted = m_arms * m_up - below;
+        double best = kChestLow * m_length;
+        for (int step = 0; step <= kChestSteps; ++step) {
+            const double at = m_length * (kChestLow + (kChestHigh - kChestLow) * step / kChestSteps);
+            if (std::fabs(placeAt(at) * m_up - wanted) < std::fabs(placeAt(best) * m_up - wanted))
+                best = at;
+        }
+        return best;
+    }
+
+    void findDesired()
+    {
+        const double chest = chestAt();
+        for (std::size_t i = 0; i < kSlots.size(); ++i)
+            m_desired[i] = chest * avatarAbove(kSlots[i], "Hips") / avatarAbove("Spine3", "Hips");
+    }
+
+    const Vertex* vertexOf(const std::string& slot) const
+    {
+        for (const Vertex& vertex : m_line) {
+            if (vertex.slot == slot)
+                return &vertex;
+        }
+        return nullptr;
+    }
+
+    bool belongsThere(const Vertex& vertex, std::size_t slot) const
+    {
+        if (m_line.size() == kSlots.size() + 2)
+            return true;
+        const bool roomForChest =
+            slot + 1 == kSlots.size() || vertex.at < m_desired.back() - kApart * m_length;
+        return roomForChest && std::fabs(vertex.at - m_desired[slot]) <= kAboutThere * m_length;
+    }
+
+    void keepWhatIsThere()
+    {
+        double last = 0.0;
+        for (std::size_t i = 0; i < kSlots.size(); ++i) {
+            const Vertex* vertex = vertexOf(kSlots[i]);
+            if (vertex == nullptr || vertex->at < last + kApart * m_length ||
+                vertex->at > (1.0 - kApart) * m_length || !belongsThere(*vertex, i))
+                continue;
+            last = vertex->at;
+            m_at[i] = last;
+            m_isKept[i] = true;
+            m_spots[kSlots[i]] = vertex->spot;
+        }
+    }
+
+    /// One run of slots that no joint was kept for, from the first up to but not including the last.
+    void fillRun(std::size_t first, std::size_t last)
+    {
+        const bool reachesNeck = last == kSlots.size();
+        const double lowAt = first == 0 ? 0.0 : m_at[first - 1];
+        const double highAt = reachesNeck ? m_length : m_at[last];
+        const double lowWish = first == 0 ? 0.0 : m_desired[first - 1];
+        const double highWish = reachesNeck ? m_length : m_desired[last];
+        const bool wishesFit =
+            m_desired[first] > lowAt + kApart * m_length && m_desired[last - 1] < highAt - kApart * m_length;
+        for (std::size_t i = first; i < last; ++i) {
+            m_at[i] = wishesFit ? m_desired[i]
+                                : lowAt + (m_desired[i] - lowWish) / (highWish - lowWish) * (highAt - lowAt);
+            insert(i);
+        }
+    }
+
+    void fillIn()
+    {
+        for (std::size_t i = 0; i < kSlots.size();) {
+            std::size_t last = i;
+            while (last < kSlots.size() && !m_isKept[last])
+                ++last;
+            if (last > i)
+                fillRun(i, last);
+            i = last + 1;
+        }
+    }
+
+    /// Rigid with what turns the spine at this height; the chest with what the arms hang from.
+    void insert(std::size_t slot)
+    {
+        const std::size_t segment = segmentAt(m_at[slot]);
+        Spot spot;
+        spot.place = placeAt(m_at[slot]);
+        spot.source = slot + 1 == kSlots.size() ? m_top : m_line[segment].spot.source;
+        spot.along = nameOf(m_line[segment].spot.source) + "&" +
+                     (m_line[segment + 1].spot.isSource ? nameOf(m_line[segment + 1].spot.source)
+                                                        : m_line[segment + 1].slot);
+        m_spots[kSlots[slot]] = spot;
+    }
+
+    std::string nameOf(std::int32_t joint) const
+    {
+        return m_source.figure.joints[static_cast<std::size_t>(joint)].name;
+    }
+    const osg::Vec3d& placeOf(std::int32_t joint) const
+    {
+        return m_source.rest[static_cast<std::size_t>(joint)].place;
+    }
+
+    Spots& m_spots;
+    const BodySource& m_source;
+    osg::Vec3d m_up;
+    osg::Vec3d m_arms;
+    std::vector<Vertex> m_line;  ///< hips, the file's spine joints, neck
+    std::int32_t m_top = -1;     ///< the last of the file's spine joints
+    double m_length = 0.0;
+    std::array<double, 4> m_desired{};
+    std::array<double, 4> m_at{};
+    std::array<bool, 4> m_isKept{};
+};
+
+}  // namespace
+
+Spot spotOf(const BodySource& source, std::size_t joint)
+{
+    Spot spot;
+    spot.source = static_cast<std::int32_t>(joint);
+    spot.place = source.rest[joint].place;
+    spot.isSource = true;
+    return spot;
+}
+
+osg::Vec3d tipOf(const BodySource& source, std::size_t joint)
+{
+    std::vector<bool> isBelow(source.figure.joints.size());
+    isBelow[joint] = true;
+    const osg::Vec3d& origin = source.rest[joint].place;
+    osg::Vec3d tip = origin;
+    for (std::size_t i = joint + 1; i < isBelow.size(); ++i) {
+        const std::int32_t parent = source.figure.joints[i].parent;
+        if (parent < 0 || !isBelow[static_cast<std::size_t>(parent)])
+            continue;
+        isBelow[i] = true;
+        if ((source.rest[i].place - origin).length2() > (tip - origin).length2())
+            tip = source.rest[i].place;
+    }
+    return tip;
+}
+
+void findSpine(Spots& spots, const BodySource& source, const osg::Quat& heading)
+{
+    SpineFinder(spots, source, heading).find();
+}
+
+}  // namespace KivReader

@@ -1,0 +1,90 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "KivCommonDef/sharedlibrary.h"
+#include "KivReader/motiondocument.h"
+
+namespace KivReader {
+
+/// How a humanoid motion file is to be made ready for dressing. By default everything is found out from the
+/// file.
+struct ProfileOptions
+{
+    enum class Use : std::uint8_t
+    {
+        Off,  ///< the file is read as it stands
+        On
+    };
+    enum class Up : std::uint8_t
+    {
+        Auto,
+        Y,
+        Z
+    };
+
+    Use use = Use::On;
+    std::string tableFile;  ///< dialects of the user's own, looked at first; empty: none
+    double unit = 0.0;      ///< centimetres per length unit of the file; 0: guessed
+    Up up = Up::Auto;
+    bool firstFrameIsRest = false;  ///< the first row is the rest pose, instead of all channels 0
+};
+
+/// What was done to a motion's joints, and why. Lengths in centimetres, names as the scene has them unless
+/// they are said to be the file's.
+struct ProfileRecord
+{
+    struct Renamed
+    {
+        std::string from, to;  ///< the file's name, the avatar's
+    };
+    struct Folded
+    {
+        std::string joint, into;  ///< the file's name; the joint that now carries its moves
+    };
+    struct Inserted
+    {
+        std::string joint, parent;
+        std::string along;  ///< the segment that it stands on, or what it is rigid with
+    };
+    struct Unmatched
+    {
+        std::string joint;  ///< the file's name
+        std::vector<std::string> nearest;
+    };
+
+    bool isHumanoid = false;
+    std::string whyNot;                ///< why the file is no humanoid; empty where it is one
+    std::string dialect;               ///< of the table that was used; empty where none fits
+    std::vector<std::string> matched;  ///< the avatar's names that the file has, renamed ones included
+    std::vector<Renamed> renamed;
+    std::vector<Folded> folded;
+    std::vector<Inserted> inserted;
+    std::vector<std::string> left;  ///< joints of the file that stay and stand for nothing of the avatar's
+    std::vector<std::string> ambiguous;  ///< sentences: two joints for one name, two dialects for one file
+    std::vector<Unmatched> unmatched;    ///< those of `left` that are no end sites
+    std::vector<std::string> reframed;   ///< joints whose own axes were turned to the avatar's
+    std::string unit;                    ///< "cm", "m", …; "fitted" where none gives a person's size
+    double centimetresPerUnit = 1.0;
+    std::string unitReason;
+    std::string upAxis = "y";
+    std::string upReason;
+    double height = 0.0;       ///< of the figure standing up, estimated from its bones
+    double groundShift = 0.0;  ///< added to the height of everything, in every frame
+    std::vector<std::string> warnings;
+};
+
+/// What reading a document with these options does to it. The same as what the reader does. Throws
+/// std::runtime_error with the reason where the options' table cannot be read.
+KIV_READER_API ProfileRecord profileMotion(const MotionDocument& document, const ProfileOptions& options);
+
+/// Options from words apart by blanks, as the reader's option string has them: `profile=off`, `profile=auto`
+/// or `profile=` and a table's path, `unit=auto`, `unit=cm` (m, mm, inch, dm, cmu) or centimetres per unit,
+/// `up=auto`, `up=y`, `up=z`, and `firstFrameIsRest`. A path may stand in double quotes. Without a profile
+/// word the profile is off. Other words belong to other readers.
+/// @param error receives why a word cannot be obeyed; emptied where all can.
+KIV_READER_API ProfileOptions profileOptionsFrom(const std::string& words, std::string& error);
+
+}  // namespace KivReader
