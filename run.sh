@@ -1,7 +1,6 @@
 #!/usr/bin/env bash
-# run.sh [MOTION.bvh...]: installs what is missing, builds, and shows the motions on the avatar; without an argument the
-# shipped samples. With a display it opens the player's window; without one it writes pictures under out/ and prints
-# their names.
+# run.sh [MOTION.bvh...]: installs what is missing, builds, and shows the motions on the avatar: writes a picture of each
+# under out/ and prints its name. Without an argument it shows the shipped samples.
 set -euo pipefail
 
 motions=()
@@ -28,15 +27,7 @@ picture() { # NAME ARGUMENT...: one picture, named on stdout
     echo "$file"
 }
 
-if [[ -n "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ]]; then
-    echo "== Player"
-    if ((${#motions[@]} == 0)); then
-        motions=("$samples"/juggle.bvh "$samples"/pass_left.bvh "$samples"/pass_right.bvh)
-    fi
-    exec "$player" "${motions[@]}"
-fi
-
-echo "== Pictures (there is no display)"
+echo "== Pictures"
 mkdir -p out
 failures=0
 if ((${#motions[@]} == 0)); then

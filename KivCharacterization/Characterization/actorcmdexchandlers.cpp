@@ -99,6 +99,7 @@ bool ChangeActorNameExcHandler::execute()
     if (actor == m_pActors->end() || !actor->second.labelText) {
         return false;
     }
+    // Names are UTF-8, as they are where the label is made.
     actor->second.labelText->setText(m_strNewName, osgText::String::ENCODING_UTF8);
     return true;
 }

@@ -18,8 +18,8 @@ namespace KivCharacterization {
 /// Empties the scene of actors. The avatar and the font stay.
 /// - prepare: nothing.
 /// - execute: takes every actor's root out of the character scene, empties the table, resets the motion
-/// reader. The
-///   actors' animations stay registered with the animation manager: the host drops them with its own session.
+///   reader. The actors' animations stay registered with the animation manager: the host drops them with
+///   its own session.
 /// - finish: nothing.
 class ResetCharacterizaionSessionCmdExcHandler : public KivTaskCommand::ICmdExcDelegate
 {
@@ -44,8 +44,7 @@ struct SActorRemoval
 /// Removes one actor or all of them.
 /// - prepare: selects what to remove; false if more actors are asked for than there are.
 /// - execute: takes the selected ones out of scene, animation manager and table, then shows or hides the
-/// names of
-///   those that are left.
+///   names of those that are left.
 /// - finish: nothing.
 class CmdRequireActorCountExcHandler : public KivTaskCommand::ICmdExcDelegate
 {

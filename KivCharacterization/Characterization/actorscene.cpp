@@ -2,11 +2,12 @@
 
 #include <osg/CullFace>
 #include <osg/LightModel>
-#include <osg/Material>
 #include <osg/MatrixTransform>
 #include <osg/Shape>
 #include <osg/ShapeDrawable>
 #include <osg/StateSet>
+
+#include "KivCharacterization/Characterization/ownmaterial.h"
 
 namespace KivCharacterization {
 
@@ -25,11 +26,7 @@ osg::ref_ptr<osg::MatrixTransform> makeMarker(osg::Shape* shape)
 void makeTranslucent(osg::Node& marker)
 {
     osg::StateSet* stateSet = marker.getOrCreateStateSet();
-    osg::ref_ptr<osg::Material> material =
-        dynamic_cast<osg::Material*>(stateSet->getAttribute(osg::StateAttribute::MATERIAL));
-    if (!material) {
-        material = new osg::Material;
-    }
+    const osg::ref_ptr<osg::Material> material = OwnMaterial(*stateSet);
     stateSet->setMode(GL_BLEND, osg::StateAttribute::ON);
     material->setTransparency(osg::Material::FRONT_AND_BACK, 0.8f);
     stateSet->setAttributeAndModes(material.get(), osg::StateAttribute::ON);

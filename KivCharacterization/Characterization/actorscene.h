@@ -6,22 +6,18 @@
 
 namespace KivCharacterization {
 
-/// Node masks of an actor's parts.
-constexpr osg::Node::NodeMask kSkeletonMask = 1;
-constexpr osg::Node::NodeMask kOverlayMask = 4;
-
 /// A switch over the motion skeleton, off: playback turns it on once there is a frame to show.
 osg::ref_ptr<osg::Switch> MakeSkeletonSwitch(osg::Node& skeleton);
 
-/// A switch over the translucent centre-of-mass marker (a sphere) and its foot point on the ground (a disc),
-/// off.
+/// A switch over the translucent centre-of-mass marker (a sphere) and its foot point on the ground (a
+/// disc), off.
 osg::ref_ptr<osg::Switch> MakeCentreOfMassSwitch();
 
 /// A switch for contact spheres, without any yet.
 osg::ref_ptr<osg::Switch> MakeContactSwitch();
 
-/// Lights the skeleton's meshes from both sides and forces their back faces to be drawn, so that mirrored or
-/// open pieces look whole.
+/// Lights the skeleton's meshes from both sides and forces their back faces to be drawn, so that mirrored
+/// or open pieces look whole.
 void SetSkeletonState(osg::Node& skeleton);
 
 }  // namespace KivCharacterization

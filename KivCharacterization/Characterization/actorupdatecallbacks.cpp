@@ -1,7 +1,6 @@
 #include "KivCharacterization/Characterization/actorupdatecallbacks.h"
 
 #include <osg/ComputeBoundsVisitor>
-#include <osg/Material>
 #include <osg/NodeVisitor>
 #include <osg/Shape>
 #include <osg/ShapeDrawable>
@@ -10,6 +9,7 @@
 #include <cstdlib>
 
 #include "KivAnimation/bone.h"
+#include "KivCharacterization/Characterization/ownmaterial.h"
 #include "KivMemoryShare/actorframemanager.h"
 #include "KivRenderState/kivrenderstatemanager.h"
 
@@ -22,6 +22,9 @@ using KivRenderState::KivRenderStateManager;
 
 constexpr std::size_t kGravityFloats = 10;
 constexpr std::size_t kContactRecords = 100;
+static_assert(kGravityFloats >= ActorFrameManager::kGravityFloats &&
+                  kContactRecords >= ActorFrameManager::kStickContacts,
+              "the buffers hold what the store copies at most");
 constexpr float kContactScale = 100.0f;  // the store's contacts are in metres, its centre of mass is not
 constexpr float kContactRadius = 1.5f;
 constexpr double kLabelGap = 1.0;
@@ -70,11 +73,7 @@ osg::ref_ptr<osg::MatrixTransform> makeContactSphere()
 void paint(osg::Drawable& drawable, const osg::Vec4f& color)
 {
     osg::StateSet* stateSet = drawable.getOrCreateStateSet();
-    osg::ref_ptr<osg::Material> material =
-        dynamic_cast<osg::Material*>(stateSet->getAttribute(osg::StateAttribute::MATERIAL));
-    if (!material) {
-        material = new osg::Material;
-    }
+    const osg::ref_ptr<osg::Material> material = OwnMaterial(*stateSet);
     material->setDiffuse(osg::Material::FRONT_AND_BACK, color);
     material->setAmbient(osg::Material::FRONT_AND_BACK, color);
     stateSet->setAttributeAndModes(material, osg::StateAttribute::ON);
@@ -151,6 +150,7 @@ void GravityUpdateCallback::operator()(osg::Node* node, osg::NodeVisitor* visito
 
 void GravityUpdateCallback::follow(osg::Switch& markers)
 {
+    // The store is given a pointer of its own: one that it redirects cannot be freed in place of the buffer.
     float* buffer = m_spBuffer.get();
     int tag = 0;
     unsigned long long count = 0;

@@ -14,9 +14,9 @@
 
 namespace KivCharacterization {
 
-/// Per-frame overlays of one actor. Each acts in the update traversal only, does nothing once the nodes that
-/// it drives are gone, and always lets the traversal go on. Frame data is Y-up: a point (x, y, z) of it
-/// stands at (x, -z, y).
+/// Per-frame overlays of one actor. Each acts in the update traversal only, does nothing once the nodes
+/// that it drives are gone, and always lets the traversal go on. Frame data is Y-up: a point (x, y, z) of
+/// it stands at (x, -z, y).
 
 /// Keeps an actor's name upright above its head: cancels the rotation, in skeleton space, of the bone that
 /// carries the anchor. The label stays where it is when the anchor hangs under no bone or has no extent.
@@ -52,9 +52,9 @@ private:
     std::unique_ptr<float[]> m_spBuffer;
 };
 
-/// Shows a sphere for every contact point that the frame store has, red where it touches and blue elsewhere.
-/// The store's metres become centimetres. Spheres are rebuilt only when their number changes; frozen while
-/// characterization is not ready.
+/// Shows a sphere for every contact point that the frame store has, red where it touches and blue
+/// elsewhere. The store's metres become centimetres. Spheres are rebuilt only when their number changes;
+/// frozen while characterization is not ready.
 class StickContactUpdateCallback : public osg::NodeCallback
 {
 public:

@@ -8,6 +8,7 @@
 #include "KivCharacterization/Characterization/contactcolour.h"
 #include "KivCharacterization/Characterization/labelvisibility.h"
 #include "KivCharacterization/Characterization/namelabel.h"
+#include "KivCharacterization/Characterization/nodemasks.h"
 #include "KivCharacterization/Characterization/rootjoint.h"
 #include "KivMemoryShare/scenecfgshare.h"
 #include "KivReader/readerwriterbvh.h"

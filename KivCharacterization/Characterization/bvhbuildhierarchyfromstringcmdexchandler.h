@@ -13,12 +13,10 @@ namespace KivCharacterization {
 
 /// Turns BVH text into a dressed actor of the scene, in place of an earlier actor of the same key.
 /// - prepare: says that characterization is building; reads the text, builds the actor's subtree and its
-/// record,
-///   dresses the skeleton. False for a text that is refused, or without an avatar; an earlier actor's record
-///   is gone either way.
+///   record, dresses the skeleton. False for a text that is refused, or without an avatar; an earlier
+///   actor's record is gone either way.
 /// - execute: takes the earlier actor out of the scene and the new one in, plays it, shows or hides the
-/// names. False
-///   when there is no new actor.
+///   names. False when there is no new actor.
 /// - finish: says that characterization is ready.
 class BVHBuildHierarchyFromStringCmdExcHandler : public KivTaskCommand::ICmdExcDelegate
 {

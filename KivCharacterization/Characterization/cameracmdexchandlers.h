@@ -27,9 +27,8 @@ private:
 
 /// Sends the cameras home.
 /// - prepare: nothing.
-/// - execute: home on the manipulator of every view, then the trace matrix back to identity. A missing viewer
-/// or
-///   manipulator is skipped.
+/// - execute: home on the manipulator of every view, then the trace matrix back to identity. A missing
+///   viewer or manipulator is skipped.
 /// - finish: nothing.
 class CameraHomePositionCmdExcHandler : public KivTaskCommand::ICmdExcDelegate
 {

@@ -10,19 +10,20 @@
 #include "KivCharacterization/Characterization/errormessage.h"
 #include "KivCharacterization/Characterization/jointnaming.h"
 #include "KivCharacterization/Characterization/kivpropsproertymanager.h"
+#include "KivCharacterization/Characterization/nodemasks.h"
 #include "KivCharacterization/Characterization/segmentfitting.h"
 #include "KivCharacterization/Characterization/skeletonvisitors.h"
-#include "KivErrorOperator/tavrincommonerrormsg.h"
 #include "KivManipulator/propsgeode.h"
 
 namespace KivCharacterization {
 
 namespace {
 
+const char* const kSource = "KivCharacterization/Characterization/characterbvh";
+
 // A quarter turn about x takes the avatar's Y-up to the scene's Z-up. The angle is pi/2 as single precision
 // has it.
 constexpr double kUpAxisAngle = 1.5707963705062866;
-constexpr osg::Node::NodeMask kPropsMask = 4;
 
 /// What the steps of a run share, for its length.
 struct SCurrentRun
@@ -32,13 +33,6 @@ struct SCurrentRun
     std::string actorName;
 };
 SCurrentRun currentRun;
-
-void report(int line, const char* message)
-{
-    KivErrorOperator::SErrorMsg error;
-    error.message = FormatErrorMessage("KivCharacterization/Characterization/characterbvh", line, message);
-    KivErrorOperator::TavrinCommonErrorMsg::instance()->SetLastErrorMsg(error);
-}
 
 KivAnimation::Skeleton* findSkeleton(osg::Node* node)
 {
@@ -125,7 +119,7 @@ osg::ref_ptr<osg::MatrixTransform> attachPiece(const std::string& joint, KivAnim
     osg::ref_ptr<KivManipulator::PropsGeode> props;
     if (IsPropsJoint(joint)) {
         props = buildProps(joint, bone, *wrapper, *holder);
-        copy->setNodeMask(kPropsMask);
+        copy->setNodeMask(kOverlayMask);
     } else {
         wrapper->addChild(holder.get());
     }
@@ -205,12 +199,12 @@ unsigned int AttachEntityToBvhSkeleton(const std::string& actorName, osg::Node* 
 {
     auto* group = dynamic_cast<osg::Group*>(root);
     if (!group) {
-        report(25, "node invalid !");
+        ReportError(kSource, 25, "node invalid !");
         return 0;
     }
     KivAnimation::Skeleton* skeleton = findSkeleton(group);
     if (!skeleton) {
-        report(37, "can not find skeleton node !");
+        ReportError(kSource, 37, "can not find skeleton node !");
         return 0;
     }
     osg::ref_ptr<CBvhSkeletonNodeVisitor> joints = new CBvhSkeletonNodeVisitor(&record.jointMap);
@@ -225,7 +219,7 @@ unsigned int AttachEntityToBvhSkeleton(const std::string& actorName, osg::Node* 
     currentRun.record = nullptr;
     currentRun.avatar = nullptr;
     if (!fitted) {
-        report(60, "an expection occurred while the function AttachEntityToBvhSkeleton exec!");
+        ReportError(kSource, 60, "an expection occurred while the function AttachEntityToBvhSkeleton exec!");
         return 0;
     }
     currentRun.actorName.clear();

@@ -77,7 +77,17 @@ bool CharacterizationManager::initalCharacterModel(const std::string& rootDir)
 
 bool CharacterizationManager::loadIveFile(const std::string& path)
 {
-    return LoadAvatar(path, m_mapIveInfo);
+    if (!m_mapIveInfo.empty()) {
+        return true;
+    }
+    osg::ref_ptr<osg::Node> node;
+    if (!ReadAvatar(path, node)) {
+        return false;
+    }
+    // A model that cannot be analysed stays, and counts as loaded from then on.
+    CommonTypeDef::SIveInfo& info = m_mapIveInfo[path];
+    info.node = node;
+    return AnalysisIve(node.get(), info);
 }
 
 bool CharacterizationManager::loadFontFile(const std::string& path)

@@ -8,4 +8,7 @@ namespace KivCharacterization {
 /// @param source the reporting source file's path as users and support know it.
 std::string FormatErrorMessage(const std::string& source, int line, const std::string& message);
 
+/// Hands such a report to the host's error sink, as its last error.
+void ReportError(const std::string& source, int line, const std::string& message);
+
 }  // namespace KivCharacterization

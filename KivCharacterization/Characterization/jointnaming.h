@@ -45,9 +45,9 @@ SegmentPieceKind ClassifySegmentPiece(const std::string& fullName);
 /// Whether a skeleton joint carries a props: its normalised name contains "Props" but not "End".
 bool IsPropsJoint(const std::string& normalisedName);
 
-/// Where fitting left the holders of the torso and hand pieces, by the pieces' full names. One table for the
-/// process, filled with its 18 names when the module is loaded. Entries only watch: one whose transform is
-/// gone reads as null. Not locked: fitting runs once at a time.
+/// Where fitting left the holders of the torso and hand pieces, by the pieces' full names. One table for
+/// the process, filled with its 18 names when the module is loaded. Entries only watch: one whose transform
+/// is gone reads as null. Not locked: fitting runs once at a time.
 class SpecialJointTable
 {
 public:

@@ -4,6 +4,8 @@
 
 #include <algorithm>
 #include <cmath>
+#include <memory>
+#include <utility>
 
 #include "KivCharacterization/ipropspropertymodifynotify.h"
 
@@ -77,8 +79,9 @@ bool KivPropsProertyManager::UnRegistNotify(IPropsPropertyModifyNotify* observer
 KivPropsProertyManager::ProertyChangeLink* KivPropsProertyManager::CreateProertyChangeLink()
 {
     const Lock lock(m_mutex);
-    m_listLinks.push_back(new ProertyChangeLink(this));
-    return m_listLinks.back();
+    auto link = std::make_unique<ProertyChangeLink>(this);
+    m_listLinks.push_back(link.get());
+    return link.release();
 }
 
 template <typename Delivery>
@@ -87,7 +90,7 @@ void KivPropsProertyManager::deliver(const std::string& propsName, Delivery&& de
     for (auto next = m_listObservers.begin(); next != m_listObservers.end();) {
         // Stepping on first keeps the walk whole when the observer unregisters itself.
         IPropsPropertyModifyNotify* const observer = *next++;
-        if (observer->IsPropsConcerned(propsName)) {
+        if (observer && observer->IsPropsConcerned(propsName)) {
             delivery(*observer);
         }
     }

@@ -16,8 +16,8 @@ namespace KivCharacterization {
 
 /// Carries what users do to props from the props' draggers to the host's observers.
 ///
-/// The mutex is held only while a list changes. Deliveries walk the observers without it, on whatever thread
-/// reports the change: nothing guards them against a registration on another thread. An observer may
+/// The mutex is held only while a list changes. Deliveries walk the observers without it, on whatever
+/// thread reports the change: nothing guards them against a registration on another thread. An observer may
 /// unregister itself from inside a delivery; unregistering another one there is not supported.
 class KivPropsProertyManager
 {
@@ -44,16 +44,15 @@ public:
     /// afterwards.
     static void DestroyInstance();
 
-    KivPropsProertyManager();
     KivPropsProertyManager(const KivPropsProertyManager&) = delete;
     KivPropsProertyManager& operator=(const KivPropsProertyManager&) = delete;
 
     /// Observers are not told and not deleted; links are deleted.
     virtual ~KivPropsProertyManager();
 
-    /// Each delivery asks every observer in the order of registration whether it is concerned and tells it if
-    /// so. Always true. The position reaches observers divided by 100, near zero as an exact 0; the contact
-    /// point as it is.
+    /// Each delivery asks every observer in the order of registration whether it is concerned and tells it
+    /// if so. Always true. The position reaches observers divided by 100, near zero as an exact 0; the
+    /// contact point as it is.
     virtual bool PropsVectorsChanged(std::string propsName, const osg::Vec3f& position,
                                      const osg::Vec3f& contactPoint);
     virtual bool PropsValuesChanged(std::string propsName, const osg::Quat& rotation,
@@ -69,6 +68,8 @@ public:
     ProertyChangeLink* CreateProertyChangeLink();
 
 private:
+    KivPropsProertyManager();
+
     template <typename Delivery>
     void deliver(const std::string& propsName, Delivery&& delivery);
 

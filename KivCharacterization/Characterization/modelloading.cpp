@@ -5,43 +5,32 @@
 #include "KivCharacterization/Characterization/errormessage.h"
 #include "KivCharacterization/Characterization/osgreaders.h"
 #include "KivCharacterization/Characterization/skeletonvisitors.h"
-#include "KivErrorOperator/tavrincommonerrormsg.h"
 
 namespace KivCharacterization {
 
 namespace {
 
-void report(int line, const char* message)
-{
-    KivErrorOperator::SErrorMsg error;
-    error.message =
-        FormatErrorMessage("KivCharacterization\\Characterization\\characterizationmanager", line, message);
-    KivErrorOperator::TavrinCommonErrorMsg::instance()->SetLastErrorMsg(error);
-}
+const char* const kSource = "KivCharacterization\\Characterization\\characterizationmanager";
 
 }  // namespace
 
-bool LoadAvatar(const std::string& path, IveInfoTable& avatars)
+bool ReadAvatar(const std::string& path, osg::ref_ptr<osg::Node>& node)
 {
-    if (!avatars.empty()) {
-        return true;
-    }
     const ReaderWriterIVE reader;
     osgDB::ReaderWriter::ReadResult result = reader.readNode(path, nullptr);
     if (!result.success()) {
-        report(122, "can not successfully load the ive file!");
+        ReportError(kSource, 122, "can not successfully load the ive file!");
         return false;
     }
-    CommonTypeDef::SIveInfo& info = avatars[path];
-    info.node = result.getNode();
-    return AnalyseAvatar(info.node.get(), info);
+    node = result.getNode();
+    return true;
 }
 
 bool AnalyseAvatar(osg::Node* model, CommonTypeDef::SIveInfo& info)
 {
     auto* group = dynamic_cast<osg::Group*>(model);
     if (!group) {
-        report(161, "can not successfully analysis the ive file!");
+        ReportError(kSource, 161, "can not successfully analysis the ive file!");
         return false;
     }
     osg::ref_ptr<CIveSkeletonNodeVisitor> joints =

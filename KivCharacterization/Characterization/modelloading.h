@@ -1,5 +1,7 @@
 #pragma once
 
+#include <osg/Node>
+
 #include <string>
 
 #include "KivCharacterization/common/actorinfo.h"
@@ -7,17 +9,17 @@
 
 namespace KivCharacterization {
 
-/// Loads the avatar and analyses it, once: a table that holds anything counts as loaded. An avatar whose root
-/// is no group stays in the table with empty joint tables.
-/// @return false for a file that cannot be loaded or analysed; the error sink says so.
-bool LoadAvatar(const std::string& path, IveInfoTable& avatars);
+/// Reads an avatar's file.
+/// @param node receives the model; null where the file holds something else than a node.
+/// @return false for a file that cannot be loaded; the error sink says so.
+bool ReadAvatar(const std::string& path, osg::ref_ptr<osg::Node>& node);
 
 /// Collects the joints and segments of an avatar model.
 /// @return false for a model whose root is no group; the error sink says so.
 bool AnalyseAvatar(osg::Node* model, CommonTypeDef::SIveInfo& info);
 
-/// Loads the label font, once: a table that holds anything counts as loaded. A file that holds something else
-/// than a font leaves a null entry.
+/// Loads the label font, once: a table that holds anything counts as loaded. A file that holds something
+/// else than a font leaves a null entry.
 /// @return false for a file that cannot be loaded; nothing is reported.
 bool LoadLabelFont(const std::string& path, FontTable& fonts);
 

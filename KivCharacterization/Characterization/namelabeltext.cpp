@@ -1,5 +1,6 @@
 #include "KivCharacterization/Characterization/namelabeltext.h"
 
+#include <OpenThreads/ScopedLock>
 #include <osg/Version>
 
 namespace KivCharacterization {
@@ -17,8 +18,9 @@ NameLabelText::~NameLabelText() = default;
 
 void NameLabelText::drawImplementation(osg::RenderInfo& renderInfo) const
 {
-    // The base reads its own members, so they are taken back for the length of the call. Drawing is the only
-    // reader beside the thread that owns the scene, which does not touch the text meanwhile.
+    // The base reads its own members, so they are taken back for the length of the call. Two windows may
+    // draw the label at once.
+    const OpenThreads::ScopedLock<OpenThreads::Mutex> lock(m_drawMutex);
     auto* self = const_cast<NameLabelText*>(this);
     const bool autoRotate = _autoRotateToScreen;
     const CharacterSizeMode sizeMode = _characterSizeMode;

@@ -1,12 +1,13 @@
 #pragma once
 
+#include <OpenThreads/Mutex>
 #include <osgText/Text3D>
 
 namespace KivCharacterization {
 
 /// A name in the scene. Where it stands and how it turns is up to the nodes above it (a transform and a
-/// billboard), whatever its own auto-rotation and size mode say: 3-D text of OpenSceneGraph up to 3.4 ignored
-/// both, while 3.6 with both of them on draws the text edge-on and a unit high.
+/// billboard), whatever its own auto-rotation and size mode say: 3-D text of OpenSceneGraph up to 3.4
+/// ignored both, while 3.6 with both of them on draws the text edge-on and a unit high.
 class NameLabelText : public osgText::Text3D
 {
 public:
@@ -19,6 +20,9 @@ public:
 protected:
     ~NameLabelText() override;
     void computeGlyphRepresentation() override;
+
+private:
+    mutable OpenThreads::Mutex m_drawMutex;
 };
 
 }  // namespace KivCharacterization

@@ -9,8 +9,8 @@
 
 namespace KivCharacterization {
 
-/// Both handlers look their props up when they run, not when they are made: a props that is built in between
-/// is found, one that has gone is missed. They hold no reference on it.
+/// Both handlers look their props up when they run, not when they are made: a props that is built in
+/// between is found, one that has gone is missed. They hold no reference on it.
 
 enum class PropsModifyKind : std::int32_t
 {
@@ -20,7 +20,8 @@ enum class PropsModifyKind : std::int32_t
 
 /// Shows or hides one of a props' draggers.
 /// - prepare: finds the props; false if there is none.
-/// - execute: shows or hides; false without a props. A kind that is no dragger does nothing and answers true.
+/// - execute: shows or hides; false without a props. A kind that is no dragger does nothing and answers
+///   true.
 /// - finish: nothing.
 class PropsModifyCmdExcHandler : public KivTaskCommand::ICmdExcDelegate
 {

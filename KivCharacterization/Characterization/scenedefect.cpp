@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <set>
 
 namespace KivCharacterization {
 
@@ -53,6 +54,32 @@ std::string vertexDefect(const osg::Array& vertices)
     return finite ? std::string() : "a vertex is not finite";
 }
 
+bool isShort(const osg::Array* array, unsigned int vertices)
+{
+    return array && array->getBinding() == osg::Array::BIND_PER_VERTEX && array->getNumElements() < vertices;
+}
+
+bool hasShortArray(const osg::Geometry& geometry, unsigned int vertices)
+{
+    const auto anyShort = [vertices](const osg::Geometry::ArrayList& arrays) {
+        return std::any_of(arrays.begin(), arrays.end(),
+                           [vertices](const auto& array) { return isShort(array.get(), vertices); });
+    };
+    return isShort(geometry.getNormalArray(), vertices) || isShort(geometry.getColorArray(), vertices) ||
+           isShort(geometry.getSecondaryColorArray(), vertices) ||
+           isShort(geometry.getFogCoordArray(), vertices) || anyShort(geometry.getTexCoordArrayList()) ||
+           anyShort(geometry.getVertexAttribArrayList());
+}
+
+bool startsBeforeTheFirst(const osg::PrimitiveSet& primitives)
+{
+    if (const auto* arrays = dynamic_cast<const osg::DrawArrays*>(&primitives)) {
+        return arrays->getFirst() < 0;
+    }
+    const auto* lengths = dynamic_cast<const osg::DrawArrayLengths*>(&primitives);
+    return lengths && lengths->getFirst() < 0;
+}
+
 std::string geometryDefect(osg::Geometry& geometry)
 {
     const osg::Array* vertices = geometry.getVertexArray();
@@ -64,19 +91,17 @@ std::string geometryDefect(osg::Geometry& geometry)
         return defect;
     }
     const unsigned int count = vertices->getNumElements();
-    for (const osg::Array* array : {geometry.getNormalArray(), geometry.getColorArray(),
-                                    geometry.getSecondaryColorArray(), geometry.getFogCoordArray()}) {
-        if (array && array->getBinding() == osg::Array::BIND_PER_VERTEX && array->getNumElements() < count) {
-            return "a geometry has fewer normals or colours than vertices";
-        }
+    if (hasShortArray(geometry, count)) {
+        return "a geometry has an array that is shorter than its vertices";
     }
     for (unsigned int i = 0; i < geometry.getNumPrimitiveSets(); ++i) {
         osg::PrimitiveSet* primitives = geometry.getPrimitiveSet(i);
         if (!primitives) {
             return "a geometry has an empty primitive set";
         }
-        if (primitives->getNumIndices() > 0 && largestIndex(*primitives) >= count) {
-            return "an index points behind the last vertex";
+        const bool outside = primitives->getNumIndices() > 0 && largestIndex(*primitives) >= count;
+        if (outside || startsBeforeTheFirst(*primitives)) {
+            return "an index points outside the vertices";
         }
     }
     return {};
@@ -99,7 +124,7 @@ public:
     {
         const double* numbers = transform.getMatrix().ptr();
         if (!std::all_of(numbers, numbers + 16, [](double number) { return std::isfinite(number); })) {
-            m_strDefect = "the matrix of \"" + transform.getName() + "\" is not finite";
+            note("the matrix of \"" + transform.getName() + "\" is not finite");
         }
         descend(transform);
     }
@@ -107,25 +132,36 @@ public:
     void apply(osg::Drawable& drawable) override
     {
         if (osg::Geometry* geometry = drawable.asGeometry()) {
-            m_strDefect = geometryDefect(*geometry);
+            note(geometryDefect(*geometry));
         }
         descend(drawable);
     }
 
 private:
+    /// Keeps the first defect.
+    void note(const std::string& defect)
+    {
+        if (m_strDefect.empty()) {
+            m_strDefect = defect;
+        }
+    }
+
     void descend(osg::Node& node)
     {
-        if (!m_strDefect.empty()) {
-            return;
-        }
         if (getNodePath().size() > kDeepestNesting) {
-            m_strDefect = "nodes are nested more than 256 deep";
-            return;
+            note("nodes are nested more than 256 deep");
         }
-        traverse(node);
+        if (std::count(getNodePath().begin(), getNodePath().end(), &node) > 1) {
+            note("a node lies below itself");
+        }
+        // Looking at a node once is enough, below however many parents it is.
+        if (m_strDefect.empty() && m_setVisited.insert(&node).second) {
+            traverse(node);
+        }
     }
 
     std::string m_strDefect;
+    std::set<const osg::Node*> m_setVisited;
 };
 
 }  // namespace

@@ -20,8 +20,8 @@ void AlignToSegment(osg::Matrixd& matrix, const std::string& segment, const BvhS
 /// Appends the uniform stretch to the skeleton's length and the move to the middle of its segment.
 void StretchToSegment(osg::Matrixd& matrix, const BvhSegment& skeleton, const IveSegment& avatar);
 
-/// The actor's hip width over the avatar's: the distance between the offsets of the two upper legs. A missing
-/// segment is entered as zero.
+/// The actor's hip width over the avatar's: the distance between the offsets of the two upper legs. A
+/// missing segment is entered as zero.
 float HipRatio(BvhSegmentMap& skeleton, IveSegmentMap& avatar);
 
 /// The actor's hand size over the avatar's: the length of the left ring finger's metacarpal stands for both

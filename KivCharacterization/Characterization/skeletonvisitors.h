@@ -7,8 +7,8 @@
 namespace KivCharacterization {
 
 /// Four walks that collect joints and bone segments, each into a map of the caller's. A visitor serves one
-/// walk; it adds entries and overwrites entries, and removes none. The pointers must not be null and outlive
-/// the walk.
+/// walk; it adds entries and overwrites entries, and removes none. The pointers must not be null and
+/// outlive the walk.
 
 /// Motion skeleton: bones by normalised name; of two bones with one name the later visited one stays.
 class CBvhSkeletonNodeVisitor : public osg::NodeVisitor

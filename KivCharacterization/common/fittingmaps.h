@@ -32,8 +32,8 @@ struct IveSegment
     osg::Vec3f offset;
 };
 
-/// A joint of the avatar with the mesh pieces that hang directly under it, in child order. The model owns the
-/// nodes.
+/// A joint of the avatar with the mesh pieces that hang directly under it, in child order. The model owns
+/// the nodes.
 struct IveJointEntry
 {
     std::vector<osg::MatrixTransform*> pieces;

@@ -49,7 +49,7 @@ public:
     /// The one manager, made by the first call.
     static CharacterizationManager* instance();
     /// Destroys the manager, and with it the registrations of props observers. Actors stay in the host's
-    /// scene: remove them by command first.
+    /// scene: remove them by command first. No props of theirs may be dragged afterwards.
     static void releaseIns();
 
     /// Loads the avatar "Data/IVE/avatar.ive" and the label font "Data/Font/arial.ttf" from below a root
@@ -65,8 +65,9 @@ public:
     /// Whether the camera follows an actor, and which. Always true.
     bool GetCameraTraceState(bool& traceOn, std::string& traceId);
 
-    /// Observers are not owned. Registering twice counts once and answers true; unregistering answers whether
-    /// the observer was registered.
+    /// Observers are not owned. Registering twice counts once and answers true; unregistering answers
+    /// whether the observer was registered. Register the first one before the first load command is
+    /// submitted, or while none runs.
     bool RegistPropsPropertyChangeNotify(IPropsPropertyModifyNotify* observer);
     bool UnRegistPropsPropertyChangeNotify(IPropsPropertyModifyNotify* observer);
 
@@ -119,7 +120,7 @@ private:
 
     static CharacterizationManager* m_pIns;
 
-    friend struct CharacterizationManagerAccess;
+    friend struct CharacterizationManagerAccess;  // the module's own tests look at the tables
 };
 
 }  // namespace KivCharacterization

@@ -21,9 +21,9 @@
 class KIV_INTERFACE_VISIBILITY IPropsPropertyModifyNotify
 {
 public:
-    /// @param position     of the props in hundredths of a scene unit's scale: scene units divided by 100,
-    /// values near zero being exactly 0.
-    /// @param contactPoint of the props, in scene units as they stand.
+    /// Both in the frame of the bone that carries the props.
+    /// @param position     scene units divided by 100, so metres; values near zero are exactly 0.
+    /// @param contactPoint scene units as they stand, so centimetres.
     virtual bool PropsVectorsChanged(const osg::Vec3f& position, const osg::Vec3f& contactPoint) = 0;
     virtual bool PropsValuesChanged(const osg::Quat& rotation, const osg::Vec3d& scale) = 0;
     /// @param flag true when a drag starts, false when it has ended.

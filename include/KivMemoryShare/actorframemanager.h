@@ -8,8 +8,8 @@
 
 namespace KivMemoryShare {
 
-/// Per-frame data of every actor: a writer publishes it, the overlays read it. Positions are Y-up; the centre
-/// of mass is in scene units (centimetres), contacts are in metres. Every operation is synchronised.
+/// Per-frame data of every actor: a writer publishes it, the overlays read it. Positions are Y-up; the
+/// centre of mass is in scene units (centimetres), contacts are in metres. Every operation is synchronised.
 class KIV_MEMORYSHARE_API ActorFrameManager
 {
 public:

@@ -11,10 +11,10 @@ namespace KivTaskCommand {
 
 /// The one place that says when the scene graph may be changed.
 ///
-/// A frame loop closes the gate around every frame and opens it in between; whoever changes the scene enters
-/// and leaves. A new gate stands open, so a host without a frame loop needs nothing more. Entrants pass one
-/// at a time in the order in which they came, and each opening lets at least the longest waiting one through:
-/// nobody starves.
+/// A frame loop closes the gate around every frame and opens it in between; whoever changes the scene
+/// enters and leaves. A new gate stands open, so a host without a frame loop needs nothing more. Entrants
+/// pass one at a time in the order in which they came, and each opening lets at least the longest waiting
+/// one through: nobody starves.
 ///
 ///     while (!viewer.done()) {
 ///         gate.close();

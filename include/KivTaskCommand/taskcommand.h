@@ -7,8 +7,8 @@
 
 namespace KivTaskCommand {
 
-/// A command of the host: an empty hull until somebody attaches the work to it. Not synchronised; one thread
-/// at a time holds a command.
+/// A command of the host: an empty hull until somebody attaches the work to it. Not synchronised; one
+/// thread at a time holds a command.
 class KIV_TASKCOMMAND_API TaskCommand
 {
 public:

@@ -22,10 +22,6 @@ struct CharacterizationManagerAccess
     static CharacterizationManager* current() { return CharacterizationManager::m_pIns; }
     bool loadIveFile(const std::string& path) { return m_manager.loadIveFile(path); }
     bool isEnabled() { return m_manager.IsEnableCharacterizaion(); }
-    bool analyse(osg::Node* model, CommonTypeDef::SIveInfo& info)
-    {
-        return m_manager.AnalysisIve(model, info);
-    }
 
     std::string& rootDir;
     bool& enabled;

@@ -28,6 +28,27 @@ void setState(KivCharacterizationCommonDef::ECharacterizaionState state)
     KivRenderStateManager::instance()->setCharacterizationState(state);
 }
 
+/// Counts how often the update traversal comes by.
+class CountingCallback : public osg::NodeCallback
+{
+public:
+    int calls = 0;
+    void operator()(osg::Node* node, osg::NodeVisitor* visitor) override
+    {
+        ++calls;
+        traverse(node, visitor);
+    }
+};
+
+osg::ref_ptr<CountingCallback> addCountedChild(osg::Group& parent)
+{
+    osg::ref_ptr<CountingCallback> counting = new CountingCallback;
+    osg::ref_ptr<osg::Group> child = new osg::Group;
+    child->addUpdateCallback(counting.get());
+    parent.addChild(child.get());
+    return counting;
+}
+
 osg::Vec3d positionOf(osg::Switch& nodes, unsigned int child)
 {
     return nodes.getChild(child)->asTransform()->asMatrixTransform()->getMatrix().getTrans();
@@ -119,7 +140,9 @@ TEST_F(CentreOfMass, doesNothingOnceItsSwitchIsGone)
     markers = nullptr;
     osg::ref_ptr<osg::Group> other = new osg::Group;
     other->addUpdateCallback(callback.get());
+    osg::ref_ptr<CountingCallback> below = addCountedChild(*other);
     update(*other);
+    EXPECT_EQ(below->calls, 1);
 }
 
 TEST_F(CentreOfMass, followsInTheUpdateTraversalOnly)
@@ -245,6 +268,28 @@ TEST_F(StickContacts, freezeWhileCharacterizationIsNotReady)
     EXPECT_EQ(colourOf(0), osg::Vec4(1, 0, 0, 1));
 }
 
+TEST_F(StickContacts, doNothingOnceTheirSwitchIsGone)
+{
+    osg::ref_ptr<StickContactUpdateCallback> callback = new StickContactUpdateCallback(spheres.get(), "3");
+    publish({kTouching, kFree});
+    spheres = nullptr;
+    osg::ref_ptr<osg::Group> other = new osg::Group;
+    other->addUpdateCallback(callback.get());
+    const osg::ref_ptr<CountingCallback> below = addCountedChild(*other);
+    update(*other);
+    EXPECT_EQ(below->calls, 1);
+}
+
+TEST_F(StickContacts, followInTheUpdateTraversalOnly)
+{
+    publish({kTouching, kFree});
+    osg::NodeVisitor other(osg::NodeVisitor::NODE_VISITOR);
+    auto* callback = dynamic_cast<osg::NodeCallback*>(spheres->getUpdateCallback());
+    ASSERT_TRUE(callback);
+    (*callback)(spheres.get(), &other);
+    EXPECT_EQ(spheres->getNumChildren(), 0u);
+}
+
 TEST_F(StickContacts, stopAtWhatTheStoreCopies)
 {
     publish(std::vector<KIV_STICKCONTACT>(150, kTouching));
@@ -319,25 +364,14 @@ TEST_F(NameLabel, staysWhereItIsOnceTheTextIsGone)
 TEST_F(NameLabel, doesNothingOnceItsTransformIsGone)
 {
     label = nullptr;
+    const osg::ref_ptr<CountingCallback> below = addCountedChild(*head);
     update(*neck);
+    EXPECT_EQ(below->calls, 1);
 }
 
 TEST_F(NameLabel, letsTheTraversalGoOn)
 {
-    class Counting : public osg::NodeCallback
-    {
-    public:
-        int calls = 0;
-        void operator()(osg::Node* node, osg::NodeVisitor* visitor) override
-        {
-            ++calls;
-            traverse(node, visitor);
-        }
-    };
-    osg::ref_ptr<Counting> below = new Counting;
-    osg::ref_ptr<osg::Group> child = new osg::Group;
-    child->addUpdateCallback(below.get());
-    head->addChild(child);
+    const osg::ref_ptr<CountingCallback> below = addCountedChild(*head);
     update(*neck);
     EXPECT_EQ(below->calls, 1);
 }

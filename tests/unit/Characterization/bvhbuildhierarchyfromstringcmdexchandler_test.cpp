@@ -103,6 +103,19 @@ TEST_F(LoadingAnActor, takesTheEarlierActorOutOfTheSceneWhenTheReplacementFails)
     EXPECT_EQ(playback()->animationCount(), 1u);
 }
 
+TEST_F(LoadingAnActor, leavesTheNamesAsTheyAreWhenTheReplacementFails)
+{
+    // Names are shown or hidden by a load that succeeds; the next one sets them right.
+    ASSERT_TRUE(load(smallFigureBvh(), "7"));
+    ASSERT_TRUE(load(smallFigureBvh(), "8"));
+    EXPECT_FALSE(load("broken", "7"));
+    EXPECT_TRUE(actors.at("8").labelSwitch->getValue(0));
+    ASSERT_TRUE(load(smallFigureBvh(), "8"));
+    EXPECT_FALSE(actors.at("8").labelSwitch->getValue(0));
+    EXPECT_EQ(scene()->getNumChildren(), 1u);
+    EXPECT_EQ(playback()->animationCount(), 1u);
+}
+
 TEST_F(LoadingAnActor, goesThroughBuildingToReady)
 {
     auto loading = command(smallFigureBvh(), "7", "Seven");

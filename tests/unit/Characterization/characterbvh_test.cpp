@@ -7,6 +7,7 @@
 
 #include "KivCharacterization/Characterization/jointnaming.h"
 #include "KivCharacterization/Characterization/kivpropsproertymanager.h"
+#include "KivCharacterization/ipropspropertymodifynotify.h"
 #include "KivManipulator/propsgeode.h"
 #include "tests/support/figures.h"
 #include "tests/support/freshhost.h"
@@ -18,6 +19,21 @@ using namespace KivTestSupport;
 using KivErrorOperator::TavrinCommonErrorMsg;
 
 const osg::Matrixd kUpAxis = osg::Matrixd::rotate(1.5707963705062866, osg::Vec3d(1, 0, 0));
+
+/// Counts the flags that reach it.
+class FlagObserver : public IPropsPropertyModifyNotify
+{
+public:
+    int flags = 0;
+    bool PropsVectorsChanged(const osg::Vec3f&, const osg::Vec3f&) override { return true; }
+    bool PropsValuesChanged(const osg::Quat&, const osg::Vec3d&) override { return true; }
+    bool PropsFlagChanged(bool) override
+    {
+        ++flags;
+        return true;
+    }
+    bool IsPropsConcerned(const std::string&) override { return true; }
+};
 
 class Dressing : public FreshHost
 {
@@ -98,6 +114,7 @@ TEST_F(Dressing, skipsPieceWhenItsNameHasNoDollar)
     const auto headBone = bone("Head");
     EXPECT_EQ(dress(skeletonOf(headBone.get()).get()), 1u);
     EXPECT_EQ(headBone->getNumChildren(), 0u);
+    EXPECT_TRUE(TavrinCommonErrorMsg::instance()->history().empty());
 }
 
 TEST_F(Dressing, hangsAnUntaggedPieceWithTheAxisConversionOnly)
@@ -359,7 +376,10 @@ TEST_F(DressingProps, tieTheSegmentPieceOfAPropsToItsBoneAndLeaveItAsModelled)
     const AttachedPiece piece = findPiece(*rightBone, "Joint:RightProps&RightPropsTip#Inner$");
     ASSERT_TRUE(piece.copy);
     EXPECT_TRUE(piece.holder->getMatrix().isIdentity());
-    EXPECT_EQ(record.propsMap.at("RightProps")->getInitialBone(), rightBone.get());
+    const auto& geode = record.propsMap.at("RightProps");
+    EXPECT_EQ(geode->getInitialBone(), rightBone.get());
+    EXPECT_EQ(geode->getInitialBoneMatrix(), rightBone->getInitialMatrix());
+    EXPECT_TRUE(geode->getInitialJointMatrix().isIdentity());
 }
 
 TEST_F(DressingProps, outliveTheirLinksOnlyInTheManager)
@@ -370,8 +390,12 @@ TEST_F(DressingProps, outliveTheirLinksOnlyInTheManager)
     root = nullptr;
     propsBone = nullptr;
     EXPECT_FALSE(record.propsMap.at("LeftProps").valid());
-    // The actor is gone; its link still answers.
-    EXPECT_TRUE(link->PropsFlagChanged("7#LeftProps", false));
+    // The actor is gone; its link still reaches whoever listens.
+    FlagObserver observer;
+    KivPropsProertyManager::Instance()->RegistNotify(&observer);
+    EXPECT_TRUE(link->PropsFlagChanged("7#LeftProps", true));
+    EXPECT_EQ(observer.flags, 1);
+    KivPropsProertyManager::Instance()->UnRegistNotify(&observer);
 }
 
 TEST_F(DressingProps, passByTheEndOfAProps)

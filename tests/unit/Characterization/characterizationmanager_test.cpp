@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "KivCharacterization/Characterization/kivpropsproertymanager.h"
+#include "KivCharacterization/ipropspropertymodifynotify.h"
 #include "KivTaskCommand/taskcommand.h"
 #include "tests/support/freshhost.h"
 #include "tests/support/manageraccess.h"
@@ -111,29 +112,134 @@ TEST_F(Manager, isLeftAsItWasByAssigningItToItself)
     access().fonts["font"] = nullptr;
     access().avatars["avatar"];
     access().rootDir = "/here";
+    access().heldObject = new osg::Referenced;
+    manager().DisableCharacterizaion();
     CharacterizationManager& same = manager();
     manager() = same;
+    EXPECT_EQ(access().heldObject->referenceCount(), 1);
+    EXPECT_FALSE(access().isEnabled());
     EXPECT_TRUE(access().actors.at("3").root.valid());
     EXPECT_EQ(access().fonts.size(), 1u);
     EXPECT_EQ(access().avatars.size(), 1u);
     EXPECT_EQ(access().rootDir, "/here");
 }
 
+/// Counts what reaches it.
+class Listener : public IPropsPropertyModifyNotify
+{
+public:
+    int told = 0;
+    bool PropsVectorsChanged(const osg::Vec3f&, const osg::Vec3f&) override { return ++told > 0; }
+    bool PropsValuesChanged(const osg::Quat&, const osg::Vec3d&) override { return ++told > 0; }
+    bool PropsFlagChanged(bool) override { return ++told > 0; }
+    bool IsPropsConcerned(const std::string&) override { return true; }
+};
+
 TEST_F(Manager, takesThePropsObserversWithItWhenReleased)
 {
-    IPropsPropertyModifyNotify* const observer = reinterpret_cast<IPropsPropertyModifyNotify*>(this);
-    EXPECT_TRUE(manager().RegistPropsPropertyChangeNotify(observer));
-    EXPECT_TRUE(manager().RegistPropsPropertyChangeNotify(observer));
+    Listener observer;
+    EXPECT_TRUE(manager().RegistPropsPropertyChangeNotify(&observer));
     CharacterizationManager::releaseIns();
-    EXPECT_FALSE(manager().UnRegistPropsPropertyChangeNotify(observer));
+    KivPropsProertyManager::Instance()->PropsFlagChanged("P", true);
+    EXPECT_EQ(observer.told, 0);
+    EXPECT_FALSE(manager().UnRegistPropsPropertyChangeNotify(&observer));
 }
 
-TEST_F(Manager, answersWhatThePropsManagerAnswers)
+TEST_F(Manager, handsAPropsChangeOnceToAnObserverThatWasRegisteredTwice)
 {
-    IPropsPropertyModifyNotify* const observer = reinterpret_cast<IPropsPropertyModifyNotify*>(this);
-    EXPECT_FALSE(manager().UnRegistPropsPropertyChangeNotify(observer));
-    EXPECT_TRUE(manager().RegistPropsPropertyChangeNotify(observer));
-    EXPECT_TRUE(KivPropsProertyManager::Instance()->UnRegistNotify(observer));
+    Listener observer;
+    EXPECT_FALSE(manager().UnRegistPropsPropertyChangeNotify(&observer));
+    EXPECT_TRUE(manager().RegistPropsPropertyChangeNotify(&observer));
+    EXPECT_TRUE(manager().RegistPropsPropertyChangeNotify(&observer));
+    KivPropsProertyManager::Instance()->CreateProertyChangeLink()->PropsFlagChanged("P", true);
+    EXPECT_EQ(observer.told, 1);
+    EXPECT_TRUE(manager().UnRegistPropsPropertyChangeNotify(&observer));
+    EXPECT_FALSE(manager().UnRegistPropsPropertyChangeNotify(&observer));
+}
+
+/// Commands made through the exported operations and run to their end.
+class RunCommands : public Manager
+{
+protected:
+    SActorInfo& addActor(const std::string& key)
+    {
+        SActorInfo& actor = access().actors[key];
+        actor.root = new osg::Group;
+        actor.animation = new KivAnimation::Animation;
+        actor.labelSwitch = new osg::Switch;
+        actor.labelSwitch->addChild(new osg::Group, false);
+        actor.labelText = new osgText::Text3D;
+        KivMemoryShare::SceneCfgShare::instance()->getCharacterSceneNode()->addChild(actor.root);
+        return actor;
+    }
+
+    KivTaskCommand::TaskCommand command;
+};
+
+TEST_F(RunCommands, removeNobodyWhenMoreAreAskedForThanThereAre)
+{
+    addActor("1");
+    const SActorInfo& two = addActor("2");
+    EXPECT_TRUE(manager().ClearOrRemoveActor(&command, 3, 1));
+    EXPECT_FALSE(command.run());
+    EXPECT_EQ(access().actors.size(), 2u);
+    EXPECT_TRUE(two.labelSwitch->getValue(0));
+}
+
+TEST_F(RunCommands, removeTheActorOfTheIndex)
+{
+    addActor("1");
+    addActor("2");
+    EXPECT_TRUE(manager().ClearOrRemoveActor(&command, 1, 2));
+    EXPECT_TRUE(command.run());
+    EXPECT_EQ(access().actors.count("1"), 1u);
+    EXPECT_EQ(access().actors.count("2"), 0u);
+}
+
+TEST_F(RunCommands, renameTheActorOfTheIndexAndFailForAnUnknownOne)
+{
+    addActor("4");
+    EXPECT_TRUE(manager().createChangeActorNameCommand(5, "Nobody", &command));
+    EXPECT_FALSE(command.run());
+    EXPECT_TRUE(manager().createChangeActorNameCommand(4, "New", &command));
+    EXPECT_TRUE(command.run());
+    EXPECT_EQ(access().actors.at("4").labelText->getText().createUTF8EncodedString(), "New");
+}
+
+TEST_F(RunCommands, traceAnActorWithTheCamera)
+{
+    EXPECT_TRUE(manager().CameraTrace(&command, true, "6"));
+    EXPECT_TRUE(command.run());
+    EXPECT_TRUE(KivRenderStateManager::instance()->getCameraTraceState());
+    EXPECT_EQ(KivRenderStateManager::instance()->getCameraTraceIdStr(), "6");
+}
+
+TEST_F(RunCommands, sendTheCameraHome)
+{
+    KivRenderStateManager::instance()->setCameraTraceMatrix(osg::Matrixd::translate(1, 2, 3));
+    EXPECT_TRUE(manager().CameraHomePosition(&command));
+    EXPECT_TRUE(command.run());
+    EXPECT_TRUE(KivRenderStateManager::instance()->getCameraTraceMatrix().isIdentity());
+}
+
+TEST_F(RunCommands, storeAContactColourUnderTheJointsName)
+{
+    const KivCommonDef::KIV_STICKCONTACT_COLOR color = {{0, 0, 0}, 0.25f, 0.5f, 0.75f};
+    EXPECT_TRUE(manager().ChangeActorStactColorCommand("LeftFoot", color, &command));
+    EXPECT_TRUE(command.run());
+    EXPECT_EQ(KivRenderStateManager::instance()->getBVHContactColor().at("LeftFoot").blue, 0.75f);
+}
+
+TEST_F(RunCommands, resetTheSessionAndKeepAvatarAndFont)
+{
+    addActor("1");
+    access().avatars["avatar"];
+    access().fonts["font"] = nullptr;
+    EXPECT_TRUE(manager().ResetCharacterizationManager(&command));
+    EXPECT_TRUE(command.run());
+    EXPECT_TRUE(access().actors.empty());
+    EXPECT_EQ(access().avatars.size(), 1u);
+    EXPECT_EQ(access().fonts.size(), 1u);
 }
 
 struct CommandCodes

@@ -44,11 +44,15 @@ public:
     bool IsPropsConcerned(const std::string& propsName) override
     {
         m_pLog->push_back(m_name + " asked " + propsName);
+        if (m_bUnregisterWhenAsked) {
+            KivPropsProertyManager::Instance()->UnRegistNotify(this);
+        }
         return propsName != m_notConcerned;
     }
 
     std::string m_notConcerned = "none";
     bool m_bUnregisterWhenTold = false;
+    bool m_bUnregisterWhenAsked = false;
     osg::Vec3f m_position, m_contactPoint;
     osg::Quat m_rotation;
     osg::Vec3d m_scale;
@@ -94,6 +98,15 @@ TEST_F(PropsChanges, keepANullObserverLikeAnyOther)
     EXPECT_TRUE(manager().RegistNotify(nullptr));
     EXPECT_TRUE(manager().UnRegistNotify(nullptr));
     EXPECT_FALSE(manager().UnRegistNotify(nullptr));
+}
+
+TEST_F(PropsChanges, passByANullObserver)
+{
+    Observer observer;
+    manager().RegistNotify(nullptr);
+    manager().RegistNotify(&observer);
+    EXPECT_TRUE(manager().PropsFlagChanged("PropsBall", true));
+    EXPECT_EQ(observer.m_ownLog.size(), 2u);
 }
 
 TEST_F(PropsChanges, askAndTellEachObserverBeforeTheNextInOrderOfRegistration)
@@ -162,6 +175,19 @@ TEST_F(PropsChanges, surviveAnObserverThatUnregistersItselfWhenTold)
     manager().PropsFlagChanged("P", false);
     EXPECT_EQ(log, (std::vector<std::string>{"A asked P", "A flag on", "B asked P", "B flag on", "C asked P",
                                              "C flag on", "C asked P", "C flag off"}));
+}
+
+TEST_F(PropsChanges, surviveAnObserverThatUnregistersItselfWhenAsked)
+{
+    std::vector<std::string> log;
+    Observer first("A", &log), second("B", &log);
+    first.m_bUnregisterWhenAsked = true;
+    manager().RegistNotify(&first);
+    manager().RegistNotify(&second);
+    manager().PropsFlagChanged("P", true);
+    manager().PropsFlagChanged("P", false);
+    EXPECT_EQ(log, (std::vector<std::string>{"A asked P", "A flag on", "B asked P", "B flag on", "B asked P",
+                                             "B flag off"}));
 }
 
 TEST_F(PropsChanges, travelThroughALink)

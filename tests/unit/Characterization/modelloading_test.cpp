@@ -100,6 +100,7 @@ TEST_F(Loading, keepsAnAvatarWhoseRootIsNoGroupWithEmptyTables)
     CharacterizationManagerAccess access(manager());
     ASSERT_EQ(access.avatars.size(), 1u);
     EXPECT_TRUE(access.avatars.begin()->second.jointMap.empty());
+    EXPECT_TRUE(access.avatars.begin()->second.segmentMap.empty());
 }
 
 TEST_F(Loading, analysesTheAvatarUnderItsFullPath)
@@ -135,6 +136,7 @@ TEST_F(Loading, readsNothingTheSecondTimeButReportsTwoSuccesses)
 
 TEST_F(Loading, looksUnderTheWorkingDirectoryWhenTheRootIsEmptyAndDoesNotStoreIt)
 {
+    content->writeAvatar(*smallAvatar());
     content->copyFont();
     const auto before = std::filesystem::current_path();
     std::filesystem::current_path(content->root());
@@ -142,16 +144,22 @@ TEST_F(Loading, looksUnderTheWorkingDirectoryWhenTheRootIsEmptyAndDoesNotStoreIt
     const std::string workingDir = std::filesystem::current_path().string();
     std::filesystem::current_path(before);
     EXPECT_TRUE(loaded);
-    EXPECT_EQ(history().front(), workingDir);
-    EXPECT_EQ(history().back(), "Read file :" + workingDir + "/Data/Font/arial.ttfsuccessed!");
+    EXPECT_EQ(history(), (std::vector<std::string>{
+                             workingDir, "Read file :" + workingDir + "/Data/IVE/avatar.ivesuccessed!",
+                             "Read file :" + workingDir + "/Data/Font/arial.ttfsuccessed!"}));
     EXPECT_EQ(CharacterizationManagerAccess(manager()).rootDir, "");
 }
 
 TEST_F(Loading, keepsTheDoubleSlashOfARootThatEndsInOne)
 {
+    content->writeAvatar(*smallAvatar());
     content->copyFont();
     EXPECT_TRUE(manager().initalCharacterModel(content->root() + "/"));
-    EXPECT_EQ(history().back(), "Read file :" + content->root() + "//Data/Font/arial.ttfsuccessed!");
+    EXPECT_EQ(history()[1], "Read file :" + content->root() + "//Data/IVE/avatar.ivesuccessed!");
+    EXPECT_EQ(history()[2], "Read file :" + content->root() + "//Data/Font/arial.ttfsuccessed!");
+    EXPECT_EQ(
+        CharacterizationManagerAccess(manager()).avatars.count(content->root() + "//Data/IVE/avatar.ive"),
+        1u);
 }
 
 TEST_F(Loading, refusesAFontThatIsNoFont)
@@ -197,6 +205,7 @@ TEST_P(DamagedScenes, areNamedAsDefect)
     ASSERT_EQ(SceneDefect(*transform), "");
     GetParam().spoil(*triangle, *transform);
     EXPECT_EQ(SceneDefect(*transform), GetParam().reason);
+    transform->removeChildren(0, transform->getNumChildren());  // a circle would keep itself alive
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -221,17 +230,34 @@ INSTANTIATE_TEST_SUITE_P(
                    indices->push_back(3);
                    geometry.setPrimitiveSet(0, indices);
                },
-               "an index points behind the last vertex"},
+               "an index points outside the vertices"},
         Defect{"aDrawBehindTheLastVertex",
                [](osg::Geometry& geometry, osg::MatrixTransform&) {
                    geometry.setPrimitiveSet(0, new osg::DrawArrays(GL_TRIANGLES, 1, 3));
                },
-               "an index points behind the last vertex"},
+               "an index points outside the vertices"},
         Defect{"tooFewNormals",
                [](osg::Geometry& geometry, osg::MatrixTransform&) {
                    geometry.setNormalArray(new osg::Vec3Array(2), osg::Array::BIND_PER_VERTEX);
                },
-               "a geometry has fewer normals or colours than vertices"},
+               "a geometry has an array that is shorter than its vertices"},
+        Defect{"tooFewTextureCoordinates",
+               [](osg::Geometry& geometry, osg::MatrixTransform&) {
+                   geometry.setTexCoordArray(1, new osg::Vec2Array(2), osg::Array::BIND_PER_VERTEX);
+               },
+               "a geometry has an array that is shorter than its vertices"},
+        Defect{"aDrawBeforeTheFirstVertex",
+               [](osg::Geometry& geometry, osg::MatrixTransform&) {
+                   geometry.setPrimitiveSet(0, new osg::DrawArrays(GL_TRIANGLES, -2, 3));
+               },
+               "an index points outside the vertices"},
+        Defect{"aNodeBelowItself",
+               [](osg::Geometry&, osg::MatrixTransform& transform) {
+                   osg::ref_ptr<osg::Group> inner = new osg::Group;
+                   transform.addChild(inner);
+                   inner->addChild(&transform);
+               },
+               "a node lies below itself"},
         Defect{"noVertices",
                [](osg::Geometry& geometry, osg::MatrixTransform&) { geometry.setVertexArray(nullptr); },
                "a geometry has no vertices"},
@@ -252,5 +278,27 @@ INSTANTIATE_TEST_SUITE_P(
                },
                "nodes are nested more than 256 deep"}),
     [](const auto& tested) { return std::string(tested.param.name); });
+
+osg::ref_ptr<osg::Geometry> triangleWith(float corner)
+{
+    osg::ref_ptr<osg::Geometry> triangle = new osg::Geometry;
+    osg::ref_ptr<osg::Vec3Array> vertices = new osg::Vec3Array(3);
+    (*vertices)[1].x() = corner;
+    triangle->setVertexArray(vertices);
+    triangle->addPrimitiveSet(new osg::DrawArrays(GL_TRIANGLES, 0, 3));
+    return triangle;
+}
+
+TEST(DamagedScenes, areNamedWhereverTheDamagedMeshStandsAmongSoundOnes)
+{
+    const auto sound = triangleWith(1.0f);
+    const auto damaged = triangleWith(std::numeric_limits<float>::quiet_NaN());
+    for (const bool damagedFirst : {true, false}) {
+        osg::ref_ptr<osg::Group> scene = new osg::Group;
+        scene->addChild(damagedFirst ? damaged : sound);
+        scene->addChild(damagedFirst ? sound : damaged);
+        EXPECT_EQ(SceneDefect(*scene), "a vertex is not finite");
+    }
+}
 
 }  // namespace

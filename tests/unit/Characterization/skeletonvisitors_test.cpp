@@ -93,8 +93,8 @@ TEST(MotionSkeleton, measuresSegmentsOnTheRestPoseAndNotOnTheCurrentOne)
 TEST(MotionSkeleton, keepsEntriesOfEarlierWalks)
 {
     BvhJointMap joints;
-    KivAnimation::Bone* const stale = bone("Stale").get();
-    joints["Stale"] = stale;
+    const auto earlier = bone("Earlier");
+    joints["Earlier"] = earlier.get();
     const auto hips = bone("Hips");
     osg::ref_ptr<CBvhSkeletonNodeVisitor> visitor = new CBvhSkeletonNodeVisitor(&joints);
     hips->accept(*visitor);
