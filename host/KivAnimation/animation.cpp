@@ -17,11 +17,6 @@ namespace {
 /// Closer than this to a row, counted in rows, the pose is that row: what sums of frame times are off by.
 constexpr double kRowTolerance = 1e-6;
 
-bool hasRows(const MotionTable& table)
-{
-    return table.frames > 0;
-}
-
 }  // namespace
 
 struct Animation::Motion
@@ -29,12 +24,26 @@ struct Animation::Motion
     std::string id;
     MotionTable table;
     PoseProgram program;
-    std::unique_ptr<Poser> poser;
+    std::unique_ptr<Poser>
+        poser;  ///< null where there are no rows: loading a bare skeleton shall cost little
     ContactMarkers markers;
     osg::observer_ptr<osg::Switch> attachedNode;
     double startTime = 0.0;
     bool hasFrameData = false;
     bool attachedNodeShown = false;
+
+    /// The first bone of this unqualified name; null if there is none any more.
+    Bone* findBone(const std::string& jointName) const
+    {
+        const std::string wanted = withoutQualifier(jointName);
+        for (const PoseProgram::Joint& joint : program.joints) {
+            Bone* bone = joint.bone.get();
+            if (bone && withoutQualifier(bone->getName()) == wanted) {
+                return bone;
+            }
+        }
+        return nullptr;
+    }
 
     void poseRows(double seconds) const
     {
@@ -96,7 +105,7 @@ osg::Switch* Animation::getAttachNodePtr() const
 
 bool Animation::ChangeJointContactColor(const std::string& jointName, osg::Vec4f color)
 {
-    Bone* bone = m_spMotion->poser ? m_spMotion->poser->findBone(jointName) : nullptr;
+    Bone* bone = m_spMotion->findBone(jointName);
     if (!bone) {
         return false;
     }
@@ -133,14 +142,7 @@ void Animation::setMotion(MotionTable table, PoseProgram program)
     if (table.columns != 0 && table.values.size() / table.columns < table.frames) {
         throw std::invalid_argument("a motion table has fewer values than its rows need");
     }
-    // A skeleton at rest may still name the columns that its rows would have.
-    std::size_t columns = table.columns;
-    if (!hasRows(table)) {
-        for (const PoseStep& step : program.steps) {
-            columns = std::max<std::size_t>(columns, std::size_t{step.column} + 1);
-        }
-    }
-    m_spMotion->poser = std::make_unique<Poser>(program, columns);
+    m_spMotion->poser = table.frames > 0 ? std::make_unique<Poser>(program, table.columns) : nullptr;
     m_spMotion->table = std::move(table);
     m_spMotion->program = std::move(program);
 }
@@ -157,7 +159,7 @@ std::size_t Animation::frameCount() const
 
 double Animation::frameTime() const
 {
-    return hasRows(m_spMotion->table) ? m_spMotion->table.frameTime : 0.0;
+    return m_spMotion->poser ? m_spMotion->table.frameTime : 0.0;
 }
 
 double Animation::duration() const
@@ -177,7 +179,7 @@ double Animation::startTime() const
 
 void Animation::pose(double seconds)
 {
-    if (hasRows(m_spMotion->table)) {
+    if (m_spMotion->poser) {
         m_spMotion->poseRows(seconds);
     }
     m_spMotion->showAttachedNode();

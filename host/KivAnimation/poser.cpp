@@ -6,8 +6,6 @@
 #include <cmath>
 #include <utility>
 
-#include "host/KivAnimation/contactmarkers.h"
-
 namespace KivAnimation {
 
 namespace {
@@ -116,17 +114,6 @@ Poser::Poser(const PoseProgram& program, std::size_t columns)
     }
     m_first.poses = m_program.prepare();
     m_second.poses = m_first.poses;
-}
-
-Bone* Poser::findBone(const std::string& jointName) const
-{
-    const std::string wanted = withoutQualifier(jointName);
-    for (const Joint& joint : m_joints) {
-        if (joint.bone && withoutQualifier(joint.bone->getName()) == wanted) {
-            return joint.bone;
-        }
-    }
-    return nullptr;
 }
 
 void Poser::provideRow(EvaluatedRow& wanted, const MotionTable& table, std::size_t row)

@@ -26,9 +26,6 @@ public:
     /// where the fraction is 0. Does nothing once the skeleton's root joint is gone. Allocates nothing.
     void pose(const MotionTable& table, std::size_t row, double fraction);
 
-    /// The first bone whose unqualified name this is; null if there is none any more.
-    Bone* findBone(const std::string& jointName) const;
-
 private:
     static constexpr std::size_t kNoRow = std::numeric_limits<std::size_t>::max();
 

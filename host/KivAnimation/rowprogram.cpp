@@ -126,7 +126,7 @@ bool RowProgram::compileThreeTurns(Joint& joint)
         return false;
     }
     joint.parity = joint.axes[1] == (joint.axes[0] + 1) % 3 ? 1.0f : -1.0f;
-    const auto shiftsEnd = std::stable_partition(
+    const auto shiftsEnd = std::partition(
         begin, firstTurn, [](const PoseStep& step) { return step.kind == PoseStep::Kind::Shift; });
     joint.stepCount = static_cast<std::uint32_t>(shiftsEnd - begin);
     std::for_each(shiftsEnd, firstTurn, [&joint](const PoseStep& step) {

@@ -47,8 +47,8 @@ public:
 
     /// Takes the motion over. A table without rows is a skeleton at rest: one frame, which is posed by
     /// leaving the bones as they are.
-    /// @throws std::invalid_argument if the table has fewer values than its rows need, or the program reaches
-    ///         beyond the table's columns, its own steps or its earlier joints; nothing is changed then.
+    /// @throws std::invalid_argument if the table has fewer values than its rows need, or has rows and the
+    ///         program reaches beyond its columns, the steps or the earlier joints; nothing is changed then.
     void setMotion(MotionTable table, PoseProgram program);
     const MotionTable& motionTable() const;
 
