@@ -13,12 +13,14 @@ namespace KivReader {
 
 namespace {
 
-constexpr double kOnTop = 0.004;       ///< of the height: joints as near as this coincide
-constexpr double kWideShoulder = 1.3;  ///< of the avatar's proportion: longer ones begin at the spine
-constexpr double kStubbyFoot = 0.02;   ///< of the height: what is shorter points nowhere
-constexpr double kSteepest = 0.85;     ///< sine: feet that point down more than this are made up
-constexpr double kLevel = 0.09;        ///< sine: feet that point down less are drawn in one line
-constexpr double kFootSplay = 60.0;    ///< degrees
+constexpr double kOnTop = 0.004;        ///< of the height: joints as near as this coincide
+constexpr double kShortShoulder = 0.3;  ///< of the avatar's proportion: shorter ones are none
+constexpr double kLongShoulder = 1.45;  ///< longer ones begin at the spine
+constexpr double kMostOfTheWay = 0.8;   ///< from between the arms: a shoulder begins no nearer there
+constexpr double kStubbyFoot = 0.02;    ///< of the height: what is shorter points nowhere
+constexpr double kSteepest = 0.85;      ///< sine: feet that point down more than this are made up
+constexpr double kLevel = 0.09;         ///< sine: feet that point down less are drawn in one line
+constexpr double kFootSplay = 60.0;     ///< degrees
 
 const std::array<const char*, 2> kSides = {"Left", "Right"};
 
@@ -26,8 +28,7 @@ const std::array<const char*, 2> kSides = {"Left", "Right"};
 osg::Quat headingOf(const BodySource& source)
 {
     const auto& place = [&](const char* joint) { return source.rest[source.matching.at(joint)].place; };
-    const osg::Vec3d up = middle(source.rest, source.matching, "LeftArm", "RightArm") -
-                          middle(source.rest, source.matching, "LeftUpLeg", "RightUpLeg");
+    const osg::Vec3d up = source.arms - middle(source.rest, source.matching, "LeftUpLeg", "RightUpLeg");
     const Pair avatar = {{0, 0, 1}, {1, 0, 0}};
     const Pair byHips = {up, place("LeftUpLeg") - place("RightUpLeg")};
     if (byHips.isTelling())
@@ -39,7 +40,9 @@ osg::Quat headingOf(const BodySource& source)
 class BodyPlanner
 {
 public:
-    explicit BodyPlanner(const BodySource& source) : m_source(source), m_heading(headingOf(source)) {}
+    explicit BodyPlanner(const BodySource& source)
+        : m_source(source), m_heading(headingOf(source)), m_scale(source.height / source.avatar.height())
+    {}
 
     BodyPlan plan()
     {
@@ -62,27 +65,33 @@ public:
 private:
     const osg::Vec3d& placeOf(const std::string& joint) { return m_spots[joint].place; }
 
+    /// A shoulder that reaches from the spine to the arm is cut to the avatar's; one that is missing, or on
+    /// the arm, stands on the way from between the arms.
     void findShoulder(const std::string& side)
     {
         const std::size_t arm = m_source.matching.at(side + "Arm");
-        m_spots[side + "Arm"] = spotOf(m_source, arm);
-        const osg::Vec3d between = middle(m_source.rest, m_source.matching, "LeftArm", "RightArm");
-        const osg::Vec3d half = m_source.rest[arm].place - between;
-        const double part = m_source.avatar.offset(side + "Arm").length() /
-                            std::fabs(m_source.avatar.place(side + "Arm").x());
+        const osg::Vec3d& armPlace = m_source.rest[arm].place;
+        const double usual = m_source.avatar.offset(side + "Arm").length() * m_scale;
         Spot spot;
         spot.source = m_source.figure.joints[arm].parent;
+        spot.along = "LeftArm&RightArm";
+        osg::Vec3d root = m_source.arms;
+        double length = usual;
         if (m_source.matching.has(side + "Shoulder")) {
-            spot = spotOf(m_source, m_source.matching.at(side + "Shoulder"));
-            const double length = (m_source.rest[arm].place - spot.place).length();
-            if (length > kOnTop * m_source.height && length < kWideShoulder * part * half.length()) {
-                m_spots[side + "Shoulder"] = spot;
-                return;
+            const Spot own = spotOf(m_source, m_source.matching.at(side + "Shoulder"));
+            const double ownLength = (armPlace - own.place).length();
+            if (ownLength > kShortShoulder * usual) {
+                spot = own;
+                root = own.place;
+                spot.isSource = ownLength < kLongShoulder * usual;
+                spot.along = side + "Shoulder&" + side + "Arm";
             }
         }
-        spot.isSource = false;
-        spot.place = m_source.rest[arm].place - half * part;
-        spot.along = "LeftArm&RightArm";
+        if (!spot.isSource) {
+            osg::Vec3d outward = armPlace - root;
+            length = std::min(length, outward.normalize() * kMostOfTheWay);
+            spot.place = armPlace - outward * length;
+        }
         m_spots[side + "Shoulder"] = spot;
     }
 
@@ -132,9 +141,7 @@ private:
         const PlannedJoint& parent = m_plan.joints[static_cast<std::size_t>(planned.parent)];
         if ((planned.place - parent.place).length() > kOnTop * m_source.height)
             return;
-        const double scale =
-            m_source.height / (m_source.avatar.place("Head").z() + m_source.avatar.ends.at("Head").z());
-        planned.place = parent.place + parent.turn * joint.offset * (scale / 2.0);
+        planned.place = parent.place + parent.turn * joint.offset * (m_scale / 2.0);
         planned.isSource = false;
         planned.along = parent.name + ", for it coincided with it";
     }
@@ -208,6 +215,7 @@ private:
 
     const BodySource& m_source;
     osg::Quat m_heading;
+    double m_scale;  ///< of the avatar's lengths
     Spots m_spots;
     BodyPlan m_plan;
 };

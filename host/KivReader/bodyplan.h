@@ -18,7 +18,8 @@ struct BodySource
     const Placements& rest;  ///< of the figure's joints
     const JointMatching& matching;
     const RestFigure& avatar;
-    double height;  ///< standing
+    osg::Vec3d arms;  ///< between the arms, at rest, as the trunk carries it through the motion
+    double height;    ///< standing
 };
 
 /// A joint of the figure to be: rigid with one of the file's joints, at a fixed place in that joint's frame.

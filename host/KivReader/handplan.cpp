@@ -25,7 +25,7 @@ public:
           m_heading(heading),
           m_side(std::move(side)),
           m_hand(plan.index.at(m_side + "Hand")),
-          m_scale(source.height / (source.avatar.place("Head").z() + source.avatar.ends.at("Head").z()))
+          m_scale(source.height / source.avatar.height())
     {}
 
     void plan()

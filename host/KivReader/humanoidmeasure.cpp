@@ -18,7 +18,6 @@ constexpr double kSmallest = 135.0;  ///< of a person, centimetres
 constexpr double kTallest = 215.0;
 constexpr double kUsual = 170.0;
 
-/// Of the avatar: from the ankles to between the arms, the hips' middle on the way.
 constexpr std::array<const char*, 2> kSides = {"Left", "Right"};
 
 constexpr double kSunk = 0.01;     ///< of the height: soles so far below the ground are lifted
@@ -124,11 +123,6 @@ double legsAndTrunk(const Placements& placements, const MatchedMotion& motion)
     return legs + trunk.length();
 }
 
-double avatarHeight(const RestFigure& avatar)
-{
-    return avatar.place("Head").z() + avatar.ends.at("Head").z();
-}
-
 double avatarLegsAndTrunk(const RestFigure& avatar)
 {
     return avatar.place("LeftArm").z() - avatar.place("LeftUpLeg").z() + avatar.offset("LeftLeg").length() +
@@ -219,7 +213,7 @@ double standingHeight(const MatchedMotion& motion, const MotionFigure& figure)
         lengths.push_back(legsAndTrunk(MatchedMotion::atRest(figure), motion));
     const auto middleOne = lengths.begin() + static_cast<std::ptrdiff_t>(lengths.size() / 2);
     std::nth_element(lengths.begin(), middleOne, lengths.end());
-    return *middleOne * avatarHeight(motion.avatar) / avatarLegsAndTrunk(motion.avatar);
+    return *middleOne * motion.avatar.height() / avatarLegsAndTrunk(motion.avatar);
 }
 
 double groundShift(const MatchedMotion& motion, const MotionFigure& figure, double height, double sole)

@@ -28,18 +28,22 @@ std::string missingLimbs(const JointMatching& matching)
     return missing.empty() ? missing : "there is no " + missing;
 }
 
+/// What both joints hang from.
+std::size_t commonAncestor(const MotionFigure& figure, std::size_t one, std::size_t other)
+{
+    while (one != other) {
+        std::size_t& later = one > other ? one : other;
+        later = static_cast<std::size_t>(figure.joints[later].parent);
+    }
+    return one;
+}
+
 /// What both legs hang from are the hips, whatever their name.
 void findHips(JointMatching& matching, const MotionFigure& figure, ProfileRecord& record)
 {
     if (matching.has("Hips"))
         return;
-    auto left = static_cast<std::int32_t>(matching.at("LeftUpLeg"));
-    auto right = static_cast<std::int32_t>(matching.at("RightUpLeg"));
-    while (left != right) {
-        std::int32_t& later = left > right ? left : right;
-        later = figure.joints[static_cast<std::size_t>(later)].parent;
-    }
-    const auto hips = static_cast<std::size_t>(left);
+    const std::size_t hips = commonAncestor(figure, matching.at("LeftUpLeg"), matching.at("RightUpLeg"));
     for (const auto& [name, joint] : matching.joints) {
         if (joint == hips)
             return;
@@ -70,6 +74,23 @@ void settleOffsets(MotionFigure& figure, const MatchedMotion& motion)
     }
 }
 
+/// With all channels 0 some rigs hold their arms overhead, shoulders and all: where arms belong on the trunk
+/// is what the motion says.
+osg::Vec3d armsOnTrunk(const MatchedMotion& motion, const MotionFigure& figure, const Placements& rest)
+{
+    const std::size_t trunk =
+        commonAncestor(figure, motion.matching.at("LeftArm"), motion.matching.at("RightArm"));
+    const std::vector<std::size_t> frames = motion.sampledFrames(kSettledFrames);
+    if (frames.empty())
+        return middle(rest, motion.matching, "LeftArm", "RightArm");
+    osg::Vec3d sum;
+    for (const std::size_t frame : frames) {
+        const Placements now = placed(figure, motion.row(frame));
+        sum += now[trunk].inward(middle(now, motion.matching, "LeftArm", "RightArm"));
+    }
+    return rest[trunk].outward(sum / static_cast<double>(frames.size()));
+}
+
 MotionFigure profiled(const MatchedMotion& motion, const ProfileOptions& options, ProfileRecord& record)
 {
     MotionFigure figure = makeFigure(motion.document, findFrame(motion, options, record));
@@ -78,7 +99,8 @@ MotionFigure profiled(const MatchedMotion& motion, const ProfileOptions& options
     const Placements rest = useFirstFrame ? placed(figure, motion.row(0)) : MatchedMotion::atRest(figure);
     record.height = standingHeight(motion, figure);
     record.groundShift = groundShift(motion, figure, record.height, motion.avatar.place("LeftFoot").z());
-    const BodySource source = {figure, rest, motion.matching, motion.avatar, record.height};
+    const BodySource source = {
+        figure, rest, motion.matching, motion.avatar, armsOnTrunk(motion, figure, rest), record.height};
     BodyPlan plan = planBody(source);
     planTheRest(plan, source, record);
     return assemble(plan, source, record.groundShift, record);

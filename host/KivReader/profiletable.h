@@ -28,6 +28,8 @@ struct RestFigure
     const Joint& joint(const std::string& name) const { return joints[index.at(name)]; }
     const osg::Vec3d& offset(const std::string& name) const { return joint(name).offset; }
     osg::Vec3d place(const std::string& name) const;
+    /// From the ground to the crown.
+    double height() const { return place("Head").z() + ends.at("Head").z(); }
 };
 
 /// How one producer names joints.

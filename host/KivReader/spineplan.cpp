@@ -4,8 +4,6 @@
 #include <array>
 #include <cmath>
 
-#include "host/KivReader/humanoidmeasure.h"
-
 namespace KivReader {
 
 namespace {
@@ -23,10 +21,7 @@ class SpineFinder
 {
 public:
     SpineFinder(Spots& spots, const BodySource& source, const osg::Quat& heading)
-        : m_spots(spots),
-          m_source(source),
-          m_up(heading * osg::Vec3d(0, 0, 1)),
-          m_arms(middle(source.rest, source.matching, "LeftArm", "RightArm"))
+        : m_spots(spots), m_source(source), m_up(heading * osg::Vec3d(0, 0, 1)), m_arms(source.arms)
     {
         m_line.push_back({spotOf(source, source.matching.at("Hips")), "Hips"});
         for (const char* slot : kSlots) {
@@ -64,8 +59,7 @@ private:
     osg::Vec3d crownAbove(std::int32_t joint) const
     {
         const double wanted = avatarAbove("Head", "LeftArm") + m_source.avatar.ends.at("Head").z();
-        const double total = m_source.avatar.place("Head").z() + m_source.avatar.ends.at("Head").z();
-        const osg::Vec3d guessed = m_arms + m_up * (wanted / total * m_source.height);
+        const osg::Vec3d guessed = m_arms + m_up * (wanted / m_source.avatar.height() * m_source.height);
         for (std::size_t i = 0; i < m_source.figure.joints.size(); ++i) {
             const MotionFigure::Joint& child = m_source.figure.joints[i];
             if (child.parent != joint || !child.endSite)
@@ -215,8 +209,23 @@ private:
         }
     }
 
+    /// Of all that is inserted the chest comes first: it is what one sees.
+    void placeChest()
+    {
+        const std::size_t chest = kSlots.size() - 1;
+        double below = 0.0;
+        for (std::size_t i = 0; i < chest; ++i)
+            below = m_isKept[i] ? m_at[i] : below;
+        if (m_isKept[chest] || m_desired[chest] < below + kApart * m_length)
+            return;
+        m_at[chest] = m_desired[chest];
+        m_isKept[chest] = true;
+        insert(chest);
+    }
+
     void fillIn()
     {
+        placeChest();
         for (std::size_t i = 0; i < kSlots.size();) {
             std::size_t last = i;
             while (last < kSlots.size() && !m_isKept[last])

@@ -177,7 +177,7 @@ name thumb.0{1,2,3}.R = RightHandThumb{1,2,3}
 
 dialect mh-default
 when upperleg01.L & lowerarm01.L
-name {root,spine05,spine04,spine03,spine02,neck01,head} = {Hips,Spine,Spine1,Spine2,Spine3,Neck,Head}
+name {root,spine04,spine03,spine02,spine01,neck01,head} = {Hips,Spine,Spine1,Spine2,Spine3,Neck,Head}
 name {upperleg01,lowerleg01,foot}.L = Left{UpLeg,Leg,Foot}
 name {upperleg01,lowerleg01,foot}.R = Right{UpLeg,Leg,Foot}
 name {clavicle,upperarm01,lowerarm01,wrist}.L = Left{Shoulder,Arm,ForeArm,Hand}
