@@ -15,7 +15,7 @@ namespace {
 
 constexpr double kOnTop = 0.004;        ///< of the height: joints as near as this coincide
 constexpr double kShortShoulder = 0.3;  ///< of the avatar's proportion: shorter ones are none
-constexpr double kLongShoulder = 1.45;  ///< longer ones begin at the spine
+constexpr double kLongShoulder = 1.25;  ///< longer ones begin at the spine
 constexpr double kMostOfTheWay = 0.8;   ///< from between the arms: a shoulder begins no nearer there
 constexpr double kStubbyFoot = 0.02;    ///< of the height: what is shorter points nowhere
 constexpr double kSteepest = 0.85;      ///< sine: feet that point down more than this are made up

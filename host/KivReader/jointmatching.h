@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "KivCommonDef/sharedlibrary.h"
 #include "host/KivReader/profiletable.h"
 
 namespace KivReader {
@@ -22,9 +23,9 @@ struct JointMatching
 };
 
 /// Names alone decide: exact ones, and those of the first dialect with a signature that fits.
-JointMatching matchJoints(const MotionFigure& figure, const ProfileTable& table);
+KIV_READER_API JointMatching matchJoints(const MotionFigure& figure, const ProfileTable& table);
 
 /// The avatar's names that are spelled most like a joint's, for a person to choose from.
-std::vector<std::string> nearestNames(const std::string& name, const RestFigure& figure);
+KIV_READER_API std::vector<std::string> nearestNames(const std::string& name, const RestFigure& figure);
 
 }  // namespace KivReader

@@ -8,6 +8,8 @@
 #include <utility>
 #include <vector>
 
+#include "KivCommonDef/sharedlibrary.h"
+
 namespace KivReader {
 
 /// The avatar at rest, in the scene's axes: Z-up, facing -Y, left at +X, centimetres.
@@ -27,7 +29,7 @@ struct RestFigure
     /// Of a joint that the figure has; so below.
     const Joint& joint(const std::string& name) const { return joints[index.at(name)]; }
     const osg::Vec3d& offset(const std::string& name) const { return joint(name).offset; }
-    osg::Vec3d place(const std::string& name) const;
+    KIV_READER_API osg::Vec3d place(const std::string& name) const;
     /// From the ground to the crown.
     double height() const { return place("Head").z() + ends.at("Head").z(); }
 };
@@ -50,17 +52,17 @@ struct ProfileTable
 };
 
 /// Throws std::runtime_error that names the source and the line.
-ProfileTable parseProfileTable(std::string_view text, const std::string& source);
+KIV_READER_API ProfileTable parseProfileTable(std::string_view text, const std::string& source);
 
 /// The table that the library brings along.
-const ProfileTable& builtInProfileTable();
+KIV_READER_API const ProfileTable& builtInProfileTable();
 
 /// The user's table on top of the library's; the library's alone for an empty path.
 /// Throws std::runtime_error where the file cannot be read.
-ProfileTable profileTableWith(const std::string& file);
+KIV_READER_API ProfileTable profileTableWith(const std::string& file);
 
 /// Whether a name is what a pattern with "<n>" and "<_>" says.
-bool matchesPattern(std::string_view pattern, std::string_view name);
+KIV_READER_API bool matchesPattern(std::string_view pattern, std::string_view name);
 
 /// What of the name follows a prefix pattern; the null view where it does not begin so.
 std::string_view behindPrefix(std::string_view prefix, std::string_view name);

@@ -10,10 +10,11 @@ namespace {
 
 constexpr std::array<const char*, 4> kSlots = {"Spine", "Spine1", "Spine2", "Spine3"};
 
-constexpr double kOnTop = 0.01;      ///< of the height: joints as near as this coincide
-constexpr double kApart = 0.03;      ///< of the spine: at least so far from one spine joint to the next
-constexpr double kAboutThere = 0.2;  ///< of the spine: how far a kept joint may be from where it belongs
-constexpr double kChestLow = 0.55;   ///< of the spine: the chest's joint is between these
+constexpr double kOnTop = 0.01;       ///< of the height: joints as near as this coincide
+constexpr double kLongNeck = 1.45;    ///< of the avatar's proportion: longer ones begin between the arms
+constexpr double kApart = 0.03;       ///< of the spine: at least so far from one spine joint to the next
+constexpr double kAboutThere = 0.15;  ///< of the spine: how far a kept joint may be from where it belongs
+constexpr double kChestLow = 0.55;    ///< of the spine: the chest's joint is between these
 constexpr double kChestHigh = 0.92;
 constexpr int kChestSteps = 100;
 
@@ -96,7 +97,9 @@ private:
         spot.source = m_top;
         if (m_source.matching.has("Neck")) {
             spot = spotOf(m_source, m_source.matching.at("Neck"));
-            if ((spot.place - head.place).length() > kOnTop * m_source.height) {
+            const double length = (spot.place - head.place).length();
+            const double usual = m_source.avatar.offset("Head").length() / m_source.avatar.height();
+            if (length > kOnTop * m_source.height && length < kLongNeck * usual * m_source.height) {
                 m_spots["Neck"] = spot;
                 return;
             }
@@ -159,36 +162,44 @@ private:
             m_desired[i] = chest * avatarAbove(kSlots[i], "Hips") / avatarAbove("Spine3", "Hips");
     }
 
-    const Vertex* vertexOf(const std::string& slot) const
+    bool belongsTo(const Vertex& vertex, std::size_t slot) const
     {
-        for (const Vertex& vertex : m_line) {
-            if (vertex.slot == slot)
-                return &vertex;
-        }
-        return nullptr;
-    }
-
-    bool belongsThere(const Vertex& vertex, std::size_t slot) const
-    {
-        if (m_line.size() == kSlots.size() + 2)
-            return true;
         const bool roomForChest =
             slot + 1 == kSlots.size() || vertex.at < m_desired.back() - kApart * m_length;
         return roomForChest && std::fabs(vertex.at - m_desired[slot]) <= kAboutThere * m_length;
     }
 
+    /// The slot of its name if it stands about there, else the nearest one; past the last for none.
+    std::size_t slotFor(const Vertex& vertex, std::size_t firstFree) const
+    {
+        std::size_t best = kSlots.size();
+        for (std::size_t slot = firstFree; slot < kSlots.size(); ++slot) {
+            if (!belongsTo(vertex, slot))
+                continue;
+            if (vertex.slot == kSlots[slot])
+                return slot;
+            if (best == kSlots.size() ||
+                std::fabs(vertex.at - m_desired[slot]) < std::fabs(vertex.at - m_desired[best]))
+                best = slot;
+        }
+        return best;
+    }
+
     void keepWhatIsThere()
     {
         double last = 0.0;
-        for (std::size_t i = 0; i < kSlots.size(); ++i) {
-            const Vertex* vertex = vertexOf(kSlots[i]);
-            if (vertex == nullptr || vertex->at < last + kApart * m_length ||
-                vertex->at > (1.0 - kApart) * m_length || !belongsThere(*vertex, i))
+        std::size_t firstFree = 0;
+        for (std::size_t i = 1; i + 1 < m_line.size(); ++i) {
+            const Vertex& vertex = m_line[i];
+            if (vertex.at < last + kApart * m_length || vertex.at > (1.0 - kApart) * m_length)
                 continue;
-            last = vertex->at;
-            m_at[i] = last;
-            m_isKept[i] = true;
-            m_spots[kSlots[i]] = vertex->spot;
+            const std::size_t slot = slotFor(vertex, firstFree);
+            if (slot == kSlots.size())
+                continue;
+            last = m_at[slot] = vertex.at;
+            m_isKept[slot] = true;
+            m_spots[kSlots[slot]] = vertex.spot;
+            firstFree = slot + 1;
         }
     }
 
