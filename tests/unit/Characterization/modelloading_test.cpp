@@ -289,7 +289,7 @@ osg::ref_ptr<osg::Geometry> triangleWith(float corner)
     return triangle;
 }
 
-TEST(DamagedScenes, areNamedWhereverTheDamagedMeshStandsAmongSoundOnes)
+TEST(DamagedMeshes, areNamedWhereverTheDamagedMeshStandsAmongSoundOnes)
 {
     const auto sound = triangleWith(1.0f);
     const auto damaged = triangleWith(std::numeric_limits<float>::quiet_NaN());
