@@ -4,18 +4,20 @@
 
 namespace KivPlayer {
 
+std::string placeText(const Complaint& complaint)
+{
+    std::string text = complaint.file;
+    if (complaint.line > 0)
+        text += ":" + std::to_string(complaint.line);
+    if (complaint.line > 0 && complaint.column > 0)
+        text += ":" + std::to_string(complaint.column);
+    return text;
+}
+
 std::string complaintLine(const Complaint& complaint, const std::string& kind)
 {
-    std::string text = "kivplayer: ";
-    if (!complaint.file.empty()) {
-        text += complaint.file;
-        if (complaint.line > 0)
-            text += ":" + std::to_string(complaint.line);
-        if (complaint.line > 0 && complaint.column > 0)
-            text += ":" + std::to_string(complaint.column);
-        text += ": ";
-    }
-    return text + kind + ": " + complaint.message;
+    const std::string place = complaint.file.empty() ? std::string() : placeText(complaint) + ": ";
+    return "kivplayer: " + place + kind + ": " + complaint.message;
 }
 
 void Console::error(const Complaint& complaint)
@@ -28,6 +30,12 @@ void Console::warning(const Complaint& complaint)
 {
     if (m_loudness != Loudness::Quiet)
         m_stream << complaintLine(complaint, "warning") << std::endl;
+}
+
+void Console::say(const std::string& text)
+{
+    if (m_loudness != Loudness::Quiet)
+        m_stream << text << std::flush;
 }
 
 void Console::note(const std::string& text)

@@ -17,6 +17,9 @@ struct Complaint
     std::string message;
 };
 
+/// "file:line:column", as far as it is known.
+std::string placeText(const Complaint& complaint);
+
 /// "kivplayer: file:line:column: error: message"
 std::string complaintLine(const Complaint& complaint, const std::string& kind);
 
@@ -35,6 +38,8 @@ public:
 
     void error(const Complaint& complaint);
     void warning(const Complaint& complaint);
+    /// Whole lines that are meant for everybody who has not asked for quiet.
+    void say(const std::string& text);
     void note(const std::string& text);
 
     bool isQuiet() const { return m_loudness == Loudness::Quiet; }

@@ -7,6 +7,8 @@
 #include <optional>
 #include <set>
 
+#include "profilereport.h"
+
 namespace KivPlayer {
 
 using nlohmann::ordered_json;
@@ -123,39 +125,59 @@ ordered_json segmentsReport(const std::map<std::string, ActorSegment>& actorSegm
     return list;
 }
 
-ordered_json namesReport(const LoadedActor& actor, const AvatarFile& avatar, ordered_json& unmatched)
+bool isEndSite(const DressedActor::Joint& joint)
 {
+    return joint.isLeaf && joint.name.size() > 3 && joint.name.compare(joint.name.size() - 3, 3, "End") == 0;
+}
+
+ordered_json matchedReport(const DressedActor& actor, const AvatarFile& avatar)
+{
+    ordered_json matched = ordered_json::array();
+    for (const DressedActor::Joint& joint : actor.joints())
+        if (avatar.joints.count(joint.name) > 0)
+            matched.push_back(joint.name);
+    return matched;
+}
+
+ordered_json unmatchedReport(const LoadedActor& actor, const AvatarFile& avatar)
+{
+    ordered_json unmatched = ordered_json::array();
+    for (const KivReader::ProfileRecord::Unmatched& joint : actor.profile.unmatched)
+        unmatched.push_back({{"joint", joint.joint}, {"nearest", joint.nearest}});
+    if (actor.profile.isHumanoid)
+        return unmatched;
     std::vector<std::string> free;
     const std::vector<std::string> all = actor.dressed.jointNames();
     const std::set<std::string> present(all.begin(), all.end());
     for (const auto& [joint, pieces] : avatar.joints)
         if (!joint.empty() && present.count(joint) == 0)
             free.push_back(joint);
-    ordered_json matched = ordered_json::array();
     for (const DressedActor::Joint& joint : actor.dressed.joints()) {
-        const bool endSite =
-            joint.isLeaf && joint.name.size() > 3 && joint.name.compare(joint.name.size() - 3, 3, "End") == 0;
-        if (avatar.joints.count(joint.name) > 0) {
-            matched.push_back(joint.name);
-        } else if (!endSite) {
-            const std::string nearest = nearestName(joint.name, free);
-            unmatched.push_back(
-                {{"joint", joint.name},
-                 {"nearest", nearest.empty() ? ordered_json(nullptr) : ordered_json(nearest)}});
-        }
+        if (avatar.joints.count(joint.name) > 0 || isEndSite(joint))
+            continue;
+        const std::string nearest = nearestName(joint.name, free);
+        unmatched.push_back({{"joint", joint.name},
+                             {"nearest", nearest.empty() ? ordered_json::array() : ordered_json{nearest}}});
     }
-    return matched;
+    return unmatched;
+}
+
+/// Sentences, with their place in the file where they have one.
+ordered_json warningsReport(const LoadedActor& actor)
+{
+    ordered_json warnings = ordered_json::array();
+    for (const KivReader::Diagnostic& warning : actor.document.warnings)
+        warnings.push_back(placeText({actor.file, warning.line, warning.column, ""}) + ": " +
+                           warning.message);
+    for (const std::string& warning : actor.profile.warnings)
+        warnings.push_back(actor.file + ": " + warning);
+    return warnings;
 }
 
 ordered_json actorReport(const LoadedActor& actor, const AvatarFile& avatar)
 {
     const std::vector<std::string> names = actor.dressed.jointNames();
     const std::map<std::string, ActorSegment> segments = segmentsOf(actor.dressed);
-    ordered_json unmatched = ordered_json::array();
-    const ordered_json matched = namesReport(actor, avatar, unmatched);
-    ordered_json warnings = ordered_json::array();
-    for (const KivReader::Diagnostic& warning : actor.document.warnings)
-        warnings.push_back(warning.text());
     const double hips = spread(segments, "Hips&LeftUpLeg", "Hips&RightUpLeg") /
                         spread(avatar.segments, "Hips&LeftUpLeg", "Hips&RightUpLeg");
     const double hands = lengthOf(segments, "LeftInHandRing&LeftHandRing1") /
@@ -163,16 +185,19 @@ ordered_json actorReport(const LoadedActor& actor, const AvatarFile& avatar)
     return {{"file", actor.file},
             {"actorId", actor.id()},
             {"name", actor.name},
+            {"dialect",
+             actor.profile.dialect.empty() ? ordered_json(nullptr) : ordered_json(actor.profile.dialect)},
             {"joints", names.size()},
-            {"matched", matched},
-            {"unmatched", unmatched},
+            {"matched", matchedReport(actor.dressed, avatar)},
+            {"unmatched", unmatchedReport(actor, avatar)},
+            {"profile", profileReport(actor.profile)},
             {"pieces", piecesReport(actor.dressed.pieces(), {names.begin(), names.end()}, avatar)},
             {"segments", segmentsReport(segments, avatar)},
             {"hipRatio", finite(hips)},
             {"handRatio", finite(hands)},
             {"frames", actor.frames()},
             {"frameTime", actor.document.frameTime},
-            {"warnings", warnings}};
+            {"warnings", warningsReport(actor)}};
 }
 
 }  // namespace

@@ -7,22 +7,22 @@
 #include <locale>
 #include <sstream>
 
+#include "contactsheet.h"
 #include "fitreport.h"
 #include "picturefile.h"
 #include "picturemaker.h"
 #include "runtimeroot.h"
 #include "session.h"
+#include "summary.h"
 
 namespace KivPlayer {
 
 namespace {
 
-void writeReport(const Options& options, const Session& session, Console& console)
+void writeReport(const Options& options, const nlohmann::ordered_json& report, Console& console)
 {
     const std::string text =
-        fitReport(session.actors(), AvatarFile::read(session.avatarPath()), console.errors())
-            .dump(2, ' ', false, nlohmann::ordered_json::error_handler_t::replace) +
-        "\n";
+        report.dump(2, ' ', false, nlohmann::ordered_json::error_handler_t::replace) + "\n";
     if (options.report == "-") {
         std::cout << text << std::flush;
         return;
@@ -32,6 +32,18 @@ void writeReport(const Options& options, const Session& session, Console& consol
     stream.close();
     if (stream.fail())
         console.error({options.report, 0, 0, "cannot be written"});
+}
+
+void report(const Options& options, const Session& session, Console& console)
+{
+    if (options.report.empty() && console.isQuiet())
+        return;
+    const nlohmann::ordered_json report =
+        fitReport(session.actors(), AvatarFile::read(session.avatarPath()), console.errors());
+    for (const nlohmann::ordered_json& actor : report.at("actors"))
+        console.say(summaryOf(actor));
+    if (!options.report.empty())
+        writeReport(options, report, console);
 }
 
 ExitCode compare(const Options& options, const osg::Image& picture, Console& console)
@@ -89,7 +101,9 @@ ExitCode makePictures(const Options& options, Session& session, Console& console
 
 ExitCode runHeadless(const Options& options, Console& console)
 {
-    Session session(console);
+    if (!options.contactSheet.empty())
+        return makeContactSheet(options, console);
+    Session session(console, options.reading);
     session.start(options.root.empty() ? findRuntimeRoot() : options.root);
     for (std::size_t i = 0; i < options.motions.size(); ++i)
         session.load(static_cast<unsigned>(i), options.motions[i], labelOf(options, i));
@@ -101,8 +115,7 @@ ExitCode runHeadless(const Options& options, Console& console)
     } catch (const std::exception& problem) {
         console.error({"", 0, 0, problem.what()});
     }
-    if (!options.report.empty())
-        writeReport(options, session, console);
+    report(options, session, console);
     if (compared == ExitDifferent)
         return ExitDifferent;
     return console.errors().empty() ? ExitDone : ExitFailed;

@@ -8,7 +8,9 @@
 #include <map>
 #include <sstream>
 
+#include "KivReader/humanoidprofile.h"
 #include "numbers.h"
+#include "optiontexts.h"
 #include "version.h"
 
 namespace KivPlayer {
@@ -16,15 +18,10 @@ namespace KivPlayer {
 namespace {
 
 constexpr int kLargestSide = 16384;
-
-/// The options as texts, before they are understood.
-struct Texts
-{
-    std::string output, time, frame, range, fps, resolution, samples, camera, position, target, follow,
-        threshold;
-    std::vector<std::string> show, hide;
-    bool noRender = false;
-};
+constexpr int kMostMoments = 16;
+/// Of one moment on a contact sheet, pixels.
+constexpr int kSheetWidth = 270;
+constexpr int kSheetHeight = 360;
 
 [[noreturn]] void refuse(const std::string& option, const std::string& wanted, const std::string& given)
 {
@@ -47,75 +44,45 @@ osg::Vec3d vector(const std::string& option, const std::string& text)
     return {(*values)[0], (*values)[1], (*values)[2]};
 }
 
-void addOptions(CLI::App& app, Options& options, Texts& texts)
+/// A value as the reader's words have it; refused where the reader would not obey it.
+std::string readerWord(const std::string& option, const std::string& name, const std::string& wanted,
+                       const std::string& given)
 {
-    app.add_option("MOTION.bvh", options.motions, "Motion files; each is one actor")->type_name("");
-    app.add_option("--name", options.names, "Label of an actor; once for every motion, in their order")
-        ->type_name("TEXT")
-        ->allow_extra_args(false);
-    app.add_option("--root", options.root, "Folder that holds Data/IVE/avatar.ive and Data/Font/arial.ttf")
-        ->type_name("FOLDER");
-    app.add_flag("--verbose", options.verbose, "Say what is being done");
-    app.add_flag("--quiet", options.quiet, "Errors only");
-
-    const std::string pictures = "Pictures";
-    app.add_option("--output", texts.output, "Picture to write (.png); with {frame:04} in it a sequence")
-        ->type_name("FILE")
-        ->group(pictures);
-    app.add_option("--time", texts.time, "Show this second of the motion")
-        ->group(pictures)
-        ->type_name("SECONDS");
-    app.add_option("--frame", texts.frame, "Show this frame of the first motion, counted from 0")
-        ->group(pictures)
-        ->type_name("NUMBER");
-    app.add_option("--range", texts.range, "Part of the motion for a sequence, in seconds")
-        ->group(pictures)
-        ->type_name("FROM,TO");
-    app.add_option("--fps", texts.fps, "Pictures per second of a sequence (30)")
-        ->group(pictures)
-        ->type_name("NUMBER");
-    app.add_option("--resolution", texts.resolution, "Pixels (1280,720)")->group(pictures)->type_name("W,H");
-    app.add_option("--samples", texts.samples, "Samples per pixel and direction, 1 to 8, for smooth edges")
-        ->group(pictures)
-        ->type_name("NUMBER");
-    app.add_option("--camera", texts.camera,
-                   "front, back, left, right, three-quarter, or AZIMUTH,ELEVATION in degrees")
-        ->group(pictures)
-        ->type_name("VIEW");
-    app.add_option("--camera-position", texts.position, "Where it stands, scene units, Z up")
-        ->group(pictures)
-        ->type_name("X,Y,Z");
-    app.add_option("--camera-target", texts.target, "What it looks at")->group(pictures)->type_name("X,Y,Z");
-    app.add_option("--follow", texts.follow, "Go along with an actor, counted from 0")
-        ->type_name("NUMBER")
-        ->group(pictures);
-    app.add_option("--show", texts.show, "names, com, contacts, props, grid")
-        ->delimiter(',')
-        ->allow_extra_args(false)
-        ->group(pictures)
-        ->type_name("THINGS");
-    app.add_option("--hide", texts.hide, "the same names")
-        ->delimiter(',')
-        ->allow_extra_args(false)
-        ->group(pictures)
-        ->type_name("THINGS");
-    app.add_option("--reference", options.reference, "Compare the picture with this one")
-        ->group(pictures)
-        ->type_name("FILE");
-    app.add_option("--reference-difference", options.referenceDifference,
-                   "Where to paint the difference, if there is one (.png)")
-        ->group(pictures)
-        ->type_name("FILE");
-    app.add_option("--reference-threshold", texts.threshold,
-                   "Largest mean difference of a 16 x 16 tile, 0..255 (6)")
-        ->group(pictures)
-        ->type_name("NUMBER");
-
-    app.add_option("--report", options.report, "Write how every actor was dressed (JSON)")->type_name("FILE");
-    app.add_flag("--no-render", texts.noRender, "Load and report only");
+    const std::string word = name + "=\"" + given + "\"";
+    std::string problem;
+    KivReader::profileOptionsFrom(word, problem);
+    if (!problem.empty() || given.find('"') != std::string::npos)
+        refuse(option, wanted, given);
+    return word;
 }
 
-void understandTimes(const Texts& texts, Options& options)
+void understandReading(const OptionTexts& texts, Options& options)
+{
+    const std::string tableWanted = "auto, off or the path of a table, without double quotes in it";
+    options.reading = readerWord("--profile", "profile", tableWanted, texts.profile);
+    options.reading +=
+        " " + readerWord("--unit", "unit", "auto, cm, m, mm, inch, dm, cmu or centimetres per unit, above 0",
+                         texts.unit);
+    options.reading += " " + readerWord("--up", "up", "auto, y or z", texts.up);
+    if (texts.firstFrameIsRest)
+        options.reading += " firstFrameIsRest";
+}
+
+void understandSheet(const OptionTexts& texts, Options& options)
+{
+    if (!texts.moments.empty()) {
+        const auto moments = parseInteger(texts.moments);
+        if (!moments || *moments < 1 || *moments > kMostMoments)
+            refuse("--moments", "1 to " + std::to_string(kMostMoments), texts.moments);
+        options.moments = static_cast<int>(*moments);
+    }
+    if (!options.contactSheet.empty() && texts.resolution.empty()) {
+        options.width = kSheetWidth;
+        options.height = kSheetHeight;
+    }
+}
+
+void understandTimes(const OptionTexts& texts, Options& options)
 {
     if (!texts.time.empty())
         options.time = number("--time", texts.time, "seconds, 0 or more", 0.0);
@@ -138,7 +105,7 @@ void understandTimes(const Texts& texts, Options& options)
     }
 }
 
-void understandSize(const Texts& texts, Options& options)
+void understandSize(const OptionTexts& texts, Options& options)
 {
     if (!texts.resolution.empty()) {
         const auto size = parseNumbers(texts.resolution, 2);
@@ -159,7 +126,7 @@ void understandSize(const Texts& texts, Options& options)
     }
 }
 
-void understandCamera(const Texts& texts, Options& options)
+void understandCamera(const OptionTexts& texts, Options& options)
 {
     static const std::map<std::string, double> sides{
         {"front", 0.0}, {"three-quarter", 31.5}, {"left", 90.0}, {"back", 180.0}, {"right", -90.0}};
@@ -206,7 +173,7 @@ void understandShown(const std::string& option, const std::vector<std::string>& 
     }
 }
 
-void understandOutput(const Texts& texts, Options& options)
+void understandOutput(const OptionTexts& texts, Options& options)
 {
     if (!texts.output.empty()) {
         auto names = OutputNames::parse(texts.output);
@@ -225,7 +192,26 @@ void understandOutput(const Texts& texts, Options& options)
     options.render = !texts.noRender;
 }
 
-void checkTogether(const Options& options, const Texts& texts)
+void checkSheet(const Options& options, const OptionTexts& texts)
+{
+    if (options.contactSheet.empty()) {
+        if (!texts.moments.empty())
+            throw CLI::ValidationError("--moments", "belongs to --contact-sheet");
+        return;
+    }
+    const std::pair<const char*, bool> others[] = {{"--output", options.output.has_value()},
+                                                   {"--time", options.time.has_value()},
+                                                   {"--frame", options.frame.has_value()},
+                                                   {"--follow", options.follow.has_value()},
+                                                   {"--reference", !options.reference.empty()},
+                                                   {"--report", !options.report.empty()},
+                                                   {"--no-render", !options.render}};
+    for (const auto& [name, given] : others)
+        if (given)
+            throw CLI::ValidationError(name, "excludes --contact-sheet");
+}
+
+void checkTogether(const Options& options, const OptionTexts& texts)
 {
     if (options.motions.empty())
         throw CLI::RequiredError("MOTION.bvh: at least one motion file");
@@ -247,8 +233,11 @@ void checkTogether(const Options& options, const Texts& texts)
         throw CLI::ValidationError("--reference", "compares one picture");
     if (options.output && !options.render)
         throw CLI::ValidationError("--no-render", "excludes --output");
-    if (!options.output && options.render && options.report.empty() && options.reference.empty())
-        throw CLI::RequiredError("nothing to do: one of --output, --reference, --report and --no-render");
+    checkSheet(options, texts);
+    if (!options.output && options.render && options.report.empty() && options.reference.empty() &&
+        options.contactSheet.empty())
+        throw CLI::RequiredError(
+            "nothing to do: one of --output, --contact-sheet, --reference, --report and --no-render");
 }
 
 }  // namespace
@@ -259,17 +248,19 @@ Parsing parseOptions(int argc, const char* const* argv)
     app.set_version_flag("--version", "kivplayer " KIV_PLAYER_VERSION);
     app.get_formatter()->column_width(32);
     Options options;
-    Texts texts;
-    addOptions(app, options, texts);
+    OptionTexts texts;
+    declareOptions(app, options, texts);
     Parsing parsing;
     try {
         app.parse(argc, argv);
+        understandReading(texts, options);
         understandTimes(texts, options);
         understandSize(texts, options);
         understandCamera(texts, options);
         understandShown("--show", texts.show, true, options.shown);
         understandShown("--hide", texts.hide, false, options.shown);
         understandOutput(texts, options);
+        understandSheet(texts, options);
         checkTogether(options, texts);
         parsing.options = options;
     } catch (const CLI::Success& answer) {

@@ -34,10 +34,13 @@ struct Shown
 struct Options
 {
     std::vector<std::string> motions;
-    std::vector<std::string> names;  ///< labels, in the order of the motions
-    std::string root;                ///< empty: beside the program or where it is installed
+    std::vector<std::string> names;        ///< labels, in the order of the motions
+    std::string root;                      ///< empty: beside the program or where it is installed
+    std::string reading = "profile=auto";  ///< how skeletons from elsewhere are read, as the reader's words
     std::string report;
     std::optional<OutputNames> output;
+    std::string contactSheet;  ///< the folder for one; empty: none
+    int moments = 4;           ///< of every motion, on a contact sheet
     bool render = true;
     bool verbose = false;
     bool quiet = false;

@@ -46,20 +46,30 @@ PictureMaker::PictureMaker(const Options& options, Session& session, Console& co
       m_offscreen(
           options.width, options.height,
           options.samples > 0 ? options.samples : Offscreen::usualMultiple(options.width, options.height)),
-      m_stage(KivMemoryShare::SceneCfgShare::instance()->getCharacterSceneNode())
+      m_stage(KivMemoryShare::SceneCfgShare::instance()->getCharacterSceneNode()),
+      m_caption(options.width, options.height, session.fontPath())
 {
     KivMemoryShare::SceneCfgShare::instance()->setCompositeViewer(&m_offscreen.viewer());
     KivRenderState::KivRenderStateManager::instance()->setCenterOfMassShow(options.shown.centreOfMass);
     m_stage.showGrid(options.shown.grid);
-    m_offscreen.view().setSceneData(m_stage.root());
-    m_publisher.setActors(session.actors());
+    osg::ref_ptr<osg::Group> shown = new osg::Group;
+    shown->addChild(m_stage.root());
+    shown->addChild(m_caption.node());
+    m_offscreen.view().setSceneData(shown);
+    restart();
+}
+
+void PictureMaker::restart()
+{
+    m_publisher.setActors(m_session.actors());
     warnOfTimesBeyondTheEnd();
-    if (options.follow) {
-        const auto actor = session.actors().find(static_cast<unsigned>(*options.follow));
-        if (actor != session.actors().end())
-            m_followed = static_cast<std::size_t>(std::distance(session.actors().begin(), actor));
+    m_followed.reset();
+    if (m_options.follow) {
+        const auto actor = m_session.actors().find(static_cast<unsigned>(*m_options.follow));
+        if (actor != m_session.actors().end())
+            m_followed = static_cast<std::size_t>(std::distance(m_session.actors().begin(), actor));
     }
-    const bool sequence = options.output && options.output->isSequence();
+    const bool sequence = m_options.output && m_options.output->isSequence();
     if (!sequence)
         m_publisher.show(stillTime());
     if (m_followed)
@@ -73,6 +83,11 @@ PictureMaker::PictureMaker(const Options& options, Session& session, Console& co
 PictureMaker::~PictureMaker()
 {
     KivMemoryShare::SceneCfgShare::instance()->setCompositeViewer(nullptr);
+}
+
+void PictureMaker::caption(const std::string& text)
+{
+    m_caption.say(text);
 }
 
 double PictureMaker::stillTime() const

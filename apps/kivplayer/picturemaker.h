@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "captions.h"
 #include "framepublisher.h"
 #include "framing.h"
 #include "offscreen.h"
@@ -25,6 +26,12 @@ public:
     ~PictureMaker();
     PictureMaker(const PictureMaker&) = delete;
     PictureMaker& operator=(const PictureMaker&) = delete;
+
+    /// Begins again with the actors that the session has now.
+    void restart();
+
+    /// A line of text at the lower edge of the pictures from now on; empty: none.
+    void caption(const std::string& text);
 
     /// Poses, publishes and draws the moment that the options ask for, or that the sequence has at a time.
     osg::ref_ptr<osg::Image> still();
@@ -49,6 +56,7 @@ private:
     FramePublisher m_publisher;
     Offscreen m_offscreen;
     Stage m_stage;
+    Caption m_caption;
     CameraPose m_pose;                      ///< seen from the followed actor's place, where one is followed
     std::optional<std::size_t> m_followed;  ///< counted among the actors that are there
     bool m_written = true;                  ///< the last picture

@@ -14,6 +14,7 @@
 #include "KivMemoryShare/scenecfgshare.h"
 #include "KivReader/readerwriterbvh.h"
 #include "KivRenderState/kivrenderstatemanager.h"
+#include "numbers.h"
 #include "surfaces.h"
 
 namespace KivPlayer {
@@ -41,6 +42,20 @@ std::string readersReason(const std::string& text)
     return read ? std::string() : KivReader::ReaderWriterBVH::lastError();
 }
 
+/// The reader's words about a table, "FILE, line 3: reason", with the place taken out.
+Complaint tableComplaint(const std::string& file, const std::string& said)
+{
+    const std::string before = file + ", line ";
+    if (said.compare(0, before.size(), before) != 0)
+        return {"", 0, 0, said};
+    const std::size_t end = said.find(": ", before.size());
+    const std::string digits = said.substr(before.size(), end - before.size());
+    const auto line = parseInteger(digits);
+    if (!line || *line < 1 || end == std::string::npos)
+        return {"", 0, 0, said};
+    return {file, static_cast<std::size_t>(*line), 0, said.substr(end + 2)};
+}
+
 bool reported(const std::string& path, const std::string& outcome)
 {
     for (const std::string& line : KivErrorOperator::TavrinCommonErrorMsg::instance()->history())
@@ -51,11 +66,13 @@ bool reported(const std::string& path, const std::string& outcome)
 
 }  // namespace
 
-Session::Session(Console& console)
+Session::Session(Console& console, const std::string& reading)
     : m_console(console), m_spCommands(std::make_unique<KivTaskCommand::CommandThread>(m_gate))
 {
-    // Skeletons from elsewhere are prepared for dressing; a file that is no humanoid is left as it is.
-    KivReader::ReaderWriterBVH::setDefaultOptions(new osgDB::Options("profile=auto"));
+    // The module reads without options of its own.
+    KivReader::ReaderWriterBVH::setDefaultOptions(new osgDB::Options(reading));
+    std::string ignored;
+    m_profile = KivReader::profileOptionsFrom(reading, ignored);
 }
 
 Session::~Session()
@@ -75,18 +92,32 @@ Session::~Session()
 bool Session::start(const std::string& root)
 {
     m_avatarPath = root + "/Data/IVE/avatar.ive";
-    const std::string font = root + "/Data/Font/arial.ttf";
+    m_fontPath = root + "/Data/Font/arial.ttf";
     KivErrorOperator::TavrinCommonErrorMsg::instance()->clear();
     const bool fontThere = CharacterizationManager::instance()->initalCharacterModel(root);
     if (!fontThere)
-        m_console.error({font, 0, 0, "the label font cannot be read"});
+        m_console.error({m_fontPath, 0, 0, "the label font cannot be read"});
     m_avatarThere = reported(m_avatarPath, "successed!");
     if (!m_avatarThere)
         m_console.error({m_avatarPath, 0, 0, "the avatar cannot be read"});
-    return m_avatarThere;
+    m_tableThere = readProfileTable();
+    return m_avatarThere && m_tableThere;
 }
 
-bool Session::readMotion(const std::string& file, std::string& text, KivReader::MotionDocument& document)
+bool Session::readProfileTable()
+{
+    KivReader::MotionDocument anything;
+    anything.joints.emplace_back();
+    try {
+        KivReader::profileMotion(anything, m_profile);
+        return true;
+    } catch (const std::exception& problem) {
+        m_console.error(tableComplaint(m_profile.tableFile, problem.what()));
+        return false;
+    }
+}
+
+bool Session::readMotion(const std::string& file, std::string& text, LoadedActor& actor)
 {
     std::error_code problem;
     if (std::filesystem::is_directory(file, problem)) {
@@ -106,10 +137,20 @@ bool Session::readMotion(const std::string& file, std::string& text, KivReader::
         m_console.error({file, reading.error.line, reading.error.column, reading.error.message});
         return false;
     }
-    for (const KivReader::Diagnostic& warning : reading.document->warnings)
+    actor.document = std::move(*reading.document);
+    for (const KivReader::Diagnostic& warning : actor.document.warnings)
         m_console.warning({file, warning.line, warning.column, warning.message});
-    document = std::move(*reading.document);
-    document.values = std::vector<float>();
+    try {
+        actor.profile = KivReader::profileMotion(actor.document, m_profile);
+    } catch (const std::exception& refusal) {
+        m_console.error({file, 0, 0, refusal.what()});
+        return false;
+    }
+    for (const std::string& warning : actor.profile.warnings)
+        m_console.warning({file, 0, 0, warning});
+    for (const std::string& warning : actor.profile.ambiguous)
+        m_console.warning({file, 0, 0, warning});
+    actor.document.values = std::vector<float>();
     return true;
 }
 
@@ -117,7 +158,7 @@ bool Session::load(unsigned index, const std::string& file, const std::string& n
 {
     std::string text;
     LoadedActor actor;
-    if (!readMotion(file, text, actor.document))
+    if (!m_tableThere || !readMotion(file, text, actor))
         return false;
     actor.index = index;
     actor.file = file;

@@ -6,6 +6,7 @@
 #include <memory>
 #include <string>
 
+#include "KivReader/humanoidprofile.h"
 #include "KivReader/motiondocument.h"
 #include "KivTaskCommand/commandthread.h"
 #include "KivTaskCommand/scenegate.h"
@@ -25,6 +26,7 @@ struct LoadedActor
     std::string file;
     std::string name;
     KivReader::MotionDocument document;  ///< without its values
+    KivReader::ProfileRecord profile;    ///< what reading did to the joints
     DressedActor dressed;
 
     std::string id() const { return std::to_string(index); }
@@ -41,13 +43,15 @@ public:
     using Attach =
         std::function<bool(KivCharacterization::CharacterizationManager&, KivTaskCommand::TaskCommand&)>;
 
-    explicit Session(Console& console);
+    /// @param reading how skeletons from elsewhere are read: the words of KivReader::profileOptionsFrom.
+    explicit Session(Console& console, const std::string& reading = "profile=auto");
     /// Takes every actor out of the scene, ends the command thread and releases module and scene.
     ~Session();
     Session(const Session&) = delete;
     Session& operator=(const Session&) = delete;
 
-    /// Loads avatar and font from below a root directory; what is missing is reported.
+    /// Loads avatar and font from below a root directory; what is missing is reported, and so is a profile
+    /// table that cannot be read: then no motion is loaded.
     bool start(const std::string& root);
 
     /// Reads a motion file and makes it the actor of that index, in place of an earlier one. A file that
@@ -65,17 +69,22 @@ public:
     KivTaskCommand::SceneGate& gate() { return m_gate; }
     const std::map<unsigned, LoadedActor>& actors() const { return m_actors; }
     const std::string& avatarPath() const { return m_avatarPath; }
+    const std::string& fontPath() const { return m_fontPath; }
 
 private:
     bool run(const Attach& attach);
-    bool readMotion(const std::string& file, std::string& text, KivReader::MotionDocument& document);
+    bool readProfileTable();
+    bool readMotion(const std::string& file, std::string& text, LoadedActor& actor);
 
     Console& m_console;
     KivTaskCommand::SceneGate m_gate;
     std::unique_ptr<KivTaskCommand::CommandThread> m_spCommands;
     std::map<unsigned, LoadedActor> m_actors;
     std::string m_avatarPath;
+    std::string m_fontPath;
+    KivReader::ProfileOptions m_profile;
     bool m_avatarThere = false;
+    bool m_tableThere = true;
 };
 
 }  // namespace KivPlayer

@@ -1,0 +1,85 @@
+#include "contactsheet.h"
+
+#include <filesystem>
+#include <memory>
+#include <set>
+#include <vector>
+
+#include "picturemaker.h"
+#include "progress.h"
+#include "runtimeroot.h"
+#include "session.h"
+#include "tiling.h"
+
+namespace KivPlayer {
+
+namespace {
+
+using Pictures = std::vector<osg::ref_ptr<osg::Image>>;
+
+const char* const kSheetName = "contact-sheet";
+constexpr int kErrorStream = 2;
+
+/// The file's name without folder and ending, told apart from those before.
+std::string nameFor(const std::string& motion, std::set<std::string>& taken)
+{
+    const std::string stem = std::filesystem::path(motion).stem().string();
+    std::string name = stem;
+    for (int i = 2; !taken.insert(name).second; ++i)
+        name = stem + "-" + std::to_string(i);
+    return name;
+}
+
+std::string secondsText(double seconds)
+{
+    const std::string text = std::to_string(static_cast<long long>(seconds * 100.0 + 0.5));
+    const std::string padded = text.size() < 3 ? std::string(3 - text.size(), '0') + text : text;
+    return padded.substr(0, padded.size() - 2) + "." + padded.substr(padded.size() - 2) + " s";
+}
+
+osg::ref_ptr<osg::Image> rowOf(const std::string& name, double duration, int moments, PictureMaker& maker)
+{
+    Pictures pictures;
+    for (int i = 0; i < moments; ++i) {
+        const double seconds = moments > 1 ? duration * i / (moments - 1) : 0.0;
+        maker.caption(i == 0 ? name : secondsText(seconds));
+        pictures.push_back(maker.picture(seconds));
+    }
+    return tiled(pictures, moments);
+}
+
+}  // namespace
+
+ExitCode makeContactSheet(const Options& options, Console& console)
+{
+    Options each = options;
+    each.follow = 0;
+    Session session(console, options.reading);
+    if (!session.start(options.root.empty() ? findRuntimeRoot() : options.root))
+        return ExitFailed;
+    const std::filesystem::path folder = options.contactSheet;
+    std::unique_ptr<PictureMaker> spMaker;
+    std::set<std::string> taken{kSheetName};
+    Pictures rows;
+    Progress progress(console.stream(), Progress::styleFor(kErrorStream, console.isQuiet()), "motions",
+                      options.motions.size());
+    for (std::size_t i = 0; i < options.motions.size(); ++i) {
+        const std::string name = nameFor(options.motions[i], taken);
+        if (session.load(0, options.motions[i], name)) {
+            if (spMaker)
+                spMaker->restart();
+            else
+                spMaker = std::make_unique<PictureMaker>(each, session, console);
+            rows.push_back(rowOf(name, session.actors().at(0).duration(), options.moments, *spMaker));
+            spMaker->write(*rows.back(), (folder / (name + ".png")).string());
+        }
+        progress.done(i + 1);
+    }
+    if (!rows.empty()) {
+        const int columns = columnsForASquare(rows.size(), rows.front()->s(), rows.front()->t());
+        spMaker->write(*tiled(rows, columns), (folder / (std::string(kSheetName) + ".png")).string());
+    }
+    return console.errors().empty() ? ExitDone : ExitFailed;
+}
+
+}  // namespace KivPlayer
