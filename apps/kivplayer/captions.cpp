@@ -17,8 +17,8 @@ Caption::Caption(int width, int height, const std::string& font)
     m_spText->setFont(osgText::readRefFontFile(font));
     m_spText->setFontResolution(48, 48);
     m_spText->setCharacterSize(kLetterHeight);
-    m_spText->setPosition(osg::Vec3(kMargin, kMargin, 0.0f));
-    m_spText->setAlignment(osgText::Text::LEFT_BOTTOM);
+    m_spText->setPosition(osg::Vec3(kMargin, 1.5f * kMargin, 0.0f));
+    m_spText->setAlignment(osgText::Text::LEFT_BASE_LINE);
     m_spText->setColor(osg::Vec4(0.95f, 0.95f, 0.95f, 1.0f));
     m_spText->setDataVariance(osg::Object::DYNAMIC);
     m_spCamera->setReferenceFrame(osg::Transform::ABSOLUTE_RF);
