@@ -7,6 +7,7 @@
 #include <cmath>
 #include <string>
 
+#include "hiddenmarkers.h"
 #include "stageshaders.h"
 
 namespace KivPlayer {
@@ -118,6 +119,7 @@ Stage::Stage(osg::Group* figures)
     state->addUniform(new osg::Uniform("kivUnlit", false));
     state->addUniform(new osg::Uniform("kivColourFromVertices", false));
     lit->addChild(figures);
+    lit->addChild(new HiddenMarkers(figures));
 
     m_spRoot->addChild(m_shadow.camera());
     m_spRoot->addChild(m_footprint.camera());

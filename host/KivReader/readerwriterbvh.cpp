@@ -13,37 +13,38 @@ namespace KivReader {
 
 namespace {
 
-struct DefaultOptions
+/// What the calls share, whichever threads they come from: commands read on one thread, and the host asks on
+/// another why a reading was refused.
+struct SharedState
 {
     std::mutex mutex;
-    osg::ref_ptr<const osgDB::Options> options;
+    osg::ref_ptr<const osgDB::Options> defaultOptions;
+    std::string lastError;
+    ProfileRecord lastProfile;
 };
 
-DefaultOptions& defaultOptions()
+SharedState& sharedState()
 {
-    static DefaultOptions s_defaults;
-    return s_defaults;
+    // Never destroyed: at exit the library that the options come from may be gone already.
+    static SharedState* const s_state = new SharedState;
+    return *s_state;
 }
 
 osg::ref_ptr<const osgDB::Options> optionsFor(const osgDB::Options* options)
 {
     if (options != nullptr)
         return options;
-    DefaultOptions& defaults = defaultOptions();
-    const std::lock_guard<std::mutex> lock(defaults.mutex);
-    return defaults.options;
+    SharedState& state = sharedState();
+    const std::lock_guard<std::mutex> lock(state.mutex);
+    return state.defaultOptions;
 }
 
-std::string& errorOfThisThread()
+void remember(std::string error, ProfileRecord profile)
 {
-    thread_local std::string s_error;
-    return s_error;
-}
-
-ProfileRecord& profileOfThisThread()
-{
-    thread_local ProfileRecord s_profile;
-    return s_profile;
+    SharedState& state = sharedState();
+    const std::lock_guard<std::mutex> lock(state.mutex);
+    state.lastError = std::move(error);
+    state.lastProfile = std::move(profile);
 }
 
 ProfileOptions wantedFrom(const osgDB::Options* options)
@@ -76,7 +77,7 @@ MotionDocument documentFrom(const std::string& text)
 }
 
 BuiltSkeleton readSkeleton(const std::string& text, const osgDB::Options* options, std::string& name,
-                           bool qualifyNames)
+                           bool qualifyNames, ProfileRecord& profile)
 {
     const ProfileOptions wanted = wantedFrom(optionsFor(options).get());
     MotionDocument document = documentFrom(text);
@@ -85,7 +86,7 @@ BuiltSkeleton readSkeleton(const std::string& text, const osgDB::Options* option
         name = profiled.figure.joints.front().name;
     BuiltSkeleton built =
         buildSkeleton(profiled.figure, takeTable(document), qualifyNames ? name : std::string());
-    profileOfThisThread() = std::move(profiled.record);
+    profile = std::move(profiled.record);
     built.node->setName(name);
     built.animation->setName(name);
     return built;
@@ -96,46 +97,49 @@ BuiltSkeleton readSkeleton(const std::string& text, const osgDB::Options* option
 bool ReaderWriterBVH::readBVHNode(const std::string& text, const osgDB::Options* options, osg::Node** node,
                                   KivAnimation::Animation** animation, std::string& name, bool qualifyNames)
 {
-    errorOfThisThread().clear();
-    profileOfThisThread() = ProfileRecord();
     if (node == nullptr || animation == nullptr) {
-        errorOfThisThread() = "no place for the node and the animation";
+        remember("no place for the node and the animation", ProfileRecord());
         return false;
     }
     try {
         std::string qualifier = name;
-        BuiltSkeleton built = readSkeleton(text, options, qualifier, qualifyNames);
+        ProfileRecord profile;
+        BuiltSkeleton built = readSkeleton(text, options, qualifier, qualifyNames, profile);
+        remember(std::string(), std::move(profile));
         name = std::move(qualifier);
         *node = built.node.release();
         *animation = built.animation.release();
         return true;
     } catch (const std::exception& failure) {
-        errorOfThisThread() = failure.what();
+        remember(failure.what(), ProfileRecord());
         return false;
     }
 }
 
 void ReaderWriterBVH::resetKivReader()
 {
-    errorOfThisThread().clear();
-    profileOfThisThread() = ProfileRecord();
+    remember(std::string(), ProfileRecord());
 }
 
 std::string ReaderWriterBVH::lastError()
 {
-    return errorOfThisThread();
+    SharedState& state = sharedState();
+    const std::lock_guard<std::mutex> lock(state.mutex);
+    return state.lastError;
 }
 
 ProfileRecord ReaderWriterBVH::lastProfile()
 {
-    return profileOfThisThread();
+    SharedState& state = sharedState();
+    const std::lock_guard<std::mutex> lock(state.mutex);
+    return state.lastProfile;
 }
 
 void ReaderWriterBVH::setDefaultOptions(const osgDB::Options* options)
 {
-    DefaultOptions& defaults = defaultOptions();
-    const std::lock_guard<std::mutex> lock(defaults.mutex);
-    defaults.options = options;
+    SharedState& state = sharedState();
+    const std::lock_guard<std::mutex> lock(state.mutex);
+    state.defaultOptions = options;
 }
 
 }  // namespace KivReader

@@ -36,10 +36,10 @@ public:
     /// Forgets the last error and the last profile. The default options stay.
     static void resetKivReader();
 
-    /// Why this thread's last reading was refused: "line 12, column 5: …"; empty after a success.
+    /// Why the last reading, on whatever thread, was refused: "line 12, column 5: …"; empty after a success.
     static std::string lastError();
 
-    /// What this thread's last reading did to the file's joints; an empty record after a refusal.
+    /// What the last reading, on whatever thread, did to the file's joints; an empty record after a refusal.
     static ProfileRecord lastProfile();
 
     /// The options of a call that passes none; none at first. Null takes them away.
