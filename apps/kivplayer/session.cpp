@@ -42,18 +42,18 @@ std::string readersReason(const std::string& text)
     return read ? std::string() : KivReader::ReaderWriterBVH::lastError();
 }
 
-/// The reader's words about a table, "FILE, line 3: reason", with the place taken out.
+/// The reader's words about a table, "FILE, line 3: reason" or "FILE: reason", with the place taken out.
 Complaint tableComplaint(const std::string& file, const std::string& said)
 {
     const std::string before = file + ", line ";
-    if (said.compare(0, before.size(), before) != 0)
-        return {"", 0, 0, said};
     const std::size_t end = said.find(": ", before.size());
-    const std::string digits = said.substr(before.size(), end - before.size());
-    const auto line = parseInteger(digits);
-    if (!line || *line < 1 || end == std::string::npos)
-        return {"", 0, 0, said};
-    return {file, static_cast<std::size_t>(*line), 0, said.substr(end + 2)};
+    if (said.compare(0, before.size(), before) == 0 && end != std::string::npos) {
+        const auto line = parseInteger(said.substr(before.size(), end - before.size()));
+        if (line && *line > 0)
+            return {file, static_cast<std::size_t>(*line), 0, said.substr(end + 2)};
+    }
+    const bool named = said.compare(0, file.size() + 2, file + ": ") == 0;
+    return {file, 0, 0, named ? said.substr(file.size() + 2) : said};
 }
 
 bool reported(const std::string& path, const std::string& outcome)

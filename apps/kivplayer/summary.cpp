@@ -63,9 +63,10 @@ std::string profileText(const ordered_json& profile)
 {
     if (!profile.at("humanoid").get<bool>())
         return "  read as it stands: " + profile.at("reason").get<std::string>() + "\n";
-    std::string text = " ";
+    std::string text;
     for (const char* what : {"renamed", "folded", "inserted", "reframed", "left"})
-        text += std::string(" ") + what + " " + std::to_string(profile.at(what).size());
+        text +=
+            (text.empty() ? "  " : ", ") + std::string(what) + " " + std::to_string(profile.at(what).size());
     text += "\n  unit " + withReason(profile.at("unit"), profile.at("unitReason"));
     text += "\n  upright " + withReason(profile.at("upAxis"), profile.at("upReason"));
     return text + "\n";

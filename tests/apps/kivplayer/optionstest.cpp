@@ -6,6 +6,8 @@
 #include <string>
 #include <vector>
 
+#include "KivReader/humanoidprofile.h"
+
 namespace {
 
 using KivPlayer::parseOptions;
@@ -80,6 +82,17 @@ INSTANTIATE_TEST_SUITE_P(
         Refused{"moreNamesThanMotions",
                 {"a.bvh", "--no-render", "--name", "A", "--name", "B"},
                 "given 2 times for 1 motion"},
+        Refused{"emptyProfile", {"a.bvh", "--no-render", "--profile", ""}, "--profile"},
+        Refused{"quoteInATablesPath", {"a.bvh", "--no-render", "--profile", "my\"table"}, "double quotes"},
+        Refused{"unknownUnit", {"a.bvh", "--no-render", "--unit", "furlong"}, "found \"furlong\""},
+        Refused{"unitWithAComma", {"a.bvh", "--no-render", "--unit", "2,54"}, "--unit"},
+        Refused{"unitOfZero", {"a.bvh", "--no-render", "--unit", "0"}, "above 0"},
+        Refused{"unitThatSmugglesAWordIn", {"a.bvh", "--no-render", "--unit", "cm\" up=\"z"}, "--unit"},
+        Refused{"axisOfDepth", {"a.bvh", "--no-render", "--up", "x"}, "auto, y or z"},
+        Refused{"momentsWithoutASheet", {"a.bvh", "--no-render", "--moments", "4"}, "--contact-sheet"},
+        Refused{"noMoment", {"a.bvh", "--contact-sheet", "s", "--moments", "0"}, "1 to 16"},
+        Refused{"sheetAndOutput", {"a.bvh", "--contact-sheet", "s", "--output", "a.png"}, "excludes"},
+        Refused{"sheetAndReport", {"a.bvh", "--contact-sheet", "s", "--report", "-"}, "excludes"},
         Refused{"quietAndVerbose", {"a.bvh", "--no-render", "--quiet", "--verbose"}, "--verbose"},
         Refused{"outputWithoutRendering", {"a.bvh", "--output", "a.png", "--no-render"}, "excludes --output"},
         Refused{"referenceOfASequence",
@@ -153,6 +166,43 @@ TEST(Options, showsNeitherCentreOfMassNorContactsUnlessAsked)
     EXPECT_TRUE(asked.options->shown.contacts);
     EXPECT_FALSE(asked.options->shown.grid);
     EXPECT_EQ(asked.options->shown.names, false);
+}
+
+TEST(Options, makesSkeletonsFromElsewhereReadyUnlessTold)
+{
+    std::string problem;
+    const Parsing plain = parse({"a.bvh", "--no-render"});
+    ASSERT_TRUE(plain.options) << plain.error;
+    const auto usual = KivReader::profileOptionsFrom(plain.options->reading, problem);
+    EXPECT_EQ(usual.use, KivReader::ProfileOptions::Use::On);
+    EXPECT_EQ(usual.tableFile, "");
+    EXPECT_EQ(usual.unit, 0.0);
+    EXPECT_FALSE(usual.firstFrameIsRest);
+    const Parsing told = parse({"a.bvh", "--no-render", "--profile", "my tables/own.profile", "--unit",
+                                "inch", "--up", "z", "--first-frame-is-rest"});
+    ASSERT_TRUE(told.options) << told.error;
+    const auto asked = KivReader::profileOptionsFrom(told.options->reading, problem);
+    EXPECT_EQ(problem, "");
+    EXPECT_EQ(asked.tableFile, "my tables/own.profile");
+    EXPECT_EQ(asked.unit, 2.54);
+    EXPECT_EQ(asked.up, KivReader::ProfileOptions::Up::Z);
+    EXPECT_TRUE(asked.firstFrameIsRest);
+    const Parsing off = parse({"a.bvh", "--no-render", "--profile", "off", "--unit", "5.5"});
+    ASSERT_TRUE(off.options) << off.error;
+    const auto none = KivReader::profileOptionsFrom(off.options->reading, problem);
+    EXPECT_EQ(none.use, KivReader::ProfileOptions::Use::Off);
+    EXPECT_EQ(none.unit, 5.5);
+}
+
+TEST(Options, givesAContactSheetFourSmallMoments)
+{
+    const Parsing plain = parse({"a.bvh", "--contact-sheet", "sheets"});
+    ASSERT_TRUE(plain.options) << plain.error;
+    EXPECT_EQ(plain.options->moments, 4);
+    EXPECT_LT(plain.options->width, 400);
+    const Parsing large = parse({"a.bvh", "--contact-sheet", "sheets", "--resolution", "800,600"});
+    ASSERT_TRUE(large.options) << large.error;
+    EXPECT_EQ(large.options->width, 800);
 }
 
 TEST(Options, givesASequenceThirtyPicturesASecond)

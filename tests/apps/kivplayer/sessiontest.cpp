@@ -42,6 +42,49 @@ TEST_F(SessionOnTheSamples, refusesAFileThatIsNotThereOrAFolder)
     EXPECT_EQ(actorsInTheScene(), 0u);
 }
 
+TEST_F(SessionOnTheSamples, namesTheLineOfABrokenProfileTableOnceAndLoadsNothing)
+{
+    const std::string table = file("own.profile", "# mine\ndialect mine\nwen Hips\n");
+    Session session(m_console, "profile=\"" + table + "\"");
+    EXPECT_FALSE(session.start(KIV_RUNTIME_ROOT));
+    EXPECT_FALSE(session.load(0, sample("walk"), "A"));
+    EXPECT_FALSE(session.load(1, sample("wave"), "B"));
+    EXPECT_THAT(m_said.str(), HasSubstr("own.profile:3: error: "));
+    EXPECT_EQ(m_console.errors().size(), 1u);
+    EXPECT_EQ(actorsInTheScene(), 0u);
+}
+
+TEST_F(SessionOnTheSamples, saysThatAProfileTableIsNotThere)
+{
+    const std::string table = (m_folder / "nobodys.profile").string();
+    Session session(m_console, "profile=\"" + table + "\"");
+    EXPECT_FALSE(session.start(KIV_RUNTIME_ROOT));
+    EXPECT_THAT(m_said.str(), HasSubstr("nobodys.profile"));
+}
+
+TEST_F(SessionOnTheSamples, dressesAForeignSkeletonByATableOfItsOwners)
+{
+    std::string text = KivTestSupport::readWholeFile(sample("walk"));
+    for (const char* name : {"LeftUpLeg", "RightUpLeg"})
+        for (std::size_t at = text.find(name); at != std::string::npos; at = text.find(name))
+            text.replace(at, std::string(name).size(), name[0] == 'L' ? "Ham_A" : "Ham_B");
+    const std::string foreign = file("foreign.bvh", text);
+    const std::string table =
+        file("own.profile", "dialect butcher\nwhen Ham_A\nname Ham_{A,B} = {Left,Right}UpLeg\n");
+    {
+        Session session(m_console);
+        ASSERT_TRUE(session.start(KIV_RUNTIME_ROOT)) << m_said.str();
+        ASSERT_TRUE(session.load(0, foreign, "A")) << m_said.str();
+        EXPECT_FALSE(session.actors().at(0).profile.isHumanoid);
+    }
+    Session session(m_console, "profile=\"" + table + "\"");
+    ASSERT_TRUE(session.start(KIV_RUNTIME_ROOT)) << m_said.str();
+    ASSERT_TRUE(session.load(0, foreign, "A")) << m_said.str();
+    EXPECT_EQ(session.actors().at(0).profile.dialect, "butcher");
+    EXPECT_EQ(session.actors().at(0).profile.renamed.size(), 2u);
+    EXPECT_THAT(session.actors().at(0).dressed.jointNames(), testing::Contains("LeftUpLeg"));
+}
+
 TEST_F(SessionOnTheSamples, namesLineAndColumnOfABrokenFile)
 {
     Session session(m_console);
