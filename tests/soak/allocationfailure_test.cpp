@@ -1,0 +1,123 @@
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <iostream>
+#include <new>
+
+#include "tests/soak/heapuse.h"
+#include "tests/soak/soakhost.h"
+#include "tests/support/manageraccess.h"
+
+namespace {
+
+/// How many allocations of this thread still succeed; negative: all of them.
+thread_local long allocationsLeft = -1;
+
+bool mayAllocate()
+{
+    if (allocationsLeft < 0) {
+        return true;
+    }
+    if (allocationsLeft == 0) {
+        allocationsLeft = -1;  // one failure, as when memory is short for a moment
+        return false;
+    }
+    --allocationsLeft;
+    return true;
+}
+
+}  // namespace
+
+// Stand for the program's own, in every library that it has loaded. Inlined, the compiler would take malloc
+// and delete for a mismatched pair.
+#if defined(__GNUC__) && !defined(__clang__)
+#pragma GCC diagnostic ignored "-Wmismatched-new-delete"
+#endif
+void* operator new(std::size_t size)
+{
+    void* memory = mayAllocate() ? std::malloc(size ? size : 1) : nullptr;
+    if (!memory) {
+        throw std::bad_alloc();
+    }
+    return memory;
+}
+void* operator new[](std::size_t size)
+{
+    return operator new(size);
+}
+void operator delete(void* memory) noexcept
+{
+    std::free(memory);
+}
+void operator delete[](void* memory) noexcept
+{
+    std::free(memory);
+}
+void operator delete(void* memory, std::size_t) noexcept
+{
+    std::free(memory);
+}
+void operator delete[](void* memory, std::size_t) noexcept
+{
+    std::free(memory);
+}
+
+namespace {
+
+using namespace KivTestSupport;
+
+enum class Answer
+{
+    Succeeded,
+    Refused,
+    Threw
+};
+
+class AllocationFailure : public SoakHost
+{
+protected:
+    /// Runs a command whose allocation of that number fails.
+    static Answer runFailing(KivTaskCommand::TaskCommand& command, long number, bool& reached)
+    {
+        Answer answer = Answer::Threw;
+        allocationsLeft = number;
+        try {
+            answer = command.run() ? Answer::Succeeded : Answer::Refused;
+        } catch (const std::bad_alloc&) {
+        }
+        reached = allocationsLeft < 0;
+        allocationsLeft = -1;
+        return answer;
+    }
+};
+
+TEST_F(AllocationFailure, aLoadThatRunsOutOfMemoryAnywhereLeavesAWorkingHost)
+{
+    const std::string figure = smallFigureWithPropsBvh();
+    int counts[3] = {};
+    bool reached = true;
+    const long step = kHeapIsMeasured ? 1 : 13;
+    for (long number = 0; reached; number += step) {
+        SCOPED_TRACE("allocation " + std::to_string(number));
+        const auto command = loading(figure, 1);
+        const Answer answer = runFailing(*command, number, reached);
+        ++counts[static_cast<int>(answer)];
+        if (answer == Answer::Threw) {
+            EXPECT_LE(scene().getNumChildren(), 1u);
+        } else {
+            EXPECT_EQ(scene().getNumChildren(), answer == Answer::Succeeded ? 1u : 0u);
+        }
+        EXPECT_EQ(KivRenderState::KivRenderStateManager::instance()->getCharacterizationState(),
+                  KivCharacterizationCommonDef::CharacterizationReady);
+        EXPECT_TRUE(loading(figure, 1)->run());
+        frame([] {});
+        EXPECT_TRUE(removing(0, 0)->run());
+        ASSERT_EQ(scene().getNumChildren(), 0u);
+        ASSERT_EQ(playback().animationCount(), 0u);
+    }
+    std::cout << counts[0] << " loads succeeded all the same, " << counts[1] << " were refused, " << counts[2]
+              << " ended in std::bad_alloc" << std::endl;
+    EXPECT_GT(counts[2], 100);
+}
+
+}  // namespace

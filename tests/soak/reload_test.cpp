@@ -1,0 +1,32 @@
+#include <dlfcn.h>
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <string>
+
+#include "tests/soak/moduleprobe.h"
+#include "tests/support/contentfolder.h"
+#include "tests/support/motionlibrary.h"
+
+namespace {
+
+bool isMapped(const std::string& library)
+{
+    return KivTestSupport::readWholeFile("/proc/self/maps").find(library) != std::string::npos;
+}
+
+TEST(Reload, theWholeProgramComesAndGoesAHundredTimes)
+{
+    for (int round = 0; round < 100; ++round) {
+        void* library = dlopen(KIV_PROBE_LIBRARY, RTLD_NOW | RTLD_LOCAL);
+        ASSERT_NE(library, nullptr) << dlerror();
+        const auto probe = reinterpret_cast<decltype(&runProbe)>(dlsym(library, "runProbe"));
+        ASSERT_NE(probe, nullptr) << dlerror();
+        ASSERT_EQ(probe(KIV_RUNTIME_ROOT), 0) << "in round " << round;
+        ASSERT_TRUE(isMapped("libKivCharacterization"));
+        ASSERT_EQ(dlclose(library), 0) << dlerror();
+        ASSERT_FALSE(isMapped("libKivCharacterization")) << "the module stays in memory after its last user";
+    }
+}
+
+}  // namespace
