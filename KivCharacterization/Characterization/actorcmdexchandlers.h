@@ -82,7 +82,7 @@ public:
 
 private:
     ActorTable* m_pActors;
-    FontTable* m_pFonts;
+    [[maybe_unused]] FontTable* m_pFonts;
     std::string m_strActorId;
     std::string m_strNewName;
 };

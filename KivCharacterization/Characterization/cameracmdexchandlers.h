@@ -20,7 +20,7 @@ public:
     bool finish() override { return true; }
 
 private:
-    ActorTable* m_pActors;
+    [[maybe_unused]] ActorTable* m_pActors;
     std::string m_strTraceId;
     bool m_bTraceOn;
 };

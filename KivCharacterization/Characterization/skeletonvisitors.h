@@ -46,7 +46,7 @@ public:
 
 private:
     IveJointMap* m_pJoints;
-    SkeletonExtra* m_pExtra;
+    [[maybe_unused]] SkeletonExtra* m_pExtra;
 };
 
 /// Avatar: the segments between transforms and the transforms directly below them that are no pieces.
