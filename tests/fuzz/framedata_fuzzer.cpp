@@ -21,11 +21,15 @@ void writeSomething(FuzzedDataProvider& input)
     const std::size_t whole = bytes.size() / size;
     if (size == sizeof(float)) {
         std::vector<float> values(whole);
-        std::memcpy(values.data(), bytes.data(), whole * size);
+        if (whole > 0) {
+            std::memcpy(values.data(), bytes.data(), whole * size);
+        }
         ActorFrameManager::Ins()->WriteActorGravity(actor, whole ? values.data() : nullptr, whole);
     } else {
         std::vector<KIV_STICKCONTACT> contacts(whole);
-        std::memcpy(contacts.data(), bytes.data(), whole * size);
+        if (whole > 0) {
+            std::memcpy(contacts.data(), bytes.data(), whole * size);
+        }
         ActorFrameManager::Ins()->WriteActorStickContact(actor, whole ? contacts.data() : nullptr, whole);
     }
 }

@@ -44,6 +44,9 @@ for program in "${programs[@]}"; do
             seeds+=(tests/fuzz/seeds/motion "$small_motions")
             limit=16384
             ;;
+        commandsequence)
+            limit=512  # each byte may load an actor
+            ;;
     esac
     log=$build/fuzz/$program.log
     start=$(date +%s)
