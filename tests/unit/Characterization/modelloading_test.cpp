@@ -89,7 +89,8 @@ TEST_F(Loading, refusesATruncatedAvatar)
 TEST_F(Loading, keepsAnAvatarWhoseRootIsNoGroupWithEmptyTables)
 {
     content->copyFont();
-    content->writeAvatar(*new osg::Node);
+    const osg::ref_ptr<osg::Node> noGroup = new osg::Node;
+    content->writeAvatar(*noGroup);
     EXPECT_TRUE(manager().initalCharacterModel(content->root()));
     EXPECT_EQ(history()[1], kAnalysisFailed);
     EXPECT_EQ(history()[2], avatarLine("failed!"));
