@@ -21,6 +21,8 @@ namespace {
 constexpr double kFieldOfView = 30.0;  // degrees
 /// Joints lie inside the body: what a figure needs around them, as a share of its height.
 constexpr double kFlesh = 0.10;
+/// What the avatar's head takes above the head joint, whatever the figure's size.
+constexpr double kHeadHeight = 18.0;
 /// What a name label takes: scene units above the head joint, and for each letter.
 constexpr double kLabelHeight = 30.0;
 constexpr double kLetterWidth = 7.0;
@@ -108,6 +110,8 @@ void PictureMaker::aim(const std::vector<osg::Vec3d>& places, const std::vector<
     std::vector<osg::Vec3d> shown = places;
     for (const osg::Vec3d& place : places)
         shown.emplace_back(place.x(), place.y(), std::min(0.0, place.z()));
+    for (const osg::Vec3d& head : heads)
+        shown.push_back(head + osg::Vec3d(0, 0, kHeadHeight));
     addLabels(heads, compass, shown);
     CameraPose pose = frameAll(shown, compass, m_options.view.elevation, kFieldOfView,
                                static_cast<double>(m_options.width) / m_options.height,
