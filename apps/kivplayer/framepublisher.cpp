@@ -169,14 +169,20 @@ std::vector<osg::Vec3d> FramePublisher::placesNow() const
     return all;
 }
 
-std::vector<osg::Vec3d> FramePublisher::sampledPlacesOver(std::size_t actor) const
+std::pair<std::size_t, std::size_t> FramePublisher::sampleLayout(std::size_t actor) const
 {
-    std::size_t joints = 0;
     std::size_t before = 0;
+    std::size_t joints = 0;
     for (std::size_t i = 0; i < m_bodies.size(); ++i) {
         before += i < actor ? m_bodies[i].actor->dressed.joints().size() : 0;
         joints += m_bodies[i].actor->dressed.joints().size();
     }
+    return {before, joints};
+}
+
+std::vector<osg::Vec3d> FramePublisher::sampledPlacesOver(std::size_t actor) const
+{
+    const auto [before, joints] = sampleLayout(actor);
     const std::size_t own = m_bodies[actor].actor->dressed.joints().size();
     std::vector<osg::Vec3d> relative;
     for (std::size_t sample = 0; sample + joints <= m_sampled.size(); sample += joints) {
@@ -184,6 +190,16 @@ std::vector<osg::Vec3d> FramePublisher::sampledPlacesOver(std::size_t actor) con
         for (std::size_t i = 0; i < own; ++i)
             relative.push_back(m_sampled[sample + before + i] - ground);
     }
+    return relative;
+}
+
+std::vector<osg::Vec3d> FramePublisher::sampledHeadsOver(std::size_t actor) const
+{
+    const auto [before, joints] = sampleLayout(actor);
+    std::vector<osg::Vec3d> relative;
+    for (std::size_t sample = 0; sample * m_bodies.size() < m_sampledHeads.size(); ++sample)
+        relative.push_back(m_sampledHeads[sample * m_bodies.size() + actor] -
+                           below(m_sampled[sample * joints + before]));
     return relative;
 }
 

@@ -4,6 +4,7 @@
 #include <osg/Vec3d>
 
 #include <map>
+#include <utility>
 #include <vector>
 
 #include "bodymotion.h"
@@ -42,6 +43,7 @@ public:
     /// ground below its root joint, and that point around a time, smoothed so that the camera does not sway
     /// with the steps. Leaves the actors posed at that time. Actors count in the order of their indices.
     std::vector<osg::Vec3d> sampledPlacesOver(std::size_t actor) const;
+    std::vector<osg::Vec3d> sampledHeadsOver(std::size_t actor) const;
     osg::Vec3d groundUnder(std::size_t actor, double seconds);
 
     /// The compass direction that the figures face, radians counter-clockwise from the x axis; the mean over
@@ -57,6 +59,8 @@ private:
     };
 
     void sampleMotion();
+    /// In one sample of all joints: where an actor's begin, and how many there are.
+    std::pair<std::size_t, std::size_t> sampleLayout(std::size_t actor) const;
     void pose(double seconds);
     void follow(double seconds);
     void publish();

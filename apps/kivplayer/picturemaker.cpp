@@ -75,7 +75,7 @@ void PictureMaker::restart()
     if (!sequence)
         m_publisher.show(stillTime());
     if (m_followed)
-        aim(m_publisher.sampledPlacesOver(*m_followed), {});
+        aim(m_publisher.sampledPlacesOver(*m_followed), m_publisher.sampledHeadsOver(*m_followed));
     else if (sequence)
         aim(m_publisher.sampledPlaces(), m_publisher.sampledHeads());
     else

@@ -131,10 +131,14 @@ double avatarLegsAndTrunk(const RestFigure& avatar)
 
 double lowestSole(const MatchedMotion& motion, const MotionFigure& figure, double sole)
 {
+    std::vector<Placements> poses;
+    for (const std::size_t frame : motion.sampledFrames(kGroundFrames))
+        poses.push_back(placed(figure, motion.row(frame)));
+    if (poses.empty())
+        poses.push_back(MatchedMotion::atRest(figure));
     double lowest = 0.0;
     bool isFirst = true;
-    for (const std::size_t frame : motion.sampledFrames(kGroundFrames)) {
-        const Placements placements = placed(figure, motion.row(frame));
+    for (const Placements& placements : poses) {
         for (const char* side : kSides) {
             const std::string name = std::string(side) + "Foot";
             if (!motion.matching.has(name))
