@@ -157,7 +157,23 @@ private:
         // Looking at a node once is enough, below however many parents it is.
         if (m_strDefect.empty() && m_setVisited.insert(&node).second) {
             traverse(node);
+            if (m_strDefect.empty() && !hasFiniteBound(node)) {
+                note("\"" + node.getName() + "\" is too large to have a bound");
+            }
         }
+    }
+
+    /// Finite numbers may still be too large: a bound that overflows makes the whole picture vanish.
+    static bool hasFiniteBound(osg::Node& node)
+    {
+        const osg::BoundingSphere& bound = node.getBound();
+        if (bound.radius() < 0) {
+            // Empty, or what a transform made of the overflow.
+            const osg::Transform* transform = node.asTransform();
+            return !transform || transform->getNumChildren() == 0 ||
+                   !transform->getChild(0)->getBound().valid();
+        }
+        return std::isfinite(bound.center().length2()) && std::isfinite(bound.radius());
     }
 
     std::string m_strDefect;

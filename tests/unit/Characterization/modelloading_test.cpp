@@ -223,6 +223,18 @@ INSTANTIATE_TEST_SUITE_P(
                        std::numeric_limits<float>::infinity();
                },
                "a vertex is not finite"},
+        Defect{"aMatrixThatIsTooLarge",
+               [](osg::Geometry&, osg::MatrixTransform& transform) {
+                   transform.setMatrix(osg::Matrixd::scale(1e300, 1e300, 1e300));
+               },
+               "\"Hips\" is too large to have a bound"},
+        Defect{"aVertexThatIsTooFarAway",
+               [](osg::Geometry& geometry, osg::MatrixTransform&) {
+                   (*static_cast<osg::Vec3Array*>(geometry.getVertexArray()))[2].x() = -3e32f;
+                   geometry.setName("Mesh");
+                   geometry.dirtyBound();
+               },
+               "\"Mesh\" is too large to have a bound"},
         Defect{"anIndexBehindTheLastVertex",
                [](osg::Geometry& geometry, osg::MatrixTransform&) {
                    osg::ref_ptr<osg::DrawElementsUShort> indices = new osg::DrawElementsUShort(GL_TRIANGLES);
