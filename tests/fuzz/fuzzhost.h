@@ -30,8 +30,9 @@ public:
         osg::setNotifyLevel(osg::ALWAYS);  // none of the warnings that bad input earns
         KivCharacterization::CharacterizationManagerAccess access(manager());
         m_avatar = smallAvatar();
-        access.avatars["small"].node = m_avatar.get();
-        KIV_EXPECT(access.analyse(m_avatar.get(), access.avatars["small"]));
+        KivCharacterization::CommonTypeDef::SIveInfo& info = access.avatars["small"];
+        info.node = m_avatar.get();
+        KIV_EXPECT(KivCharacterization::AnalyseAvatar(m_avatar.get(), info));
         KIV_EXPECT(KivCharacterization::LoadLabelFont(KIV_FUZZ_FONT, access.fonts));
     }
 

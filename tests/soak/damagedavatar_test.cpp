@@ -145,7 +145,7 @@ protected:
         std::cout << m_loads << " files of " << m_whole.size() << " bytes: " << m_counts[LoadedAndSound]
                   << " loaded and sound, " << m_counts[Refused] << " refused, " << m_counts[LoadedUnsound]
                   << " accepted unsound; in the plugin " << m_counts[OutOfTime]
-                  << " ran into the time limit of " << seconds() << " s and " << m_counts[Crashed]
+                  << " ran into the time limit of " << kSeconds << " s and " << m_counts[Crashed]
                   << " crashed" << std::endl;
     }
 
@@ -162,7 +162,7 @@ protected:
     int m_counts[Crashed + 1] = {};
 
 private:
-    static unsigned int seconds() { return isFullRun() ? 5 : 1; }
+    static constexpr unsigned int kSeconds = 2;
 
     static void limitChild()
     {
@@ -173,7 +173,7 @@ private:
         }
         const rlimit noDump{0, 0};
         setrlimit(RLIMIT_CORE, &noDump);
-        alarm(seconds());
+        alarm(kSeconds);
     }
 
     int readInChild() const
