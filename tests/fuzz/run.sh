@@ -8,7 +8,7 @@ cd "$(dirname "$(realpath "$0")")/../.."
 seconds=${1:-20}
 shift || true
 programs=("$@")
-[ ${#programs[@]} -gt 0 ] || programs=(motiondocument jointnaming loadcommand commandsequence framedata)
+[ ${#programs[@]} -gt 0 ] || programs=(motiondocument humanoidprofile jointnaming loadcommand commandsequence framedata)
 
 if ! command -v clang++-14 > /dev/null; then
     echo "skipped: clang++-14 is not installed (packages clang-14 and libclang-rt-14-dev)"
@@ -31,6 +31,12 @@ if [ -d "$library" ]; then
     # Large files only slow mutation down.
     find -L "$library" -name '*.bvh' -size -24k -exec cp -t "$small_motions" {} +
 fi
+# A dialect table stands before a motion, parted from it by a byte of 1.
+tables=$build/fuzz/tables
+mkdir -p "$tables"
+for table in host/KivReader/profiles/*; do
+    { cat "$table"; printf '\001'; cat tests/fuzz/seeds/motion/props.bvh; } > "$tables/$(basename "$table")"
+done
 
 status=0
 printf '%-16s %12s %9s %9s %9s %7s\n' program executions 'per s' edges features seconds
@@ -40,9 +46,10 @@ for program in "${programs[@]}"; do
     seeds=("$corpus")
     limit=4096
     case $program in
-        motiondocument | loadcommand)
+        motiondocument | humanoidprofile | loadcommand)
             seeds+=(tests/fuzz/seeds/motion "$small_motions")
             limit=16384
+            [ "$program" = humanoidprofile ] && seeds+=("$tables")
             ;;
         commandsequence)
             limit=512  # each byte may load an actor
