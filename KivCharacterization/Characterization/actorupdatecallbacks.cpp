@@ -61,8 +61,8 @@ void show(osg::Switch& nodes, unsigned int position)
 
 osg::ref_ptr<osg::MatrixTransform> makeContactSphere()
 {
-    osg::ref_ptr<osg::ShapeDrawable> drawable =
-        new osg::ShapeDrawable(new osg::Sphere(osg::Vec3(), kContactRadius));
+    const osg::ref_ptr<osg::Sphere> shape = new osg::Sphere(osg::Vec3(), kContactRadius);
+    osg::ref_ptr<osg::ShapeDrawable> drawable = new osg::ShapeDrawable(shape.get());
     drawable->setDataVariance(osg::Object::DYNAMIC);
     drawable->getOrCreateStateSet()->setDataVariance(osg::Object::DYNAMIC);
     osg::ref_ptr<osg::MatrixTransform> sphere = new osg::MatrixTransform;

@@ -13,8 +13,8 @@ constexpr osg::Node::NodeMask kOverlayMask = 0x00000004;  // what the overlays o
 
 osg::ref_ptr<osg::ShapeDrawable> makeSphere()
 {
-    osg::ref_ptr<osg::ShapeDrawable> sphere =
-        new osg::ShapeDrawable(new osg::Sphere(osg::Vec3(), kMarkerRadius));
+    const osg::ref_ptr<osg::Sphere> shape = new osg::Sphere(osg::Vec3(), kMarkerRadius);
+    osg::ref_ptr<osg::ShapeDrawable> sphere = new osg::ShapeDrawable(shape.get());
     sphere->setName("ContactMarker");
     sphere->setNodeMask(kOverlayMask);
     sphere->setDataVariance(osg::Object::DYNAMIC);
