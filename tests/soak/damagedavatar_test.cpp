@@ -114,7 +114,8 @@ protected:
         if (WIFEXITED(status) && WEXITSTATUS(status) <= LoadedUnsound) {
             return static_cast<Outcome>(WEXITSTATUS(status));
         }
-        return WIFSIGNALED(status) && WTERMSIG(status) == SIGALRM ? OutOfTime : Crashed;
+        const int signal = WIFSIGNALED(status) ? WTERMSIG(status) : 0;
+        return signal == SIGXCPU || signal == SIGALRM ? OutOfTime : Crashed;
     }
 
     void count(const std::string& bytes, const std::string& what)
@@ -173,7 +174,11 @@ private:
         }
         const rlimit noDump{0, 0};
         setrlimit(RLIMIT_CORE, &noDump);
-        alarm(kSeconds);
+        // Of the processor's time: a busy machine must not look like a loop. The alarm ends what waits for
+        // ever.
+        const rlimit processorTime{kSeconds, kSeconds + 1};
+        setrlimit(RLIMIT_CPU, &processorTime);
+        alarm(30 * kSeconds);
     }
 
     int readInChild() const
