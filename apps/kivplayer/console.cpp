@@ -22,24 +22,28 @@ std::string complaintLine(const Complaint& complaint, const std::string& kind)
 
 void Console::error(const Complaint& complaint)
 {
+    const std::lock_guard<std::mutex> lock(m_mutex);
     m_errors.push_back(complaint);
     m_stream << complaintLine(complaint, "error") << std::endl;
 }
 
 void Console::warning(const Complaint& complaint)
 {
+    const std::lock_guard<std::mutex> lock(m_mutex);
     if (m_loudness != Loudness::Quiet)
         m_stream << complaintLine(complaint, "warning") << std::endl;
 }
 
 void Console::say(const std::string& text)
 {
+    const std::lock_guard<std::mutex> lock(m_mutex);
     if (m_loudness != Loudness::Quiet)
         m_stream << text << std::flush;
 }
 
 void Console::note(const std::string& text)
 {
+    const std::lock_guard<std::mutex> lock(m_mutex);
     if (m_loudness == Loudness::Verbose)
         m_stream << "kivplayer: " << text << std::endl;
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <iosfwd>
+#include <mutex>
 #include <string>
 #include <vector>
 
@@ -23,7 +24,8 @@ std::string placeText(const Complaint& complaint);
 /// "kivplayer: file:line:column: error: message"
 std::string complaintLine(const Complaint& complaint, const std::string& kind);
 
-/// What the program says beside its output, a line each, on stderr. Remembers the errors.
+/// What the program says beside its output, a line each, on stderr. Remembers the errors. Lines may come from
+/// any thread; the errors are read while nobody else speaks.
 class Console
 {
 public:
@@ -47,6 +49,7 @@ public:
     const std::vector<Complaint>& errors() const { return m_errors; }
 
 private:
+    std::mutex m_mutex;
     std::ostream& m_stream;
     Loudness m_loudness;
     std::vector<Complaint> m_errors;

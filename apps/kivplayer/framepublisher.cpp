@@ -70,6 +70,17 @@ osg::Vec3d headOf(const std::vector<DressedActor::Joint>& joints, const std::vec
 
 }  // namespace
 
+void FramePublisher::publishContacts(bool wanted)
+{
+    if (wanted == m_publishContacts)
+        return;
+    m_publishContacts = wanted;
+    m_followed = -1e9;
+    for (const Body& body : m_bodies)
+        if (!wanted)
+            KivMemoryShare::ActorFrameManager::Ins()->WriteActorStickContact(body.actor->index, nullptr, 0);
+}
+
 void FramePublisher::setActors(const std::map<unsigned, LoadedActor>& actors)
 {
     m_bodies.clear();

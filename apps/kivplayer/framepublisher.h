@@ -21,6 +21,9 @@ public:
     /// @param contacts whether contacts are published at all: the overlay shows whatever is.
     explicit FramePublisher(bool contacts) : m_publishContacts(contacts) {}
 
+    /// Contacts that are no longer published are taken out of the store.
+    void publishContacts(bool wanted);
+
     /// Takes the actors over as they are now. The motion is sampled for where it leads and how low feet come.
     void setActors(const std::map<unsigned, LoadedActor>& actors);
 

@@ -7,11 +7,12 @@
 #include "console.h"
 #include "headless.h"
 #include "options.h"
+#include "window/runwindow.h"
 
 int main(int argc, char** argv)
 {
     using KivPlayer::Console;
-    const KivPlayer::Parsing parsing = KivPlayer::parseOptions(argc, argv);
+    const KivPlayer::Parsing parsing = KivPlayer::parseOptions(argc, argv, KivPlayer::displayThere());
     std::cout << parsing.output << std::flush;
     std::cerr << parsing.error << std::flush;
     if (!parsing.options)
@@ -24,7 +25,8 @@ int main(int argc, char** argv)
         osg::setNotifyLevel(options.verbose ? osg::NOTICE : osg::FATAL);
     try {
         Console console(std::cerr, loudness);
-        return KivPlayer::runHeadless(options, console);
+        return options.window ? KivPlayer::runWindow(options, console)
+                              : KivPlayer::runHeadless(options, console);
     } catch (const std::exception& problem) {
         std::cerr << "kivplayer: error: " << problem.what() << std::endl;
         return KivPlayer::ExitFailed;

@@ -12,6 +12,7 @@
 #include "numbers.h"
 #include "optiontexts.h"
 #include "version.h"
+#include "window/keytable.h"
 
 namespace KivPlayer {
 
@@ -211,6 +212,12 @@ void checkSheet(const Options& options, const OptionTexts& texts)
             throw CLI::ValidationError(name, "excludes --contact-sheet");
 }
 
+bool asksForNoFile(const Options& options)
+{
+    return !options.output && options.render && options.report.empty() && options.reference.empty() &&
+           options.contactSheet.empty();
+}
+
 void checkTogether(const Options& options, const OptionTexts& texts)
 {
     if (options.motions.empty())
@@ -234,15 +241,15 @@ void checkTogether(const Options& options, const OptionTexts& texts)
     if (options.output && !options.render)
         throw CLI::ValidationError("--no-render", "excludes --output");
     checkSheet(options, texts);
-    if (!options.output && options.render && options.report.empty() && options.reference.empty() &&
-        options.contactSheet.empty())
+    if (asksForNoFile(options) && !options.window)
         throw CLI::RequiredError(
-            "nothing to do: one of --output, --contact-sheet, --reference, --report and --no-render");
+            "nothing to do: no display for a window, and none of --output, --contact-sheet, --reference, "
+            "--report and --no-render");
 }
 
 }  // namespace
 
-Parsing parseOptions(int argc, const char* const* argv)
+Parsing parseOptions(int argc, const char* const* argv, bool display)
 {
     CLI::App app("Shows motion-capture files on an avatar", "kivplayer");
     app.set_version_flag("--version", "kivplayer " KIV_PLAYER_VERSION);
@@ -250,9 +257,17 @@ Parsing parseOptions(int argc, const char* const* argv)
     Options options;
     OptionTexts texts;
     declareOptions(app, options, texts);
+    bool helpKeys = false;
+    app.add_flag("--help-keys", helpKeys, "Print the keys of the window and exit");
+    app.add_option("--state-file", options.stateFile, "Keep writing what the window shows (JSON)")
+        ->type_name("FILE");
     Parsing parsing;
     try {
         app.parse(argc, argv);
+        if (helpKeys) {
+            parsing.output = keysHelp();
+            return parsing;
+        }
         understandReading(texts, options);
         understandTimes(texts, options);
         understandSize(texts, options);
@@ -261,6 +276,7 @@ Parsing parseOptions(int argc, const char* const* argv)
         understandShown("--hide", texts.hide, false, options.shown);
         understandOutput(texts, options);
         understandSheet(texts, options);
+        options.window = display && asksForNoFile(options);
         checkTogether(options, texts);
         parsing.options = options;
     } catch (const CLI::Success& answer) {

@@ -41,6 +41,8 @@ struct Options
     std::optional<OutputNames> output;
     std::string contactSheet;  ///< the folder for one; empty: none
     int moments = 4;           ///< of every motion, on a contact sheet
+    bool window = false;       ///< nothing else is asked for, and there is a display
+    std::string stateFile;     ///< where a window keeps writing what it shows; empty: nowhere
     bool render = true;
     bool verbose = false;
     bool quiet = false;
@@ -74,6 +76,7 @@ struct Parsing
 };
 
 /// Understands a command line. Numbers are read the same way under every locale.
-Parsing parseOptions(int argc, const char* const* argv);
+/// @param display whether there is one to open a window on.
+Parsing parseOptions(int argc, const char* const* argv, bool display = false);
 
 }  // namespace KivPlayer

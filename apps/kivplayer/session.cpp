@@ -56,6 +56,12 @@ Complaint tableComplaint(const std::string& file, const std::string& said)
     return {file, 0, 0, named ? said.substr(file.size() + 2) : said};
 }
 
+bool attachLoad(CharacterizationManager& manager, const MotionFile& motion, TaskCommand& command)
+{
+    const LoadedActor& actor = motion.actor;
+    return manager.createLoadBVHCommand(motion.text, static_cast<int>(actor.index), actor.name, &command);
+}
+
 bool reported(const std::string& path, const std::string& outcome)
 {
     for (const std::string& line : KivErrorOperator::TavrinCommonErrorMsg::instance()->history())
@@ -156,17 +162,37 @@ bool Session::readMotion(const std::string& file, std::string& text, LoadedActor
 
 bool Session::load(unsigned index, const std::string& file, const std::string& name)
 {
-    std::string text;
-    LoadedActor actor;
-    if (!m_tableThere || !readMotion(file, text, actor))
+    std::optional<MotionFile> motion = read(index, file, name);
+    if (!motion)
         return false;
-    actor.index = index;
-    actor.file = file;
-    actor.name = name;
-    m_actors.erase(index);
-    const bool built = run([&](CharacterizationManager& manager, TaskCommand& command) {
-        return manager.createLoadBVHCommand(text, static_cast<int>(index), name, &command);
+    const bool built = run([&motion](CharacterizationManager& manager, TaskCommand& command) {
+        return attachLoad(manager, *motion, command);
     });
+    return finish(std::move(*motion), built);
+}
+
+std::optional<MotionFile> Session::read(unsigned index, const std::string& file, const std::string& name)
+{
+    MotionFile motion;
+    if (!m_tableThere || !readMotion(file, motion.text, motion.actor))
+        return std::nullopt;
+    motion.actor.index = index;
+    motion.actor.file = file;
+    motion.actor.name = name;
+    return motion;
+}
+
+std::future<bool> Session::build(const MotionFile& motion)
+{
+    return submit([&motion](CharacterizationManager& manager, TaskCommand& command) {
+        return attachLoad(manager, motion, command);
+    });
+}
+
+bool Session::finish(MotionFile motion, bool built)
+{
+    LoadedActor& actor = motion.actor;
+    m_actors.erase(actor.index);
     std::optional<DressedActor> dressed;
     if (built) {
         const KivTaskCommand::SceneGate::Pass pass(m_gate);
@@ -175,24 +201,37 @@ bool Session::load(unsigned index, const std::string& file, const std::string& n
             describeSurfaces(dressed->root());
     }
     if (!dressed) {
-        std::string reason = readersReason(text);
+        std::string reason = readersReason(motion.text);
         if (reason.empty())
             reason =
                 m_avatarThere ? "the skeleton could not be dressed" : "there is no avatar to dress it with";
-        m_console.error({file, 0, 0, reason});
+        m_console.error({actor.file, 0, 0, reason});
         return false;
     }
     actor.dressed = std::move(*dressed);
-    m_console.note(file + ": actor " + actor.id() + ", " + std::to_string(actor.dressed.joints().size()) +
-                   " joints, " + std::to_string(actor.frames()) + " frames");
-    m_actors.emplace(index, std::move(actor));
+    m_console.note(actor.file + ": actor " + actor.id() + ", " +
+                   std::to_string(actor.dressed.joints().size()) + " joints, " +
+                   std::to_string(actor.frames()) + " frames");
+    m_actors.emplace(actor.index, std::move(actor));
     return true;
+}
+
+void Session::forget(unsigned index)
+{
+    m_actors.erase(index);
+    KivMemoryShare::ActorFrameManager::Ins()->RemoveActor(index);
+}
+
+void Session::noteName(unsigned index, const std::string& name)
+{
+    const auto actor = m_actors.find(index);
+    if (actor != m_actors.end())
+        actor->second.name = name;
 }
 
 bool Session::remove(unsigned index)
 {
-    m_actors.erase(index);
-    KivMemoryShare::ActorFrameManager::Ins()->RemoveActor(index);
+    forget(index);
     return run([index](CharacterizationManager& manager, TaskCommand& command) {
         return manager.ClearOrRemoveActor(&command, 1, index);
     });
@@ -203,9 +242,8 @@ bool Session::rename(unsigned index, const std::string& name)
     const bool renamed = run([&](CharacterizationManager& manager, TaskCommand& command) {
         return manager.createChangeActorNameCommand(index, name, &command);
     });
-    const auto actor = m_actors.find(index);
-    if (renamed && actor != m_actors.end())
-        actor->second.name = name;
+    if (renamed)
+        noteName(index, name);
     return renamed;
 }
 

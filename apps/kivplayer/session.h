@@ -4,6 +4,7 @@
 #include <future>
 #include <map>
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "KivReader/humanoidprofile.h"
@@ -34,6 +35,13 @@ struct LoadedActor
     double duration() const { return static_cast<double>(frames() - 1) * document.frameTime; }
 };
 
+/// A motion file that has been read and is no actor yet.
+struct MotionFile
+{
+    std::string text;
+    LoadedActor actor;  ///< not dressed
+};
+
 /// Drives the module: owns the command thread and knows which actors are in the scene. Everything goes
 /// through the exported class and through commands. Made, used and destroyed on the thread of the frame loop,
 /// which must have the gate open while it waits for an answer; one session at a time.
@@ -57,7 +65,17 @@ public:
     /// Reads a motion file and makes it the actor of that index, in place of an earlier one. A file that
     /// cannot be read is reported and leaves the earlier actor as it is.
     bool load(unsigned index, const std::string& file, const std::string& name);
+
+    /// The steps of load, for a frame loop that goes on meanwhile. read may run on any thread; build hands
+    /// the command over and does not wait; finish takes the actor in once the command has answered.
+    std::optional<MotionFile> read(unsigned index, const std::string& file, const std::string& name);
+    std::future<bool> build(const MotionFile& motion);
+    bool finish(MotionFile motion, bool built);
+
     bool remove(unsigned index);
+    /// What is known of an actor changes with a command that was submitted by the caller.
+    void forget(unsigned index);
+    void noteName(unsigned index, const std::string& name);
     bool rename(unsigned index, const std::string& name);
     bool showPropsDraggers(bool shown);
     /// Overrides what the module does with the name labels by itself.

@@ -1,0 +1,48 @@
+#pragma once
+
+#include <future>
+#include <list>
+#include <optional>
+#include <string>
+
+#include "session.h"
+
+namespace KivPlayer {
+
+/// Loads motion files while the frame loop goes on: reads on a thread of its own, builds on the command
+/// thread, and takes the finished actor in between two frames. One file after the other.
+class ActorLoader
+{
+public:
+    explicit ActorLoader(Session& session) : m_session(session) {}
+
+    /// Queues a file to become the actor of that index, in place of an earlier one.
+    void load(unsigned index, const std::string& file, const std::string& name);
+
+    /// Goes on with what is ready and never waits. Between frames, the gate open.
+    /// @return whether the actors have changed.
+    bool advance();
+
+    bool isBusy() const { return m_reading.valid() || m_building.valid() || !m_waiting.empty(); }
+    /// The file that is being loaded; empty where none is.
+    const std::string& file() const { return m_file; }
+
+private:
+    struct Wanted
+    {
+        unsigned index;
+        std::string file;
+        std::string name;
+    };
+
+    void start();
+
+    Session& m_session;
+    std::list<Wanted> m_waiting;
+    std::string m_file;
+    std::future<std::optional<MotionFile>> m_reading;
+    std::optional<MotionFile> m_motion;
+    std::future<bool> m_building;
+};
+
+}  // namespace KivPlayer

@@ -1,0 +1,77 @@
+#pragma once
+
+#include <nlohmann/json.hpp>
+
+#include <map>
+#include <optional>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "session.h"
+#include "window/keytable.h"
+#include "window/propswatch.h"
+#include "window/transport.h"
+
+namespace KivPlayer {
+
+/// Which overlays are on.
+struct ShownNow
+{
+    bool names = false;
+    bool centreOfMass = false;
+    bool contacts = false;
+    bool grid = true;
+    bool draggers = false;
+    bool help = false;
+    bool statistics = false;
+};
+
+/// How long the last frames took, milliseconds.
+struct FrameTimes
+{
+    double mean = 0.0;
+    double worst = 0.0;
+    unsigned long long frames = 0;
+};
+
+/// A place in the window, pixels from its top left corner.
+struct Place
+{
+    float x = 0, y = 0, width = 0, height = 0;
+};
+
+/// What the panels show and what they may ask for. They describe themselves between frames; everything that
+/// changes the scene goes out as a command and is done later.
+class Desk
+{
+public:
+    virtual ~Desk() = default;
+
+    virtual void perform(Action action) = 0;
+    virtual void load(const std::string& file) = 0;
+    virtual void reload(unsigned actor) = 0;
+    virtual void remove(unsigned actor) = 0;
+    virtual void rename(unsigned actor, const std::string& name) = 0;
+    virtual void setVisible(unsigned actor, bool visible) = 0;
+    virtual void follow(std::optional<unsigned> actor) = 0;
+    virtual void showDragger(const WatchedProps& props, bool shown) = 0;
+    virtual void showContactDragger(const WatchedProps& props, bool shown) = 0;
+    virtual void place(const WatchedProps& props) = 0;
+    virtual void paintContact(const std::string& joint, const float* colour) = 0;
+
+    virtual const std::map<unsigned, LoadedActor>& actors() const = 0;
+    virtual bool isVisible(unsigned actor) const = 0;
+    virtual std::optional<unsigned> followed() const = 0;
+    virtual const ShownNow& shown() const = 0;
+    virtual const FrameTimes& frameTimes() const = 0;
+    virtual std::string status() const = 0;
+    virtual const std::vector<std::string>& log() const = 0;
+    virtual const nlohmann::ordered_json& fitReport() = 0;
+
+    Transport transport;
+    PropsWatch props;
+    std::map<std::string, Place> places;  ///< of the controls that were described last, by name
+};
+
+}  // namespace KivPlayer

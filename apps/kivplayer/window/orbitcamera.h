@@ -1,0 +1,57 @@
+#pragma once
+
+#include <osg/Camera>
+#include <osg/Vec3d>
+#include <osg/ref_ptr>
+#include <osgGA/OrbitManipulator>
+
+#include <optional>
+
+#include "framing.h"
+
+namespace KivPlayer {
+
+/// The part of a window that is left to the scene, in pixels; the rest is panels.
+struct FreeArea
+{
+    int windowWidth = 1280;
+    int windowHeight = 800;
+    int left = 0;    ///< taken at the left
+    int bottom = 0;  ///< taken at the bottom
+
+    double aspect() const;
+};
+
+/// The camera of the window: orbits about a point with the z axis upright, knows its home, and goes along
+/// with a moving point. Between frames.
+class OrbitCamera
+{
+public:
+    static constexpr double kFieldOfView = 30.0;  ///< degrees, vertical, of the free area
+
+    OrbitCamera();
+
+    osgGA::CameraManipulator* manipulator() const { return m_spOrbit; }
+
+    void setHome(const CameraPose& pose);
+    void goHome();
+
+    /// Projects so that the middle of the picture is the middle of the free area, while the scene is drawn
+    /// behind the panels, too.
+    void project(osg::Camera& camera, const FreeArea& area) const;
+
+    /// Turns towards a point and comes near enough for a figure of that height to be seen well.
+    void approach(const osg::Vec3d& point, double height);
+
+    /// Moves by what a point has moved since the last call; the first call after none only remembers it.
+    /// @return the step that was taken.
+    osg::Vec3d goAlong(const std::optional<osg::Vec3d>& point);
+
+    CameraPose pose() const;
+
+private:
+    osg::ref_ptr<osgGA::OrbitManipulator> m_spOrbit;
+    std::optional<osg::Vec3d> m_followed;
+};
+
+}  // namespace KivPlayer

@@ -1,0 +1,33 @@
+#include "window/runwindow.h"
+
+#include <cstdlib>
+
+#include "KivCharacterization/characterizationmanager.h"
+#include "runtimeroot.h"
+#include "session.h"
+#include "window/playerwindow.h"
+
+namespace KivPlayer {
+
+bool displayThere()
+{
+#if defined(_WIN32)
+    return true;
+#else
+    const char* display = std::getenv("DISPLAY");
+    return display && *display != '\0';
+#endif
+}
+
+ExitCode runWindow(const Options& options, Console& console)
+{
+    Session session(console, options.reading);
+    session.start(options.root.empty() ? findRuntimeRoot() : options.root);
+    {
+        PlayerWindow window(options, session, console);
+        window.run();
+    }
+    return console.errors().empty() ? ExitDone : ExitFailed;
+}
+
+}  // namespace KivPlayer

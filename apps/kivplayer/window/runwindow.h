@@ -1,0 +1,14 @@
+#pragma once
+
+#include "console.h"
+#include "options.h"
+
+namespace KivPlayer {
+
+/// Whether there is a display to open a window on.
+bool displayThere();
+
+/// Shows the motions in a window until it is closed.
+ExitCode runWindow(const Options& options, Console& console);
+
+}  // namespace KivPlayer
