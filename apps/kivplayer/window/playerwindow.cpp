@@ -7,6 +7,7 @@
 #include <filesystem>
 #include <stdexcept>
 #include <thread>
+#include <utility>
 
 #include "KivCharacterization/characterizationmanager.h"
 #include "KivErrorOperator/tavrincommonerrormsg.h"
@@ -23,21 +24,42 @@ namespace {
 
 constexpr int kWidth = 1280;
 constexpr int kHeight = 800;
+constexpr unsigned kSamples = 4;
 /// A display that does not hold frames back shall not keep a whole processor busy.
 constexpr double kShortestFrame = 1.0 / 120.0;
 constexpr double kLongestStep = 1.0;  // seconds of playback that one frame may take
 
+/// Smooth edges cost a processor that draws by itself most of its frames.
+bool drawsInSoftware()
+{
+    osg::ref_ptr<osg::GraphicsContext::Traits> traits = new osg::GraphicsContext::Traits;
+    traits->readDISPLAY();
+    traits->width = 1;
+    traits->height = 1;
+    traits->pbuffer = true;
+    const osg::ref_ptr<osg::GraphicsContext> context =
+        osg::GraphicsContext::createGraphicsContext(traits.get());
+    if (!context || !context->realize() || !context->makeCurrent())
+        return true;
+    const GLubyte* renderer = glGetString(GL_RENDERER);
+    const std::string name = renderer ? reinterpret_cast<const char*>(renderer) : "";
+    context->releaseContext();
+    context->close();
+    return name.find("llvmpipe") != std::string::npos || name.find("softpipe") != std::string::npos;
+}
+
+/// Notes what keys ask for; it is done between frames, where commands get through the gate.
 class KeyHandler : public osgGA::GUIEventHandler
 {
 public:
-    explicit KeyHandler(Desk& desk) : m_desk(desk) {}
+    explicit KeyHandler(std::vector<Action>& asked) : m_asked(asked) {}
 
     bool handle(const osgGA::GUIEventAdapter& ea, osgGA::GUIActionAdapter&, osg::Object*,
                 osg::NodeVisitor*) override
     {
         if (ea.getEventType() == osgGA::GUIEventAdapter::CLOSE_WINDOW ||
             ea.getEventType() == osgGA::GUIEventAdapter::QUIT_APPLICATION) {
-            m_desk.perform(Action::Quit);
+            m_asked.push_back(Action::Quit);
             return true;
         }
         if (ea.getHandled() || ea.getEventType() != osgGA::GUIEventAdapter::KEYDOWN)
@@ -45,12 +67,12 @@ public:
         const bool control = (ea.getModKeyMask() & osgGA::GUIEventAdapter::MODKEY_CTRL) != 0;
         const KeyBinding* binding = bindingFor(ea.getKey(), control);
         if (binding)
-            m_desk.perform(binding->action);
+            m_asked.push_back(binding->action);
         return binding != nullptr;
     }
 
 private:
-    Desk& m_desk;
+    std::vector<Action>& m_asked;
 };
 
 }  // namespace
@@ -105,7 +127,7 @@ void PlayerWindow::openWindow()
     traits->windowName = "kivplayer";
     traits->windowDecoration = true;
     traits->doubleBuffer = true;
-    traits->samples = 4;
+    traits->samples = drawsInSoftware() ? 0 : kSamples;
     const osg::ref_ptr<osg::GraphicsContext> context =
         osg::GraphicsContext::createGraphicsContext(traits.get());
     if (!context)
@@ -117,7 +139,7 @@ void PlayerWindow::openWindow()
     camera->setProjectionResizePolicy(osg::Camera::FIXED);
     m_spView->setSceneData(m_stage.root());
     m_spView->setCameraManipulator(m_camera.manipulator(), false);
-    m_spView->addEventHandler(new KeyHandler(*this));
+    m_spView->addEventHandler(new KeyHandler(m_asked));
     m_spInterface->attach(*m_spView, *m_stage.root());
     m_spViewer->addView(m_spView);
     SceneCfgShare::instance()->setCompositeViewer(m_spViewer);
@@ -178,6 +200,8 @@ void PlayerWindow::betweenFrames(double passed)
         if (m_options.shown.props)
             perform(Action::PropsDraggers);
     }
+    for (const Action action : std::exchange(m_asked, {}))
+        perform(action);
     takeAnswers();
     if (!m_starting)
         transport.advance(std::min(passed, kLongestStep));

@@ -112,6 +112,7 @@ private:
     std::optional<bool> m_names;  ///< what the user wants; the module decides where unset
     std::set<unsigned> m_hidden;
     std::vector<Pending> m_pending;
+    std::vector<Action> m_asked;  ///< by keys, since the last frame
     nlohmann::ordered_json m_report;
     bool m_reportIsOld = true;
     std::vector<std::string> m_log;

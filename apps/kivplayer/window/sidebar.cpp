@@ -11,7 +11,7 @@ namespace KivPlayer {
 
 namespace {
 
-constexpr float kNumbers = 152.0f;  // where a row's numbers start
+constexpr float kNumbers = 168.0f;  // where a row's numbers start
 
 bool section(const char* title, bool open)
 {
@@ -114,14 +114,14 @@ void Sidebar::actor(Desk& desk, const LoadedActor& actor)
     ImGui::PopTextWrapPos();
     tip(actor.file.c_str());
     const bool followed = desk.followed() == index;
-    if (ImGui::SmallButton(followed ? "Let go" : "Follow"))
+    if (ImGui::Button(followed ? "Let go" : "Follow"))
         desk.follow(followed ? std::nullopt : std::optional<unsigned>(index));
     ImGui::SameLine();
-    if (ImGui::SmallButton("Reload"))
+    if (ImGui::Button("Reload"))
         desk.reload(index);
     tip("Read the file again in place of this actor");
     ImGui::SameLine();
-    const bool gone = ImGui::SmallButton("Remove");
+    const bool gone = ImGui::Button("Remove");
     notePlace(desk, "remove" + actor.id());
     ImGui::Spacing();
     if (gone)
@@ -141,7 +141,7 @@ void Sidebar::overlays(Desk& desk)
     ImGui::SameLine(kNumbers);
     box("Contacts", "contacts", shown.contacts, Action::Contacts);
     box("Centre of mass", "com", shown.centreOfMass, Action::CentreOfMass);
-    ImGui::SameLine(kNumbers + 10);
+    ImGui::SameLine(kNumbers);
     box("Grid", "grid", shown.grid, Action::Grid);
 }
 
@@ -160,7 +160,7 @@ void Sidebar::props(Desk& desk)
         if (ImGui::Checkbox("Dragger", &move))
             desk.showDragger(one, move);
         notePlace(desk, "dragger:" + one.fullName);
-        ImGui::SameLine(kNumbers - 30);
+        ImGui::SameLine(120);
         bool contact = one.contactDraggerShown;
         if (ImGui::Checkbox("Contact point", &contact))
             desk.showContactDragger(one, contact);

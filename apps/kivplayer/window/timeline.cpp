@@ -16,7 +16,7 @@ namespace {
 constexpr float kHeight = 34.0f;
 constexpr float kKnob = 7.0f;
 constexpr float kLine = 11.0f;  // below the top
-constexpr double kLabelRoom = 70.0;
+constexpr double kLabelRoom = 78.0;
 
 /// Seconds between two labels that do not run into each other.
 double labelStep(double duration, double width)
@@ -38,7 +38,7 @@ void drawScale(const Transport& transport, ImVec2 from, float width)
         const float x = from.x + width * static_cast<float>(i * step / transport.duration());
         draw.AddLine({x, from.y + kLine + 6}, {x, from.y + kLine + 11}, Theme::faint());
         char label[32];
-        std::snprintf(label, sizeof label, step < 1.0 ? "%.2f s" : "%.0f s", i * step);
+        std::snprintf(label, sizeof label, step < 0.1 ? "%.2f s" : step < 1.0 ? "%.1f s" : "%.0f s", i * step);
         const float wide = ImGui::CalcTextSize(label).x * 0.8f;
         const float left = std::clamp(x - wide / 2, from.x - kKnob, from.x + width - wide + kKnob);
         draw.AddText(ImGui::GetFont(), Theme::kFontSize * 0.8f, {left, from.y + kLine + 12}, Theme::faint(),
@@ -58,7 +58,7 @@ bool timeline(Transport& transport)
     const ImVec2 from{corner.x + kKnob, corner.y};
     const float width = whole - 2 * kKnob;
     bool changed = false;
-    if (active && transport.duration() > 0.0) {
+    if ((active || ImGui::IsItemDeactivated()) && transport.duration() > 0.0) {
         const float share = std::clamp((ImGui::GetIO().MousePos.x - from.x) / width, 0.0f, 1.0f);
         double time = static_cast<double>(share) * transport.duration();
         if (transport.frameTime() > 0.0)
