@@ -6,6 +6,7 @@
 #include <osg/State>
 
 #include <algorithm>
+#include <deque>
 #include <set>
 
 #include "window/theme.h"
@@ -65,9 +66,11 @@ public:
             case Keys::RELEASE:
                 return mouseButton(ea, false);
             case Keys::MOVE:
+                mouseMoved(ea);
+                return overPanel();
             case Keys::DRAG:
                 mouseMoved(ea);
-                return ImGui::GetIO().WantCaptureMouse && !m_sceneHasMouse;
+                return !m_sceneHasMouse;
             case Keys::SCROLL:
                 return scrolled(ea);
             case Keys::KEYDOWN:
@@ -78,12 +81,18 @@ public:
         }
     }
 
-    // A press that comes and goes between two descriptions of the panels is still seen for one.
+    /// What the pointer did since the last frame, up to the first button that changed: a click between two
+    /// frames is still seen as a press and a release.
     void takeOver(ImGuiIO& io)
     {
-        for (int i = 0; i < 3; ++i) {
-            io.MouseDown[i] = m_down[i] || m_pressed[i];
-            m_pressed[i] = false;
+        while (!m_moves.empty()) {
+            const Move move = m_moves.front();
+            m_moves.pop_front();
+            io.MousePos = move.place;
+            if (move.button < 0)
+                continue;
+            io.MouseDown[move.button] = move.down;
+            break;
         }
     }
 
@@ -102,12 +111,19 @@ public:
     }
 
 private:
-    static void mouseMoved(const Keys& ea)
+    struct Move
     {
-        ImGuiIO& io = ImGui::GetIO();
-        const float height = io.DisplaySize.y;
+        ImVec2 place;
+        int button;  ///< -1: none
+        bool down;
+    };
+
+    void mouseMoved(const Keys& ea, int button = -1, bool down = false)
+    {
+        const float height = ImGui::GetIO().DisplaySize.y;
         const bool upwards = ea.getMouseYOrientation() == Keys::Y_INCREASING_UPWARDS;
-        io.MousePos = ImVec2(ea.getX(), upwards ? height - ea.getY() : ea.getY());
+        m_pointer = ImVec2(ea.getX(), upwards ? height - ea.getY() : ea.getY());
+        m_moves.push_back({m_pointer, button, down});
     }
 
     bool mouseButton(const Keys& ea, bool down)
@@ -116,16 +132,11 @@ private:
         const int button = ea.getButton() == Keys::RIGHT_MOUSE_BUTTON    ? 1
                            : ea.getButton() == Keys::MIDDLE_MOUSE_BUTTON ? 2
                                                                          : 0;
-        // The panels are laid out as they were when they were described last.
-        const bool ours = down ? overPanel() || ImGui::GetIO().WantCaptureMouse : !m_sceneHasMouse;
-        if (down && !ours)
-            m_sceneHasMouse = true;
-        if (!down)
-            m_sceneHasMouse = false;
-        if (!down || ours) {
-            m_down[button] = down;
-            m_pressed[button] = m_pressed[button] || down;
-        } else
+        const bool ours = down ? overPanel() : !m_sceneHasMouse;
+        m_sceneHasMouse = down && !ours;
+        if (ours)
+            mouseMoved(ea, button, down);
+        else if (down)
             ImGui::SetWindowFocus(nullptr);
         return ours;
     }
@@ -133,14 +144,14 @@ private:
     /// What lies under the pointer now; the panels themselves learn of its last move with the next frame.
     bool overPanel() const
     {
-        const ImGuiIO& io = ImGui::GetIO();
-        return io.MousePos.x < m_left || io.MousePos.y >= io.DisplaySize.y - m_bottom;
+        return m_pointer.x < m_left || m_pointer.y >= ImGui::GetIO().DisplaySize.y - m_bottom ||
+               ImGui::IsPopupOpen("", ImGuiPopupFlags_AnyPopup);
     }
 
-    bool scrolled(const Keys& ea)
+    bool scrolled(const Keys& ea) const
     {
         ImGuiIO& io = ImGui::GetIO();
-        if (!io.WantCaptureMouse || m_sceneHasMouse)
+        if (!overPanel() || m_sceneHasMouse)
             return false;
         io.MouseWheel += ea.getScrollingMotion() == Keys::SCROLL_UP ? 1.0f : -1.0f;
         return true;
@@ -168,8 +179,8 @@ private:
         return true;
     }
 
-    bool m_down[3] = {};
-    bool m_pressed[3] = {};
+    std::deque<Move> m_moves;
+    ImVec2 m_pointer{-1e6f, -1e6f};
     std::set<int> m_fresh;
     std::set<int> m_released;
     float m_left = 0.0f;

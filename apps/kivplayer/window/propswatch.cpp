@@ -55,7 +55,7 @@ osg::Matrixd WatchedProps::matrix() const
 osg::Vec3d WatchedProps::angles() const
 {
     const osg::Matrixd turn = osg::Matrixd::rotate(rotation);
-    const double y = std::asin(std::clamp(-turn(0, 2), -1.0, 1.0));
+    const double y = std::asin(std::clamp(0.0 - turn(0, 2), -1.0, 1.0));
     const bool upright = std::abs(turn(0, 2)) > 1.0 - 1e-9;
     const double x = upright ? std::atan2(-turn(2, 1), turn(1, 1)) : std::atan2(turn(1, 2), turn(2, 2));
     const double z = upright ? 0.0 : std::atan2(turn(0, 1), turn(0, 0));

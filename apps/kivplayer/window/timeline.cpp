@@ -38,7 +38,11 @@ void drawScale(const Transport& transport, ImVec2 from, float width)
         const float x = from.x + width * static_cast<float>(i * step / transport.duration());
         draw.AddLine({x, from.y + kLine + 6}, {x, from.y + kLine + 11}, Theme::faint());
         char label[32];
-        std::snprintf(label, sizeof label, step < 0.1 ? "%.2f s" : step < 1.0 ? "%.1f s" : "%.0f s", i * step);
+        std::snprintf(label, sizeof label,
+                      step < 0.1   ? "%.2f s"
+                      : step < 1.0 ? "%.1f s"
+                                   : "%.0f s",
+                      i * step);
         const float wide = ImGui::CalcTextSize(label).x * 0.8f;
         const float left = std::clamp(x - wide / 2, from.x - kKnob, from.x + width - wide + kKnob);
         draw.AddText(ImGui::GetFont(), Theme::kFontSize * 0.8f, {left, from.y + kLine + 12}, Theme::faint(),
