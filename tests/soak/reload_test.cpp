@@ -12,7 +12,7 @@
 // The host's singletons are never destroyed, because threads may still ask for them while a program ends. A
 // library that is closed takes the last pointer to its own along; that is known, and not what this test looks
 // for.
-extern "C" const char* __asan_default_options();
+extern "C" __attribute__((visibility("default"))) const char* __asan_default_options();
 extern "C" const char* __asan_default_options()
 {
     return "detect_leaks=0";
