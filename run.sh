@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
-# run.sh [MOTION.bvh...]: installs what is missing, builds, and shows the motions on the avatar: writes a picture of each
-# under out/ and prints its name. Without an argument it shows the shipped samples.
+# run.sh [MOTION.bvh...]: installs what is missing, builds, and shows the motions on the avatar; without an argument the
+# shipped samples. With a display it opens the player's window; without one it writes a picture of each motion under
+# out/ and prints its name.
 set -euo pipefail
 
 motions=()
@@ -27,7 +28,15 @@ picture() { # NAME ARGUMENT...: one picture, named on stdout
     echo "$file"
 }
 
-echo "== Pictures"
+if [[ -n "${DISPLAY:-}" ]]; then
+    echo "== Player"
+    if ((${#motions[@]} == 0)); then
+        motions=("$samples"/pass_left.bvh "$samples"/pass_right.bvh)
+    fi
+    exec "$player" "${motions[@]}"
+fi
+
+echo "== Pictures (there is no display)"
 mkdir -p out
 failures=0
 if ((${#motions[@]} == 0)); then

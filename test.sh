@@ -10,4 +10,7 @@ echo "== Build (build/dev)"
 cmake --preset dev >/dev/null
 cmake --build --preset dev
 echo "== Tests"
-ctest --preset dev -j "$(nproc)"
+ctest --preset dev -j "$(nproc)" --label-exclude gui
+echo "== Tests in a window"
+# One at a time, and once more where a virtual display did not come up.
+ctest --preset dev --label-regex gui --repeat until-pass:2
