@@ -12,7 +12,7 @@ namespace {
 // Markers hang beside the skeleton, under this mask; what shares it inside the skeleton is not reached.
 constexpr osg::Node::NodeMask kMarkerMask = 4;
 constexpr float kOpacity = 0.55f;
-constexpr int kBehindEverything = 12;
+constexpr int kBehindEverything = 13;
 
 }  // namespace
 

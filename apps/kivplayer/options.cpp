@@ -165,12 +165,14 @@ void understandShown(const std::string& option, const std::vector<std::string>& 
             shown.centreOfMass = value;
         else if (name == "contacts")
             shown.contacts = value;
+        else if (name == "skeleton")
+            shown.skeleton = value;
         else if (name == "props")
             shown.props = value;
         else if (name == "grid")
             shown.grid = value;
         else
-            refuse(option, "names, com, contacts, props or grid", name);
+            refuse(option, "names, com, contacts, skeleton, props or grid", name);
     }
 }
 

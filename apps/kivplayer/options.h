@@ -27,6 +27,7 @@ struct Shown
     std::optional<bool> names;  ///< unset: the module shows them from the second actor on
     bool centreOfMass = false;
     bool contacts = false;
+    bool skeleton = false;
     bool props = false;
     bool grid = true;
 };

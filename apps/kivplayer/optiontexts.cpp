@@ -59,7 +59,7 @@ void addPictureOptions(CLI::App& app, Options& options, OptionTexts& texts)
     app.add_option("--follow", texts.follow, "Go along with an actor, counted from 0")
         ->type_name("NUMBER")
         ->group(pictures);
-    app.add_option("--show", texts.show, "names, com, contacts, props, grid")
+    app.add_option("--show", texts.show, "names, com, contacts, skeleton, props, grid")
         ->delimiter(',')
         ->allow_extra_args(false)
         ->group(pictures)

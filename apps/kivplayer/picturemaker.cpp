@@ -54,6 +54,7 @@ PictureMaker::PictureMaker(const Options& options, Session& session, Console& co
     KivMemoryShare::SceneCfgShare::instance()->setCompositeViewer(&m_offscreen.viewer());
     KivRenderState::KivRenderStateManager::instance()->setCenterOfMassShow(options.shown.centreOfMass);
     m_stage.showGrid(options.shown.grid);
+    m_stage.showSkeleton(options.shown.skeleton);
     osg::ref_ptr<osg::Group> shown = new osg::Group;
     shown->addChild(m_stage.root());
     shown->addChild(m_caption.node());

@@ -92,6 +92,7 @@ Stage::Stage(osg::Group* figures)
       m_spRadius(new osg::Uniform("kivStageRadius", 300.0f)),
       m_spGridStep(new osg::Uniform("kivGridStep", 100.0f)),
       m_spShowGrid(new osg::Uniform("kivShowGrid", true)),
+      m_spSkeleton(new SkeletonOverlay(figures)),
       m_shadow(figures, kShadowSide, true),
       m_footprint(figures, kFootprintSide, false)
 {
@@ -126,6 +127,7 @@ Stage::Stage(osg::Group* figures)
     m_spRoot->addChild(makeBackdrop());
     m_spRoot->addChild(m_spGround);
     m_spRoot->addChild(lit);
+    m_spRoot->addChild(m_spSkeleton);
     setFront(-osg::PI_2);
     setUp(osg::BoundingBox(-60, -60, 0, 60, 60, 180));
 }
@@ -176,6 +178,11 @@ void Stage::setFront(double azimuth)
 void Stage::showGrid(bool shown)
 {
     m_spShowGrid->set(shown);
+}
+
+void Stage::showSkeleton(bool shown)
+{
+    m_spSkeleton->setShown(shown);
 }
 
 }  // namespace KivPlayer

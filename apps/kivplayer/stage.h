@@ -7,6 +7,7 @@
 #include <osg/ref_ptr>
 
 #include "depthview.h"
+#include "skeletonoverlay.h"
 
 namespace KivPlayer {
 
@@ -35,6 +36,8 @@ public:
     void setFront(double azimuth);
 
     void showGrid(bool shown);
+    /// The bones of the figures, over their bodies; off at first.
+    void showSkeleton(bool shown);
 
 private:
     osg::ref_ptr<osg::Group> m_spRoot;
@@ -47,6 +50,7 @@ private:
     osg::ref_ptr<osg::Uniform> m_spRadius;
     osg::ref_ptr<osg::Uniform> m_spGridStep;
     osg::ref_ptr<osg::Uniform> m_spShowGrid;
+    osg::ref_ptr<SkeletonOverlay> m_spSkeleton;
     DepthView m_shadow;
     DepthView m_footprint;
 };

@@ -158,12 +158,14 @@ TEST(Options, showsNeitherCentreOfMassNorContactsUnlessAsked)
     ASSERT_TRUE(plain.options) << plain.error;
     EXPECT_FALSE(plain.options->shown.centreOfMass);
     EXPECT_FALSE(plain.options->shown.contacts);
+    EXPECT_FALSE(plain.options->shown.skeleton);
     EXPECT_FALSE(plain.options->shown.names) << "the module decides";
     const Parsing asked =
-        parse({"a.bvh", "--output", "a.png", "--show", "com,contacts", "--hide", "grid,names"});
+        parse({"a.bvh", "--output", "a.png", "--show", "com,contacts,skeleton", "--hide", "grid,names"});
     ASSERT_TRUE(asked.options) << asked.error;
     EXPECT_TRUE(asked.options->shown.centreOfMass);
     EXPECT_TRUE(asked.options->shown.contacts);
+    EXPECT_TRUE(asked.options->shown.skeleton);
     EXPECT_FALSE(asked.options->shown.grid);
     EXPECT_EQ(asked.options->shown.names, false);
 }
