@@ -1,4 +1,4 @@
-# kiv_add_host_library(<name> SOURCES <files> [LINK <targets>] [OSG <OSG library variables' values>])
+# kiv_add_host_library(<name> SOURCES <files> [LINK <targets>] [OSG <OpenSceneGraph's parts>])
 # One shared library of the reference host. A singleton lives in exactly one of them.
 function(kiv_add_host_library name)
     cmake_parse_arguments(ARG "" "" "SOURCES;LINK;OSG" ${ARGN})
@@ -10,4 +10,5 @@ function(kiv_add_host_library name)
     kiv_link_osg(${name} PUBLIC ${ARG_OSG})
     set_target_properties(${name} PROPERTIES
         VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR})
+    kiv_install_library(${name})
 endfunction()

@@ -37,3 +37,7 @@ add_custom_command(OUTPUT ${motions}
     COMMENT "Making the sample motions")
 
 add_custom_target(KivRoot ALL DEPENDS "${avatar}" "${font}" ${motions})
+
+if(KIV_INSTALL)
+    install(DIRECTORY "${KIV_RUNTIME_ROOT}/Data" DESTINATION "${KIV_INSTALL_DATADIR}" COMPONENT Data)
+endif()

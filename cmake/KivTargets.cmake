@@ -29,8 +29,9 @@ function(kiv_configure_target target)
     endif()
 endfunction()
 
-# OpenSceneGraph's headers count as system headers: its warnings are not ours to mend.
+# kiv_link_osg(<target> <scope> [osgDB osgText ...]): the core always comes along.
 function(kiv_link_osg target scope)
-    target_include_directories(${target} SYSTEM ${scope} ${OPENSCENEGRAPH_INCLUDE_DIRS})
-    target_link_libraries(${target} ${scope} ${ARGN} ${OSG_LIBRARY} ${OPENTHREADS_LIBRARY})
+    set(parts ${ARGN})
+    list(TRANSFORM parts PREPEND OpenSceneGraph::)
+    target_link_libraries(${target} ${scope} ${parts} OpenSceneGraph::osg)
 endfunction()
