@@ -5,7 +5,7 @@ set -euo pipefail
 cd "$(dirname "$(realpath "$0")")"
 
 echo "== Packages"
-packaging/install-packages.sh packaging/build-packages.txt packaging/test-packages.txt
+packaging/install-packages.sh packaging/{build,test,package}-packages.txt
 echo "== Build (build/dev)"
 cmake --preset dev >/dev/null
 cmake --build --preset dev

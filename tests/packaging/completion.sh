@@ -8,7 +8,7 @@ compopt() { :; } # it works inside a real completion only
 player="$1"
 complete_words() { # WORD...: what the last word may become, one a line
     COMP_WORDS=("$player" "$@")
-    COMP_CWORD=$$#
+    COMP_CWORD=$#
     COMPREPLY=()
     _kivplayer
     printf '%s\n' "${COMPREPLY[@]}"
