@@ -7,7 +7,7 @@ file(RENAME "${STAGE}" "${INSTALLED}")
 
 file(GLOB_RECURSE texts "${INSTALLED}/*.cmake" "${INSTALLED}/*.pc")
 foreach(text IN LISTS texts)
-    file(STRINGS "${text}" lines REGEX "${STAGE}|${BUILD}|/usr/")
+    file(STRINGS "${text}" lines REGEX "${STAGE}|${BUILD}|/usr/include|/usr/[^\"; ]*[.](so|a)")
     if(lines)
         message(SEND_ERROR "${text} names a place of this machine: ${lines}")
     endif()
