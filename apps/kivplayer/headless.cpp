@@ -14,6 +14,7 @@
 #include "runtimeroot.h"
 #include "session.h"
 #include "summary.h"
+#include "wholefile.h"
 
 namespace KivPlayer {
 
@@ -27,11 +28,10 @@ void writeReport(const Options& options, const nlohmann::ordered_json& report, C
         std::cout << text << std::flush;
         return;
     }
-    std::ofstream stream(options.report, std::ios::binary | std::ios::trunc);
-    stream << text;
-    stream.close();
-    if (stream.fail())
-        console.error({options.report, 0, 0, "cannot be written"});
+    const std::string problem =
+        writeWhole(options.report, [&](std::ostream& stream) { return static_cast<bool>(stream << text); });
+    if (!problem.empty())
+        console.error({options.report, 0, 0, problem});
 }
 
 void report(const Options& options, const Session& session, Console& console)
@@ -80,6 +80,23 @@ std::string labelOf(const Options& options, std::size_t index)
     return std::filesystem::path(options.motions[index]).stem().string();
 }
 
+/// Videos of most formats have even sizes only.
+Options withPossibleSize(Options options, Console& console)
+{
+    const int width = options.width + options.width % 2;
+    const int height = options.height + options.height % 2;
+    const bool odd = width != options.width || height != options.height;
+    if (options.video == VideoFormat::None || !needsEvenSize(options.video) || !odd)
+        return options;
+    const auto text = [](int wide, int high) { return std::to_string(wide) + " x " + std::to_string(high); };
+    console.warning({options.output->name(0), 0, 0,
+                     "a video has even sizes: " + text(options.width, options.height) + " became " +
+                         text(width, height)});
+    options.width = width;
+    options.height = height;
+    return options;
+}
+
 ExitCode makePictures(const Options& options, Session& session, Console& console)
 {
     if (options.shown.names)
@@ -87,8 +104,11 @@ ExitCode makePictures(const Options& options, Session& session, Console& console
     if (options.shown.props)
         session.showPropsDraggers(true);
     PictureMaker pictures(options, session, console);
-    if (options.output && options.output->isSequence()) {
-        pictures.writeSequence(*options.output);
+    if (options.isMoving()) {
+        if (options.video == VideoFormat::None)
+            pictures.writeSequence(*options.output);
+        else
+            pictures.writeVideo(options.output->name(0));
         return ExitDone;
     }
     const osg::ref_ptr<osg::Image> picture = pictures.still();
@@ -111,7 +131,7 @@ ExitCode runHeadless(const Options& options, Console& console)
     try {
         const bool wanted = options.output || !options.reference.empty();
         if (options.render && wanted && !session.actors().empty())
-            compared = makePictures(options, session, console);
+            compared = makePictures(withPossibleSize(options, console), session, console);
     } catch (const std::exception& problem) {
         console.error({"", 0, 0, problem.what()});
     }

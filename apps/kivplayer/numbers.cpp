@@ -20,7 +20,27 @@ std::optional<Number> parseWhole(std::string_view text)
     return value;
 }
 
+template <typename Number>
+std::string shortest(Number value)
+{
+    if (!std::isfinite(value))
+        return std::string();
+    char text[32];
+    const auto [end, problem] = std::to_chars(text, text + sizeof(text), value + Number(0));
+    return problem == std::errc() ? std::string(text, end) : std::string();
+}
+
 }  // namespace
+
+std::string numberText(double value)
+{
+    return shortest(value);
+}
+
+std::string numberText(float value)
+{
+    return shortest(value);
+}
 
 std::optional<double> parseNumber(std::string_view text)
 {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <optional>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -12,5 +13,10 @@ std::optional<long long> parseInteger(std::string_view text);
 
 /// Numbers between commas.
 std::optional<std::vector<double>> parseNumbers(std::string_view text, std::size_t count);
+
+/// The shortest text that reads back as the same number, with a decimal point under every locale; empty for
+/// what is no finite number.
+std::string numberText(double value);
+std::string numberText(float value);
 
 }  // namespace KivPlayer

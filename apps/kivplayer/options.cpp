@@ -4,12 +4,12 @@
 
 #include <algorithm>
 #include <cmath>
-#include <filesystem>
 #include <map>
 #include <sstream>
 
 #include "KivReader/humanoidprofile.h"
 #include "numbers.h"
+#include "optionchecks.h"
 #include "optiontexts.h"
 #include "version.h"
 #include "window/keytable.h"
@@ -23,6 +23,11 @@ constexpr int kMostMoments = 16;
 /// Of one moment on a contact sheet, pixels.
 constexpr int kSheetWidth = 270;
 constexpr int kSheetHeight = 360;
+/// A GIF's pictures last whole hundredths of a second, and viewers slow down what lasts less than two.
+constexpr double kUsualGifRate = 25.0;
+constexpr double kMostGifRate = 50.0;
+constexpr int kGifWidth = 640;
+constexpr int kGifHeight = 360;
 
 [[noreturn]] void refuse(const std::string& option, const std::string& wanted, const std::string& given)
 {
@@ -176,6 +181,26 @@ void understandShown(const std::string& option, const std::vector<std::string>& 
     }
 }
 
+void understandFormat(const OptionTexts& texts, Options& options)
+{
+    const std::string name = options.output->name(0);
+    options.video = videoFormatOf(name);
+    if (options.video == VideoFormat::None && lowerCaseEnding(name) != ".png")
+        refuse("--output", "a name that ends in .png, .mp4, .mkv, .webm or .gif", texts.output);
+    if (options.video != VideoFormat::None && options.output->isSequence())
+        refuse("--output", "one name, since a video is one file", texts.output);
+    if (options.video != VideoFormat::Gif)
+        return;
+    if (texts.fps.empty())
+        options.fps = kUsualGifRate;
+    if (options.fps > kMostGifRate)
+        refuse("--fps", "at most 50 for a GIF", texts.fps);
+    if (texts.resolution.empty()) {
+        options.width = kGifWidth;
+        options.height = kGifHeight;
+    }
+}
+
 void understandOutput(const OptionTexts& texts, Options& options)
 {
     if (!texts.output.empty()) {
@@ -183,70 +208,12 @@ void understandOutput(const OptionTexts& texts, Options& options)
         if (const auto* problem = std::get_if<std::string>(&names))
             throw CLI::ValidationError("--output", *problem);
         options.output = std::get<OutputNames>(names);
-        std::string extension = std::filesystem::path(options.output->name(0)).extension().string();
-        std::transform(extension.begin(), extension.end(), extension.begin(),
-                       [](unsigned char letter) { return static_cast<char>(std::tolower(letter)); });
-        if (extension != ".png")
-            refuse("--output", "a name that ends in .png", texts.output);
+        understandFormat(texts, options);
     }
     if (!texts.threshold.empty())
         options.referenceThreshold =
             number("--reference-threshold", texts.threshold, "a difference, 0 or more", 0.0);
     options.render = !texts.noRender;
-}
-
-void checkSheet(const Options& options, const OptionTexts& texts)
-{
-    if (options.contactSheet.empty()) {
-        if (!texts.moments.empty())
-            throw CLI::ValidationError("--moments", "belongs to --contact-sheet");
-        return;
-    }
-    const std::pair<const char*, bool> others[] = {{"--output", options.output.has_value()},
-                                                   {"--time", options.time.has_value()},
-                                                   {"--frame", options.frame.has_value()},
-                                                   {"--follow", options.follow.has_value()},
-                                                   {"--reference", !options.reference.empty()},
-                                                   {"--report", !options.report.empty()},
-                                                   {"--no-render", !options.render}};
-    for (const auto& [name, given] : others)
-        if (given)
-            throw CLI::ValidationError(name, "excludes --contact-sheet");
-}
-
-bool asksForNoFile(const Options& options)
-{
-    return !options.output && options.render && options.report.empty() && options.reference.empty() &&
-           options.contactSheet.empty();
-}
-
-void checkTogether(const Options& options, const OptionTexts& texts)
-{
-    if (options.motions.empty())
-        throw CLI::RequiredError("MOTION.bvh: at least one motion file");
-    if (options.names.size() > options.motions.size())
-        throw CLI::ValidationError("--name", "given " + std::to_string(options.names.size()) + " times for " +
-                                                 std::to_string(options.motions.size()) + " motion(s)");
-    if (options.verbose && options.quiet)
-        throw CLI::ValidationError("--quiet", "excludes --verbose");
-    if (options.time && options.frame)
-        throw CLI::ValidationError("--frame", "excludes --time");
-    const bool sequence = options.output && options.output->isSequence();
-    if (sequence && (options.time || options.frame))
-        throw CLI::ValidationError(options.time ? "--time" : "--frame",
-                                   "shows one picture; a sequence takes --range FROM,TO");
-    if (!sequence && (options.range || !texts.fps.empty()))
-        throw CLI::ValidationError(options.range ? "--range" : "--fps",
-                                   "needs a sequence: put {frame:04} into the name of --output");
-    if (!options.reference.empty() && (sequence || !options.render))
-        throw CLI::ValidationError("--reference", "compares one picture");
-    if (options.output && !options.render)
-        throw CLI::ValidationError("--no-render", "excludes --output");
-    checkSheet(options, texts);
-    if (asksForNoFile(options) && !options.window)
-        throw CLI::RequiredError(
-            "nothing to do: no display for a window, and none of --output, --contact-sheet, --reference, "
-            "--report and --no-render");
 }
 
 }  // namespace

@@ -9,6 +9,7 @@
 
 #include "framing.h"
 #include "outputnames.h"
+#include "videofile.h"
 
 namespace KivPlayer {
 
@@ -40,10 +41,11 @@ struct Options
     std::string reading = "profile=auto";  ///< how skeletons from elsewhere are read, as the reader's words
     std::string report;
     std::optional<OutputNames> output;
-    std::string contactSheet;  ///< the folder for one; empty: none
-    int moments = 4;           ///< of every motion, on a contact sheet
-    bool window = false;       ///< nothing else is asked for, and there is a display
-    std::string stateFile;     ///< where a window keeps writing what it shows; empty: nowhere
+    VideoFormat video = VideoFormat::None;  ///< of the output
+    std::string contactSheet;               ///< the folder for one; empty: none
+    int moments = 4;                        ///< of every motion, on a contact sheet
+    bool window = false;                    ///< nothing else is asked for, and there is a display
+    std::string stateFile;                  ///< where a window keeps writing what it shows; empty: nowhere
     bool render = true;
     bool verbose = false;
     bool quiet = false;
@@ -65,6 +67,9 @@ struct Options
     std::string reference;
     std::string referenceDifference;  ///< where the difference is painted if there is one
     double referenceThreshold = 6.0;
+
+    /// Whether the output shows a part of the motion and not one moment of it.
+    bool isMoving() const { return output && (output->isSequence() || video != VideoFormat::None); }
 };
 
 /// Either options or what the program says instead of starting.

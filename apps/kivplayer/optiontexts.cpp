@@ -29,7 +29,9 @@ void addReadingOptions(CLI::App& app, OptionTexts& texts)
 void addPictureOptions(CLI::App& app, Options& options, OptionTexts& texts)
 {
     const std::string pictures = "Pictures";
-    app.add_option("--output", texts.output, "Picture to write (.png); with {frame:04} in it a sequence")
+    app.add_option(
+           "--output", texts.output,
+           "Picture to write (.png), with {frame:04} in it a sequence, or video (.mp4, .mkv, .webm, .gif)")
         ->type_name("FILE")
         ->group(pictures);
     app.add_option("--time", texts.time, "Show this second of the motion")
@@ -38,13 +40,15 @@ void addPictureOptions(CLI::App& app, Options& options, OptionTexts& texts)
     app.add_option("--frame", texts.frame, "Show this frame of the first motion, counted from 0")
         ->group(pictures)
         ->type_name("NUMBER");
-    app.add_option("--range", texts.range, "Part of the motion for a sequence, in seconds")
+    app.add_option("--range", texts.range, "Part of the motion for a sequence or a video, in seconds")
         ->group(pictures)
         ->type_name("FROM,TO");
-    app.add_option("--fps", texts.fps, "Pictures per second of a sequence (30)")
+    app.add_option("--fps", texts.fps, "Pictures per second of a sequence or a video (30; of a GIF 25)")
         ->group(pictures)
         ->type_name("NUMBER");
-    app.add_option("--resolution", texts.resolution, "Pixels (1280,720)")->group(pictures)->type_name("W,H");
+    app.add_option("--resolution", texts.resolution, "Pixels (1280,720; of a GIF 640,360)")
+        ->group(pictures)
+        ->type_name("W,H");
     app.add_option("--samples", texts.samples, "Samples per pixel and direction, 1 to 8, for smooth edges")
         ->group(pictures)
         ->type_name("NUMBER");

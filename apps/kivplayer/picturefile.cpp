@@ -4,9 +4,9 @@
 
 #include <algorithm>
 #include <cstdlib>
-#include <filesystem>
 #include <fstream>
-#include <system_error>
+
+#include "wholefile.h"
 
 namespace KivPlayer {
 
@@ -26,25 +26,8 @@ std::string writePicture(const osg::Image& picture, const std::string& file)
     osgDB::ReaderWriter* format = pngFormat();
     if (!format)
         return "OpenSceneGraph's PNG plugin is missing";
-    const std::string temporary = file + ".part";
-    std::error_code problem;
-    {
-        std::ofstream stream(temporary, std::ios::binary | std::ios::trunc);
-        if (!stream)
-            return "cannot be written";
-        const bool coded = format->writeImage(picture, stream, nullptr).success();
-        stream.close();
-        if (!coded || stream.fail()) {
-            std::filesystem::remove(temporary, problem);
-            return "cannot be written to its end";
-        }
-    }
-    std::filesystem::rename(temporary, file, problem);
-    if (!problem)
-        return std::string();
-    const std::string reason = problem.message();
-    std::filesystem::remove(temporary, problem);
-    return "cannot be written: " + reason;
+    return writeWhole(
+        file, [&](std::ostream& stream) { return format->writeImage(picture, stream, nullptr).success(); });
 }
 
 osg::ref_ptr<osg::Image> readPicture(const std::string& file)

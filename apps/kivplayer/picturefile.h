@@ -7,8 +7,7 @@
 
 namespace KivPlayer {
 
-/// Writes a PNG under a temporary name beside its goal and renames it, so that a picture is there whole or
-/// not at all.
+/// Writes a PNG that is there whole or not at all.
 /// @return what went wrong, empty on success.
 std::string writePicture(const osg::Image& picture, const std::string& file);
 

@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <filesystem>
 #include <iterator>
 #include <locale>
 #include <sstream>
@@ -13,6 +12,7 @@
 #include "KivRenderState/kivrenderstatemanager.h"
 #include "picturefile.h"
 #include "progress.h"
+#include "videofile.h"
 
 namespace KivPlayer {
 
@@ -72,7 +72,7 @@ void PictureMaker::restart()
         if (actor != m_session.actors().end())
             m_followed = static_cast<std::size_t>(std::distance(m_session.actors().begin(), actor));
     }
-    const bool sequence = m_options.output && m_options.output->isSequence();
+    const bool sequence = m_options.isMoving();
     if (!sequence)
         m_publisher.show(stillTime());
     if (m_followed)
@@ -189,32 +189,52 @@ osg::ref_ptr<osg::Image> PictureMaker::picture(double seconds)
 
 void PictureMaker::write(const osg::Image& image, const std::string& file)
 {
-    const std::filesystem::path folder = std::filesystem::path(file).parent_path();
-    std::error_code ignored;
-    if (!folder.empty())
-        std::filesystem::create_directories(folder, ignored);
     const std::string problem = writePicture(image, file);
     if (!problem.empty())
         m_console.error({file, 0, 0, problem});
     m_written = problem.empty();
 }
 
-void PictureMaker::writeSequence(const OutputNames& names)
+PictureMaker::Moments PictureMaker::moments() const
 {
     const double from = m_options.range ? m_options.range->first : 0.0;
     const double end = m_publisher.duration();
     const double to = m_options.range ? std::min(m_options.range->second, end) : end;
     // A frame that falls on the end belongs to the sequence, whatever the rounding of its time.
     const double pictures = std::floor((to - from) * m_options.fps + 1e-6) + 1.0;
-    const auto count = static_cast<unsigned long long>(std::max(1.0, pictures));
+    return {from, m_options.fps, static_cast<unsigned long long>(std::max(1.0, pictures))};
+}
+
+void PictureMaker::writeSequence(const OutputNames& names)
+{
+    const Moments times = moments();
     Progress progress(m_console.stream(), Progress::styleFor(kErrorStream, m_console.isQuiet()), "pictures",
-                      count);
-    for (unsigned long long i = 0; i < count; ++i) {
-        write(*picture(from + static_cast<double>(i) / m_options.fps), names.name(i));
+                      times.count);
+    for (unsigned long long i = 0; i < times.count; ++i) {
+        write(*picture(times.at(i)), names.name(i));
         if (!m_written)
             return;
         progress.done(i + 1);
     }
+}
+
+void PictureMaker::writeVideo(const std::string& file)
+{
+    const Moments times = moments();
+    VideoFile video(file, m_offscreen.width(), m_offscreen.height(), times.fps);
+    std::string problem = video.open();
+    {
+        Progress progress(m_console.stream(), Progress::styleFor(kErrorStream, m_console.isQuiet()), "video",
+                          times.count);
+        for (unsigned long long i = 0; i < times.count && problem.empty(); ++i) {
+            problem = video.add(*picture(times.at(i)));
+            progress.done(i + 1);
+        }
+    }
+    if (problem.empty())
+        problem = video.close();
+    if (!problem.empty())
+        m_console.error({file, 0, 0, problem});
 }
 
 }  // namespace KivPlayer

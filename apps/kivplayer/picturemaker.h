@@ -37,9 +37,10 @@ public:
     osg::ref_ptr<osg::Image> still();
     osg::ref_ptr<osg::Image> picture(double seconds);
 
-    /// Writes the pictures of the part of the motion that is asked for. What cannot be written is reported
-    /// and ends the sequence.
+    /// Writes the part of the motion that is asked for as pictures or as one video. What cannot be written is
+    /// reported and ends it.
     void writeSequence(const OutputNames& names);
+    void writeVideo(const std::string& file);
     void write(const osg::Image& image, const std::string& file);
 
 private:
@@ -49,6 +50,15 @@ private:
     void look(const osg::Vec3d& along);
     double stillTime() const;
     void warnOfTimesBeyondTheEnd() const;
+    /// The times of a sequence, evenly spaced.
+    struct Moments
+    {
+        double from;
+        double fps;
+        unsigned long long count;
+        double at(unsigned long long i) const { return from + static_cast<double>(i) / fps; }
+    };
+    Moments moments() const;
 
     const Options& m_options;
     Session& m_session;

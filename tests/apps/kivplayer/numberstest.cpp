@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
+
 #include <string>
 
 namespace {
@@ -35,6 +37,22 @@ TEST(Numbers, refusesAnotherCountThanAskedFor)
     const auto numbers = KivPlayer::parseNumbers("1,-2,.5", 3);
     ASSERT_TRUE(numbers);
     EXPECT_EQ(*numbers, (std::vector<double>{1.0, -2.0, 0.5}));
+}
+
+TEST(NumberText, isEmptyForWhatIsNoNumber)
+{
+    EXPECT_EQ(KivPlayer::numberText(std::nan("")), "");
+    EXPECT_EQ(KivPlayer::numberText(HUGE_VAL), "");
+}
+
+TEST(NumberText, isTheShortestThatReadsBack)
+{
+    EXPECT_EQ(KivPlayer::numberText(0.1), "0.1");
+    EXPECT_EQ(KivPlayer::numberText(0.1f), "0.1");
+    EXPECT_EQ(KivPlayer::numberText(-0.0), "0") << "no sign where there is nothing";
+    EXPECT_EQ(KivPlayer::numberText(100.0), "100");
+    for (const double value : {1.0 / 3.0, 1e-300, -123456.789})
+        EXPECT_EQ(KivPlayer::parseNumber(KivPlayer::numberText(value)), value);
 }
 
 }  // namespace

@@ -50,7 +50,11 @@ INSTANTIATE_TEST_SUITE_P(
         Refused{"nothingToDo", {"a.bvh"}, "nothing to do"},
         Refused{"unknownOption", {"a.bvh", "--no-render", "--colour"}, "--colour"},
         Refused{"optionWithoutValue", {"a.bvh", "--output"}, "--output"},
-        Refused{"otherPictureFormat", {"a.bvh", "--output", "a.gif"}, "ends in .png"},
+        Refused{"otherPictureFormat", {"a.bvh", "--output", "a.jpg"}, "ends in .png"},
+        Refused{"numberedVideo", {"a.bvh", "--output", "{frame}.mp4"}, "one file"},
+        Refused{"timeOfAVideo", {"a.bvh", "--output", "a.mp4", "--time", "1"}, "--range FROM,TO"},
+        Refused{"referenceOfAVideo", {"a.bvh", "--output", "a.mp4", "--reference", "r.png"}, "one picture"},
+        Refused{"hastyGif", {"a.bvh", "--output", "a.gif", "--fps", "60"}, "at most 50"},
         Refused{"emptyOutput", {"a.bvh", "--output", ""}, "nothing to do"},
         Refused{"unknownField", {"a.bvh", "--output", "{time}.png"}, "{time}"},
         Refused{"openBrace", {"a.bvh", "--output", "{frame.png"}, "opening brace"},
@@ -62,9 +66,9 @@ INSTANTIATE_TEST_SUITE_P(
         Refused{
             "timeAndFrame", {"a.bvh", "--output", "a.png", "--frame", "1", "--time", "1"}, "excludes --time"},
         Refused{"timeOfASequence", {"a.bvh", "--output", "{frame}.png", "--time", "1"}, "one picture"},
-        Refused{"rangeOfAStill", {"a.bvh", "--output", "a.png", "--range", "0,1"}, "needs a sequence"},
+        Refused{"rangeOfAStill", {"a.bvh", "--output", "a.png", "--range", "0,1"}, "needs a video"},
         Refused{"rangeBackwards", {"a.bvh", "--output", "{frame}.png", "--range", "2,1"}, "--range"},
-        Refused{"fpsOfAStill", {"a.bvh", "--output", "a.png", "--fps", "30"}, "needs a sequence"},
+        Refused{"fpsOfAStill", {"a.bvh", "--output", "a.png", "--fps", "30"}, "needs a video"},
         Refused{"fpsOfZero", {"a.bvh", "--output", "{frame}.png", "--fps", "0"}, "above 0"},
         Refused{"oneSide", {"a.bvh", "--output", "a.png", "--resolution", "640"}, "W,H"},
         Refused{"sizeOfZero", {"a.bvh", "--output", "a.png", "--resolution", "0,480"}, "W,H"},
@@ -214,6 +218,32 @@ TEST(Options, givesASequenceThirtyPicturesASecond)
     EXPECT_EQ(parsing.options->fps, 30.0);
     EXPECT_EQ(parsing.options->range, std::make_pair(0.5, 2.0));
     EXPECT_TRUE(parsing.options->output->isSequence());
+}
+
+TEST(Options, tellsAVideoByItsEnding)
+{
+    const Parsing video = parse({"a.bvh", "--output", "walk.MP4", "--fps", "24", "--range", "1,2"});
+    ASSERT_TRUE(video.options) << video.error;
+    EXPECT_EQ(video.options->video, KivPlayer::VideoFormat::Mp4);
+    EXPECT_TRUE(video.options->isMoving());
+    EXPECT_EQ(video.options->fps, 24.0);
+    EXPECT_EQ(video.options->width, 1280);
+    const Parsing picture = parse({"a.bvh", "--output", "a.mp4.png"});
+    ASSERT_TRUE(picture.options) << picture.error;
+    EXPECT_EQ(picture.options->video, KivPlayer::VideoFormat::None);
+    EXPECT_FALSE(picture.options->isMoving());
+}
+
+TEST(Options, makesGifsSmallAndTwentyFiveASecondUnlessTold)
+{
+    const Parsing plain = parse({"a.bvh", "--output", "a.gif"});
+    ASSERT_TRUE(plain.options) << plain.error;
+    EXPECT_EQ(plain.options->fps, 25.0);
+    EXPECT_EQ(plain.options->width, 640);
+    const Parsing told = parse({"a.bvh", "--output", "a.gif", "--fps", "50", "--resolution", "100,101"});
+    ASSERT_TRUE(told.options) << told.error;
+    EXPECT_EQ(told.options->fps, 50.0);
+    EXPECT_EQ(told.options->height, 101);
 }
 
 }  // namespace

@@ -1,5 +1,6 @@
 #include "picturefile.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <cstring>
@@ -29,19 +30,20 @@ std::filesystem::path scratch(const std::string& name)
     return folder / name;
 }
 
-TEST(PictureFile, saysWhenAFolderIsMissingAndLeavesNothingBehind)
+TEST(PictureFile, saysThatTheDiskIsFullAndLeavesNothingBehind)
 {
-    const std::filesystem::path file = scratch("missing") / "folder" / "a.png";
-    EXPECT_NE(writePicture(*gradient(4, 4), file.string()), "");
+    const std::filesystem::path file = scratch("full.png");
+    std::filesystem::create_symlink("/dev/full", file.string() + ".part");
+    EXPECT_THAT(writePicture(*gradient(400, 400), file.string()), testing::HasSubstr("No space left"));
     EXPECT_FALSE(std::filesystem::exists(file));
+    EXPECT_FALSE(std::filesystem::is_symlink(file.string() + ".part"));
 }
 
-TEST(PictureFile, leavesNoTemporaryFileWhereTheGoalIsAFolder)
+TEST(PictureFile, saysWhyAFolderCannotBeMade)
 {
-    const std::filesystem::path folder = scratch("taken.png");
-    std::filesystem::create_directories(folder / "full");
-    EXPECT_NE(writePicture(*gradient(4, 4), folder.string()), "");
-    EXPECT_FALSE(std::filesystem::exists(folder.string() + ".part"));
+    std::ofstream(scratch("file"));
+    EXPECT_THAT(writePicture(*gradient(4, 4), (scratch("file") / "a.png").string()),
+                testing::HasSubstr("Not a directory"));
 }
 
 TEST(PictureFile, answersNullForWhatIsNoPicture)

@@ -1,0 +1,40 @@
+#pragma once
+
+#include <functional>
+#include <iosfwd>
+#include <string>
+
+namespace KivPlayer {
+
+/// A file that is there whole or not at all: written as NAME.part beside its goal and renamed once it is
+/// complete; what is not put in place is removed. Missing folders are made. Devices and pipes are written as
+/// they are.
+class WholeFile
+{
+public:
+    explicit WholeFile(const std::string& goal);
+    ~WholeFile();
+    WholeFile(const WholeFile&) = delete;
+    WholeFile& operator=(const WholeFile&) = delete;
+
+    /// Where to write.
+    const std::string& temporary() const { return m_temporary; }
+
+    /// Makes the temporary file, empty.
+    /// @return why not; empty on success.
+    std::string begin();
+    /// Gives the file its name. @return why not; empty on success.
+    std::string putInPlace();
+
+private:
+    std::string m_goal;
+    std::string m_temporary;
+    bool m_renamed;  ///< at the end
+    bool m_begun = false;
+};
+
+/// Writes a whole file at once. Writing answers whether it went well.
+/// @return what went wrong; empty on success.
+std::string writeWhole(const std::string& file, const std::function<bool(std::ostream&)>& writing);
+
+}  // namespace KivPlayer
