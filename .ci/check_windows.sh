@@ -3,6 +3,8 @@
 # mingw-w64 and OpenSceneGraph's headers; without them the check is skipped: exit status 77.
 #   KIV_STANDARDS  language levels to check, "c++17" by default
 #   KIV_MINGW      the compiler
+#   KIV_OSG_INCLUDE  the headers of another OpenSceneGraph, 3.4.0 for one, with what its build generates
+#                  (osg/Config, osg/GL, osg/Version, OpenThreads/Config) put in place
 set -euo pipefail
 cd "$(dirname "$(realpath "$0")")/.."
 
@@ -11,7 +13,7 @@ if ! command -v "$compiler" > /dev/null; then
     echo "skipped: $compiler is not installed (package g++-mingw-w64-x86-64)"
     exit 77
 fi
-include_dir=$(pkg-config --variable=includedir openscenegraph 2> /dev/null || echo /usr/include)
+include_dir=${KIV_OSG_INCLUDE:-$(pkg-config --variable=includedir openscenegraph 2> /dev/null || echo /usr/include)}
 [ -d "$include_dir/osg" ] || include_dir=/usr/include
 if [ ! -d "$include_dir/osg" ]; then
     echo "skipped: OpenSceneGraph's headers are not installed (package libopenscenegraph-dev)"

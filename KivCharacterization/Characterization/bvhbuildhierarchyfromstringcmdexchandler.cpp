@@ -14,10 +14,27 @@
 #include "KivReader/readerwriterbvh.h"
 #include "KivRenderState/kivrenderstatemanager.h"
 
+#include <new>
+
 namespace KivCharacterization {
 
 using KivMemoryShare::SceneCfgShare;
 using KivRenderState::KivRenderStateManager;
+
+namespace {
+
+/// Short memory is a refusal like any other; only what the fitting throws belongs to the caller.
+template <typename Step>
+bool Succeeds(const Step& step)
+{
+    try {
+        return step();
+    } catch (const std::bad_alloc&) {
+        return false;
+    }
+}
+
+}  // namespace
 
 BVHBuildHierarchyFromStringCmdExcHandler::BVHBuildHierarchyFromStringCmdExcHandler(
     IveInfoTable* avatars, ActorTable* actors, FontTable* fonts, const std::string& hierarchy,
@@ -35,16 +52,22 @@ bool BVHBuildHierarchyFromStringCmdExcHandler::prepare()
 {
     KivRenderStateManager::instance()->setCharacterizationState(
         KivCharacterizationCommonDef::CharacterizationBuilding);
-    return build();
+    return Succeeds([this] { return build(); }) && dress() && Succeeds([this] { return complete(); });
 }
 
 bool BVHBuildHierarchyFromStringCmdExcHandler::execute()
 {
-    if (!swapIn()) {
-        return false;
+    const bool swapped = Succeeds([this] {
+        if (!swapIn()) {
+            return false;
+        }
+        UpdateLabelVisibility(*m_pActors);
+        return true;
+    });
+    if (!swapped) {
+        takeOut();
     }
-    UpdateLabelVisibility(*m_pActors);
-    return true;
+    return swapped;
 }
 
 bool BVHBuildHierarchyFromStringCmdExcHandler::finish()
@@ -73,21 +96,37 @@ bool BVHBuildHierarchyFromStringCmdExcHandler::build()
     if (!skeleton || !animation) {
         return false;
     }
-    const std::string id = m_strActorId.empty() ? name : m_strActorId;
-    SActorInfo& actor = buildScene(id, *skeleton, *animation);
-    if (AttachEntityToBvhSkeleton(id, skeleton, actor.fitting, m_pAvatars->begin()->second) == 0) {
-        return false;
-    }
+    m_strBuiltId = m_strActorId.empty() ? name : m_strActorId;
+    m_opSkeleton = skeleton;
+    buildScene(m_strBuiltId, *skeleton, *animation);
+    return true;
+}
+
+bool BVHBuildHierarchyFromStringCmdExcHandler::dress()
+{
+    SActorInfo& actor = (*m_pActors)[m_strBuiltId];
+    return AttachEntityToBvhSkeleton(m_strBuiltId, m_opSkeleton.get(), actor.fitting,
+                                     m_pAvatars->begin()->second) != 0;
+}
+
+bool BVHBuildHierarchyFromStringCmdExcHandler::complete()
+{
+    const SActorInfo& actor = (*m_pActors)[m_strBuiltId];
     osg::ref_ptr<osg::Group> oldRoot;
     if (m_opOldRoot.lock(oldRoot)) {
         TakeOverRootJointMatrix(*oldRoot, *actor.root);
     }
-    SetSkeletonState(*skeleton);
-    m_opNewRoot = actor.root.get();
-    m_opNewAnimation = animation.get();
+    SetSkeletonState(*m_opSkeleton);
     for (const auto& [joint, color] : KivRenderStateManager::instance()->getBVHContactColor()) {
-        animation->ChangeJointContactColor(joint, ContactColour(color));
+        actor.animation->ChangeJointContactColor(joint, ContactColour(color));
     }
+    // With room for a parent in the root, the scene either takes it in whole or stays as it is.
+    const osg::ref_ptr<osg::Group> parent = new osg::Group;
+    parent->addChild(actor.root.get());
+    parent->removeChild(actor.root.get());
+    // The root last: where it is set, there is a whole actor to take in.
+    m_opNewAnimation = actor.animation.get();
+    m_opNewRoot = actor.root.get();
     return true;
 }
 
@@ -102,8 +141,8 @@ void BVHBuildHierarchyFromStringCmdExcHandler::rememberOldActor()
     m_pActors->erase(old);
 }
 
-SActorInfo& BVHBuildHierarchyFromStringCmdExcHandler::buildScene(const std::string& id, osg::Group& skeleton,
-                                                                 KivAnimation::Animation& animation)
+void BVHBuildHierarchyFromStringCmdExcHandler::buildScene(const std::string& id, osg::Group& skeleton,
+                                                          KivAnimation::Animation& animation)
 {
     osg::ref_ptr<osg::Group> root = new osg::Group;
     const osg::ref_ptr<osg::Switch> skeletonSwitch = MakeSkeletonSwitch(skeleton);
@@ -142,7 +181,6 @@ SActorInfo& BVHBuildHierarchyFromStringCmdExcHandler::buildScene(const std::stri
     actor.stickContactCallback = stickContact;
     animation.setId(id);
     animation.setAttachNodePtr(skeletonSwitch.get());
-    return actor;
 }
 
 bool BVHBuildHierarchyFromStringCmdExcHandler::swapIn()
@@ -167,6 +205,18 @@ bool BVHBuildHierarchyFromStringCmdExcHandler::swapIn()
     manager->registerAnimation(m_opNewAnimation.get());
     manager->playAll();
     return true;
+}
+
+void BVHBuildHierarchyFromStringCmdExcHandler::takeOut()
+{
+    osg::ref_ptr<osg::Group> newRoot;
+    if (m_opNewRoot.lock(newRoot)) {
+        SceneCfgShare::instance()->getCharacterSceneNode()->removeChild(newRoot.get());
+    }
+    osg::ref_ptr<KivAnimation::Animation> newAnimation;
+    if (m_opNewAnimation.lock(newAnimation)) {
+        SceneCfgShare::instance()->getBaseAnimationManager()->unregisterAnimation(newAnimation.get());
+    }
 }
 
 }  // namespace KivCharacterization

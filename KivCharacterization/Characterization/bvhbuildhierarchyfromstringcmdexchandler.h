@@ -13,10 +13,10 @@ namespace KivCharacterization {
 
 /// Turns BVH text into a dressed actor of the scene, in place of an earlier actor of the same key.
 /// - prepare: says that characterization is building; reads the text, builds the actor's subtree and its
-///   record, dresses the skeleton. False for a text that is refused, or without an avatar; an earlier
-///   actor's record is gone either way.
+///   record, dresses the skeleton. False for a text that is refused, without an avatar, or where memory is
+///   short; an earlier actor's record is gone either way. What the fitting throws reaches the caller.
 /// - execute: takes the earlier actor out of the scene and the new one in, plays it, shows or hides the
-///   names. False when there is no new actor.
+///   names. False when there is no new actor, or no memory to take it in: then it is not in the scene.
 /// - finish: says that characterization is ready.
 class BVHBuildHierarchyFromStringCmdExcHandler : public KivTaskCommand::ICmdExcDelegate
 {
@@ -33,8 +33,11 @@ public:
 private:
     bool build();
     void rememberOldActor();
-    SActorInfo& buildScene(const std::string& id, osg::Group& skeleton, KivAnimation::Animation& animation);
+    void buildScene(const std::string& id, osg::Group& skeleton, KivAnimation::Animation& animation);
+    bool dress();
+    bool complete();
     bool swapIn();
+    void takeOut();
 
     IveInfoTable* m_pAvatars;
     ActorTable* m_pActors;
@@ -42,6 +45,8 @@ private:
     std::string m_strHierarchy;
     std::string m_strActorId;
     std::string m_strActorName;
+    std::string m_strBuiltId;  ///< the key of the record, which the reader gives where the caller did not
+    osg::observer_ptr<osg::Group> m_opSkeleton;
     osg::observer_ptr<osg::Group> m_opNewRoot;
     osg::observer_ptr<osg::Group> m_opOldRoot;
     osg::observer_ptr<KivAnimation::Animation> m_opOldAnimation;

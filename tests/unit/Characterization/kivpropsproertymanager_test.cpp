@@ -1,7 +1,9 @@
 #include "KivCharacterization/Characterization/kivpropsproertymanager.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -188,6 +190,37 @@ TEST_F(PropsChanges, surviveAnObserverThatUnregistersItselfWhenAsked)
     manager().PropsFlagChanged("P", false);
     EXPECT_EQ(log, (std::vector<std::string>{"A asked P", "A flag on", "B asked P", "B flag on", "B asked P",
                                              "B flag off"}));
+}
+
+TEST_F(PropsChanges, passOnWhatAnObserverThrowsAndGoOnNextTime)
+{
+    class Thrower : public Observer
+    {
+    public:
+        using Observer::Observer;
+        bool PropsFlagChanged(bool flag) override
+        {
+            Observer::PropsFlagChanged(flag);
+            throw std::runtime_error("the observer gave up");
+        }
+    };
+    std::vector<std::string> log;
+    Observer first("first", &log);
+    Thrower second("second", &log);
+    Observer third("third", &log);
+    for (Observer* observer : {&first, static_cast<Observer*>(&second), &third}) {
+        manager().RegistNotify(observer);
+    }
+    EXPECT_THROW(manager().PropsFlagChanged("Props", true), std::runtime_error);
+    EXPECT_THAT(log, testing::ElementsAre("first asked Props", "first flag on", "second asked Props",
+                                          "second flag on"));
+
+    // The list is neither locked nor changed.
+    EXPECT_TRUE(manager().UnRegistNotify(&second));
+    log.clear();
+    EXPECT_TRUE(manager().PropsFlagChanged("Props", false));
+    EXPECT_THAT(log, testing::ElementsAre("first asked Props", "first flag off", "third asked Props",
+                                          "third flag off"));
 }
 
 TEST_F(PropsChanges, travelThroughALink)
