@@ -1,0 +1,67 @@
+#!/usr/bin/env bash
+# bench.sh: installs what is missing, builds, runs every benchmark beside its peers and writes the table of results into
+# docs/performance.md. About ten minutes; other work on the machine is seen in the figures, less in the ratios.
+# bench.sh --gate: counts the instructions of small works and fails where one needs 3 % more than
+# benchmarks/instructions.txt says. Under two minutes, and steady on a busy machine.
+# bench.sh --record: writes that file anew.
+#   KIV_BENCH_REPETITIONS  of each benchmark, 9 by default
+set -euo pipefail
+cd "$(dirname "$(realpath "$0")")"
+
+mode="${1:-}"
+if (($# > 1)) || [[ -n "$mode" && "$mode" != --gate && "$mode" != --record ]]; then
+    echo "usage: bench.sh [--gate | --record]" >&2
+    exit 2
+fi
+recorded=benchmarks/instructions.txt
+results=out/bench
+programs="$PWD/build/bench/bin"
+mkdir -p "$results"
+
+echo "== Packages"
+packaging/install-packages.sh packaging/build-packages.txt packaging/bench-packages.txt
+echo "== Build (build/bench)"
+cmake --preset bench >/dev/null
+cmake --build --preset bench --target kivbenchmarks kivinstructions
+
+count_instructions() { # One line a work: its instructions, its name.
+    local counts="$PWD/$results/counts"
+    rm -rf "$counts"
+    mkdir -p "$counts"
+    # Addresses, environment and locale decide how maps are ordered and strings compared: all three are fixed.
+    (cd "$counts" && env -i LC_ALL=C HOME=/nonexistent PATH="$PATH" setarch "$(uname -m)" -R \
+        valgrind --quiet --tool=callgrind --collect-atstart=no --callgrind-out-file=counted "$programs/kivinstructions")
+    for file in $(ls "$counts"/counted.* | sort -t . -k 2 -n); do
+        awk '/^desc: Trigger/ { sub(/.*Client Request: /, ""); name = $0 } /^totals:/ { print $2 "\t" name }' "$file"
+    done >"$results/instructions.txt"
+}
+
+echo "== Instructions"
+count_instructions
+case "$mode" in
+--record)
+    {
+        echo "# Instructions of the works in instructions.cpp, written by bench.sh --record"
+        echo "# $(g++ --version | head -n 1), $(uname -m)"
+        cat "$results/instructions.txt"
+    } >"$recorded"
+    echo "$recorded"
+    exit
+    ;;
+--gate)
+    exec python3 benchmarks/gate.py "$recorded" "$results/instructions.txt"
+    ;;
+esac
+
+for subject in reading profile dressing commands posing overlays scene scale; do
+    echo "== $subject"
+    repetitions="${KIV_BENCH_REPETITIONS:-9}"
+    # A life of a thousand actors is long enough to say something by itself.
+    [[ "$subject" != scale ]] || repetitions=3
+    "$programs/kivbenchmarks" --benchmark_filter="^$subject/" --benchmark_repetitions="$repetitions" \
+        --benchmark_min_time=0.1 --benchmark_enable_random_interleaving=true --benchmark_report_aggregates_only=true \
+        --benchmark_out="$results/$subject.json" --benchmark_out_format=json >"$results/$subject.log" 2>&1 ||
+        { tail "$results/$subject.log" >&2; exit 1; }
+done
+echo "== Table (docs/performance.md)"
+python3 benchmarks/maketable.py "$results" build/bench/CMakeCache.txt docs/performance.md

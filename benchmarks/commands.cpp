@@ -1,0 +1,110 @@
+// Commands on the calling thread, from prepare to finish. The skeletons come without motion, so that reading
+// rows does not hide the rest.
+#include <benchmark/benchmark.h>
+
+#include "benchmarks/support/figuretext.h"
+#include "benchmarks/support/meshavatar.h"
+#include "benchmarks/support/modulehost.h"
+#include "benchmarks/support/threadclock.h"
+
+namespace {
+
+using namespace KivBenchmark;
+
+const std::string& hierarchy()
+{
+    static const std::string s_text = hierarchyText(Props::None);
+    return s_text;
+}
+
+template <typename Work>
+double secondsOf(Work&& work)
+{
+    const double start = threadSeconds();
+    work();
+    return threadSeconds() - start;
+}
+
+void load(benchmark::State& state)
+{
+    const ModuleHost host;
+    for (auto _ : state) {
+        state.SetIterationTime(secondsOf([&] { host.load(hierarchy(), 7); }));
+        if (host.scene().getNumChildren() != 1)
+            state.SkipWithError("the actor is not in the scene");
+        host.removeAll();
+    }
+}
+
+void loadWithProps(benchmark::State& state)
+{
+    const ModuleHost host;
+    const std::string text = hierarchyText(Props::Left);
+    for (auto _ : state) {
+        state.SetIterationTime(secondsOf([&] { host.load(text, 7); }));
+        host.removeAll();
+    }
+}
+
+void copies(benchmark::State& state)
+{
+    const auto avatar = shippedAvatar();
+    for (auto _ : state) {
+        std::vector<osg::ref_ptr<osg::Node>> pieces;
+        state.SetIterationTime(secondsOf([&] { pieces = copyPieces(avatar); }));
+        benchmark::DoNotOptimize(pieces.data());
+    }
+}
+
+/// Pieces of few triangles: what grows with the number of actors must not hide behind copying.
+KivCharacterization::CommonTypeDef::SIveInfo lightAvatar()
+{
+    return meshAvatar(8);
+}
+
+void replace(benchmark::State& state)
+{
+    const ModuleHost host(lightAvatar());
+    const int actors = static_cast<int>(state.range(0));
+    host.loadMany(hierarchy(), actors);
+    int actor = 0;
+    for (auto _ : state) {
+        state.SetIterationTime(secondsOf([&] { host.load(hierarchy(), actor); }));
+        actor = (actor + 1) % actors;
+    }
+    if (host.scene().getNumChildren() != static_cast<unsigned>(actors))
+        state.SkipWithError("replacing has changed the number of actors");
+}
+
+void remove(benchmark::State& state)
+{
+    const ModuleHost host(lightAvatar());
+    const int actors = static_cast<int>(state.range(0));
+    host.loadMany(hierarchy(), actors);
+    int actor = 0;
+    for (auto _ : state) {
+        state.SetIterationTime(secondsOf([&] { host.remove(actor); }));
+        host.load(hierarchy(), actor);
+        actor = (actor + 1) % actors;
+    }
+    if (host.scene().getNumChildren() != static_cast<unsigned>(actors))
+        state.SkipWithError("an actor is missing");
+}
+
+void atWork(benchmark::internal::Benchmark* registered)
+{
+    registered->UseManualTime()->Unit(benchmark::kMicrosecond);
+}
+
+void sizes(benchmark::internal::Benchmark* registered)
+{
+    registered->Arg(1)->Arg(10)->Arg(100)->Arg(1000)->Apply(atWork);
+}
+
+BENCHMARK(load)->Name("commands/load/ours")->Apply(atWork);
+BENCHMARK(loadWithProps)->Name("commands/load/props")->Apply(atWork);
+BENCHMARK(copies)->Name("commands/load/copies")->Apply(atWork);
+BENCHMARK(replace)->Name("commands/replace")->Apply(sizes);
+BENCHMARK(remove)->Name("commands/remove")->Apply(sizes);
+
+}  // namespace

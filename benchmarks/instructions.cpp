@@ -1,0 +1,119 @@
+// Works of a small, fixed size for callgrind to count: each is run twice to warm up, then once counted, and
+// dumped under its name. Run by bench.sh --gate.
+#include <valgrind/callgrind.h>
+#include <osg/Notify>
+
+#include <functional>
+#include <iostream>
+
+#include "KivCharacterization/Characterization/characterbvh.h"
+#include "KivReader/readerwriterbvh.h"
+#include "benchmarks/support/figuretext.h"
+#include "benchmarks/support/meshavatar.h"
+#include "benchmarks/support/minimalreader.h"
+#include "benchmarks/support/modulehost.h"
+#include "benchmarks/support/readskeleton.h"
+#include "benchmarks/support/stage.h"
+#include "benchmarks/support/transformtree.h"
+
+namespace {
+
+using namespace KivBenchmark;
+
+constexpr std::size_t kRows = 16;
+
+void count(
+    const char* name, const std::function<void()>& work, const std::function<void()>& before = [] {})
+{
+    for (int run = 0; run < 3; ++run) {
+        before();
+        if (run == 2) {
+            CALLGRIND_ZERO_STATS;
+            CALLGRIND_TOGGLE_COLLECT;
+        }
+        work();
+    }
+    CALLGRIND_TOGGLE_COLLECT;
+    CALLGRIND_DUMP_STATS_AT(name);
+}
+
+void countReading()
+{
+    const std::string hierarchy = hierarchyText();
+    const std::string motion = motionText(kRows);
+    count("read a hierarchy", [&] { readSkeleton(hierarchy); });
+    count("read 16 rows of motion", [&] { readSkeleton(motion); });
+    count("minimal reader, 16 rows", [&] { readMinimal(motion); });
+}
+
+void countProfile()
+{
+    const KivReader::MotionReading reading = KivReader::readMotionDocument(motionText(kRows));
+    count("profile step", [&] { KivReader::profileMotion(*reading.document, {}); });
+}
+
+void countDressing()
+{
+    KivCharacterization::CommonTypeDef::SIveInfo avatar = meshAvatar(500);
+    const std::string hierarchy = hierarchyText(Props::None);
+    ReadSkeleton skeleton;
+    KivCharacterization::SFittingRecord record;
+    count(
+        "dress with 60 pieces",
+        [&] { KivCharacterization::AttachEntityToBvhSkeleton("7", skeleton.node, record, avatar); },
+        [&] {
+            skeleton = readSkeleton(hierarchy);
+            record = {};
+        });
+    count("copy 60 pieces", [&] { copyPieces(avatar); });
+}
+
+void countCommands()
+{
+    const ModuleHost host;
+    const std::string hierarchy = hierarchyText(Props::None);
+    count(
+        "load an actor", [&] { host.load(hierarchy, 1); }, [&] { host.removeAll(); });
+    host.loadMany(hierarchy, 10);
+    count("replace one of ten actors", [&] { host.load(hierarchy, 5); });
+    count(
+        "remove one of ten actors", [&] { host.remove(5); }, [&] { host.load(hierarchy, 5); });
+}
+
+void countPosing()
+{
+    const std::string motion = motionText(kRows, 1.0 / 30.0);
+    Stage stage(1.0 / 30.0);
+    addSkeletons(stage, motion, 1);
+    double row = 0.0;
+    stage.showRow(row);
+    count("pose at a row", [&] { stage.showRow(row += 1.0); });
+    row += 0.25;
+    count("pose between rows", [&] { stage.showRow(row += 1.0); });
+
+    Stage plain(1.0 / 30.0);
+    const osg::ref_ptr<TransformTree> tree = new TransformTree(readMinimal(motion));
+    plain.scene().addChild(tree->node());
+    row = 0.0;
+    count("transform tree at a row", [&] { plain.showRow(row += 1.0); });
+    row += 0.25;
+    count("transform tree between rows", [&] { plain.showRow(row += 1.0); });
+}
+
+}  // namespace
+
+int main()
+{
+    osg::setNotifyLevel(osg::FATAL);
+    try {
+        countReading();
+        countProfile();
+        countDressing();
+        countCommands();
+        countPosing();
+    } catch (const std::exception& problem) {
+        std::cerr << "kivinstructions: " << problem.what() << "\n";
+        return 1;
+    }
+    return 0;
+}

@@ -1,0 +1,169 @@
+"""Writes the results of the benchmarks between the markers of a page: maketable.py RESULTS CMAKECACHE PAGE."""
+import glob
+import json
+import os
+import re
+import sys
+from dataclasses import dataclass
+from typing import Optional
+
+BEGIN, END = "<!-- results: written by bench.sh -->", "<!-- end of results -->"
+MICROSECONDS = {"ns": 1e-3, "us": 1.0, "ms": 1e3, "s": 1e6}
+
+
+@dataclass
+class Row:
+    """One line of the table. A name may end in ":counter". The ratio is figure / beside."""
+    work: str
+    figure: str
+    beside: str = ""
+    peer: str = ""
+    at_most: Optional[float] = None
+    faster: Optional[float] = None  # at least so many times faster than the peer
+    limit: Optional[float] = None  # of the figure itself, in its unit
+    per: float = 1.0
+    unit: str = "µs"
+
+
+def posing(kind, title):
+    rows = []
+    for actors in (1, 10, 100, 500):
+        ours = f"posing/{kind}/ours/{actors}"
+        bones = actors * 60 / 1000.0
+        rows.append(Row(f"pose {actors} actor{'s' * (actors > 1)}, {title}, per bone", ours,
+                        f"posing/{kind}/tree/{actors}", "one-callback tree", at_most=1.5, per=bones, unit="ns"))
+        if kind == "whole":
+            rows.append(Row("", ours, f"posing/whole/osgAnimation/{actors}", "osgAnimation", faster=6, per=bones,
+                            unit="ns"))
+    return rows
+
+
+def dressing(size, title, at_most):
+    return Row(f"dress, {title}", f"dressing/{size}/ours", f"dressing/{size}/copies", "deep copies", at_most=at_most)
+
+
+ROWS = [
+    Row("read 60 joints × 10 000 rows", "reading/motion/ours/10000", "reading/motion/minimal/10000",
+        "minimal reader", at_most=1.25, per=1000, unit="ms"),
+    Row("", "reading/motion/ours/10000", "reading/motion/osg/10000", "OSG's BVH plugin", faster=12, per=1000,
+        unit="ms"),
+    Row("", "reading/motion/ours/10000", "reading/motion/assimp/10000", "assimp", per=1000, unit="ms"),
+    Row("… 2 500 rows", "reading/motion/ours/2500", "reading/motion/minimal/2500", "minimal reader", at_most=1.25,
+        per=1000, unit="ms"),
+    Row("… 625 rows", "reading/motion/ours/625", "reading/motion/minimal/625", "minimal reader", at_most=1.25,
+        per=1000, unit="ms"),
+    Row("… instructions per value", "counted:per value", limit=360, unit="Ir"),
+    Row("read a 60-joint hierarchy to nodes, and release it", "reading/hierarchy/ours/0", "reading/hierarchy/minimal/0",
+        "minimal reader", limit=30),
+    Row("", "reading/hierarchy/ours/0", "reading/hierarchy/osg/0", "OSG's BVH plugin"),
+    Row("… instructions", "counted:read a hierarchy", limit=400000, unit="Ir"),
+    Row("profile step of 625 rows", "profile/step", "profile/reading", "reading the text"),
+    dressing("500", "60 pieces of 500 triangles", 1.25),
+    dressing("5000", "60 pieces of 5 000 triangles", 1.08),
+    dressing("shipped", "the shipped avatar", None),
+    Row("load command, hierarchy, shipped avatar", "commands/load/ours", "commands/load/copies", "deep copies",
+        at_most=1.4),
+    Row("… with a props", "commands/load/props", "commands/load/copies", "deep copies"),
+    *[Row(f"replace an actor among {n}", f"commands/replace/{n}", "commands/replace/1", "among 1")
+      for n in (10, 100, 1000)],
+    *[Row(f"remove an actor among {n}", f"commands/remove/{n}", "commands/remove/1", "among 1")
+      for n in (10, 100, 1000)],
+    *posing("whole", "on rows"),
+    *posing("blended", "between rows"),
+    Row("overlays of one actor, 20 contacts, per frame", "overlays/frame/0", limit=3.0),
+    Row("… and writing the frame's data", "overlays/frame with data/1", limit=3.0),
+    *[Row(f"update the scene, {n} dressed actors, per actor", f"scene/update/ours/{n}", f"scene/update/tree/{n}",
+          "dressed trees", per=n) for n in (1, 10, 100)],
+    *[Row(f"cull the scene, {n} dressed actors, per actor", f"scene/cull/ours/{n}", f"scene/cull/tree/{n}",
+          "dressed trees", per=n) for n in (1, 10, 100)],
+    *[Row(f"{what} {n} light actors, per actor", f"scale/life/{n}:{counter}", f"scale/life/10:{counter}",
+          "of 10") for what, counter in (("load", "load us"), ("pose", "pose us"), ("remove", "remove us"))
+      for n in (10, 100, 1000)],
+    *[Row(f"memory of {n} light actors, per actor", f"scale/life/{n}:bytes", "scale/life/10:bytes", "of 10", per=1000,
+          unit="kB") for n in (10, 100, 1000)],
+    Row("memory of an actor in the shipped dress", "scale/memory:bytes", "scale/memory:bytes of the copies",
+        "deep copies", per=1000, unit="kB"),
+]
+
+
+def read_results(folder):
+    """Medians by name, times in microseconds, counters behind a colon."""
+    figures, context = {}, {}
+    for path in glob.glob(os.path.join(folder, "*.json")):
+        with open(path, encoding="utf-8") as stream:
+            results = json.load(stream)
+        context = results["context"]
+        for run in results["benchmarks"]:
+            if run.get("error_occurred"):
+                sys.exit(f"{run['name']}: {run['error_message']}")
+            if run.get("aggregate_name") != "median":
+                continue
+            manual = "/manual_time" in run["run_name"]
+            name = re.sub(r"/(manual_time|iterations:\d+|repeats:\d+)", "", run["run_name"])
+            figures[name] = run["real_time" if manual else "cpu_time"] * MICROSECONDS[run["time_unit"]]
+            for key, value in run.items():
+                if isinstance(value, (int, float)):
+                    figures[f"{name}:{key}"] = value
+    with open(os.path.join(folder, "instructions.txt"), encoding="utf-8") as lines:
+        for line in lines:
+            count, name = line.rstrip("\n").split("\t")
+            figures["counted:" + name] = int(count)
+    values = 16 * 183
+    figures["counted:per value"] = (figures["counted:read 16 rows of motion"] -
+                                    figures["counted:read a hierarchy"]) / values
+    return figures, context
+
+
+def number(value):
+    if value >= 1000:
+        return f"{value:,.0f}".replace(",", " ")
+    return f"{value:.3g}"
+
+
+def line(row, figures):
+    figure = figures[row.figure] / row.per
+    beside = figures[row.beside] / row.per if row.beside else None
+    ratio = figure / beside if beside else None
+    target, met = "", ""
+    if row.limit is not None:
+        target, met = f"≤ {number(row.limit)} {row.unit}", figure <= row.limit
+    elif row.at_most is not None:
+        target, met = f"≤ {row.at_most} ×", ratio <= row.at_most
+    elif row.faster is not None:
+        target, met = f"≤ 1/{row.faster} ×", ratio * row.faster <= 1
+    verdict = {True: "met", False: "**missed**", "": ""}[met]
+    peer = f"{row.peer}: {number(beside)} {row.unit}" if beside is not None else ""
+    share = "" if ratio is None else f"{ratio:.2f} ×" if ratio >= 0.2 else f"1/{1 / ratio:.0f} ×"
+    return f"| {row.work} | {number(figure)} {row.unit} | {peer} | {share} | {target} | {verdict} |"
+
+
+def machine(context, cache):
+    with open(cache, encoding="utf-8") as stream:
+        settings = dict(re.findall(r"^(\w+):\w+=(.*)$", stream.read(), re.M))
+    with open("/proc/cpuinfo", encoding="utf-8") as stream:
+        model = re.search(r"model name\s*: (.*)", stream.read()).group(1)
+    compiler = os.popen(settings["CMAKE_CXX_COMPILER"] + " -dumpfullversion").read().strip()
+    scene_graph = os.popen("pkg-config --modversion openscenegraph").read().strip()
+    load = ", ".join(f"{value:.1f}" for value in context["load_avg"])
+    return (f"{context['date'][:10]}, {model}, {context['num_cpus']} cores, load {load} at the end; "
+            f"g++ {compiler} {settings['CMAKE_CXX_FLAGS_RELEASE']}, OpenSceneGraph {scene_graph}. "
+            "Medians of processor time; each figure and its neighbour were measured in turns in one run.")
+
+
+def main(folder, cache, page):
+    figures, context = read_results(folder)
+    table = [BEGIN, "", machine(context, cache), "",
+             "| work | figure | beside | ratio | target | |", "|---|---|---|---|---|---|"]
+    table += [line(row, figures) for row in ROWS]
+    table += ["", END]
+    with open(page, encoding="utf-8") as stream:
+        text = stream.read()
+    before, rest = text.split(BEGIN, 1)
+    after = rest.split(END, 1)[1]
+    with open(page, "w", encoding="utf-8") as stream:
+        stream.write(before + "\n".join(table) + after)
+    return 0
+
+
+if __name__ == "__main__":
+    sys.exit(main(*sys.argv[1:]))
