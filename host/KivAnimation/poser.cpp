@@ -2,7 +2,6 @@
 
 #include <osg/Matrixd>
 
-#include <algorithm>
 #include <cmath>
 #include <utility>
 
@@ -41,62 +40,6 @@ LocalPose blend(const LocalPose& a, const LocalPose& b, float fraction)
     return result;
 }
 
-/// The rows of a matrix whose last column is 0, 0, 0, 1. Plain numbers that can stay in registers: a matrix
-/// that is put together in memory and then copied is waited for.
-struct AffineRows
-{
-    double values[4][3];
-};
-
-AffineRows rowsOf(const LocalPose& pose)
-{
-    const double x = pose.rotation[0], y = pose.rotation[1], z = pose.rotation[2], w = pose.rotation[3];
-    const double scale = 2.0 / (x * x + y * y + z * z + w * w);
-    const double sx = scale * x, sy = scale * y, sz = scale * z;
-    const double wx = sx * w, wy = sy * w, wz = sz * w;
-    const double xx = sx * x, xy = sx * y, xz = sx * z;
-    const double yy = sy * y, yz = sy * z, zz = sz * z;
-    return {{{1.0 - (yy + zz), xy + wz, xz - wy},
-             {xy - wz, 1.0 - (xx + zz), yz + wx},
-             {xz + wy, yz - wx, 1.0 - (xx + yy)},
-             {pose.position[0], pose.position[1], pose.position[2]}}};
-}
-
-bool equal(const AffineRows& local, const double* matrix)
-{
-    bool same = true;
-    for (int row = 0; row < 4; ++row) {
-        for (int i = 0; i < 3; ++i) {
-            same = same && local.values[row][i] == matrix[4 * row + i];
-        }
-    }
-    return same;
-}
-
-void write(const AffineRows& local, double* matrix)
-{
-    for (int row = 0; row < 4; ++row) {
-        for (int i = 0; i < 3; ++i) {
-            matrix[4 * row + i] = local.values[row][i];
-        }
-        matrix[4 * row + 3] = row == 3 ? 1.0 : 0.0;
-    }
-}
-
-/// local × parent.
-void writeProduct(const AffineRows& local, const double* parent, double* product)
-{
-    for (int row = 0; row < 4; ++row) {
-        const double* a = local.values[row];
-        double sums[4];
-        for (int i = 0; i < 4; ++i) {
-            sums[i] = a[0] * parent[i] + a[1] * parent[4 + i] + a[2] * parent[8 + i] +
-                      (row == 3 ? parent[12 + i] : 0.0);
-        }
-        std::copy_n(sums, 4, product + 4 * row);
-    }
-}
-
 }  // namespace
 
 Poser::Poser(const PoseProgram& program, std::size_t columns)
@@ -114,6 +57,9 @@ Poser::Poser(const PoseProgram& program, std::size_t columns)
     }
     m_first.poses = m_program.prepare();
     m_second.poses = m_first.poses;
+    for (const LocalPose& pose : m_first.poses) {
+        m_fixedRows.push_back(rowsOf(pose));
+    }
 }
 
 void Poser::provideRow(EvaluatedRow& wanted, const MotionTable& table, std::size_t row)
@@ -134,40 +80,62 @@ void Poser::pose(const MotionTable& table, std::size_t row, double fraction)
         std::swap(m_first, m_second);
     }
     provideRow(m_first, table, row);
-    if (fraction == 0.0) {
-        for (std::size_t i = 0; i < m_joints.size(); ++i) {
-            poseJoint(m_joints[i], m_first.poses[i]);
-        }
-        return;
+    const bool between = fraction != 0.0;
+    if (between) {
+        provideRow(m_second, table, row + 1);
     }
-    provideRow(m_second, table, row + 1);
     for (std::size_t i = 0; i < m_joints.size(); ++i) {
-        poseJoint(m_joints[i], m_joints[i].fixed ? m_first.poses[i]
-                                                 : blend(m_first.poses[i], m_second.poses[i],
-                                                         static_cast<float>(fraction)));
+        const Joint& joint = m_joints[i];
+        if (!joint.bone) {
+            continue;
+        }
+        if (joint.fixed) {
+            poseFixedJoint(joint, m_fixedRows[i]);
+        } else if (between) {
+            poseJoint(joint, blend(m_first.poses[i], m_second.poses[i], static_cast<float>(fraction)));
+        } else {
+            poseJoint(joint, m_first.poses[i]);
+        }
     }
 }
 
-void Poser::poseJoint(const Joint& joint, const LocalPose& pose)
+inline void Poser::poseJoint(const Joint& joint, const LocalPose& pose)
 {
-    Bone* const bone = joint.bone;
-    if (!bone) {
-        return;
-    }
     const AffineRows local = rowsOf(pose);
-    if (!joint.fixed || !equal(local, bone->_matrix.ptr())) {
-        write(local, bone->_matrix.ptr());
-        bone->_inverseDirty = true;
-        bone->dirtyBound();
+    setMatrix(joint, local);
+    placeInSkeleton(joint, local);
+}
+
+/// The matrix is written only where somebody else has changed it.
+void Poser::poseFixedJoint(const Joint& joint, const AffineRows& local)
+{
+    if (joint.update || !equal(local, joint.bone->_matrix.ptr())) {
+        setMatrix(joint, local);
+    }
+    placeInSkeleton(joint, local);
+}
+
+inline void Poser::setMatrix(const Joint& joint, const AffineRows& local)
+{
+    Bone& bone = *joint.bone;
+    write(local, bone._matrix.ptr());
+    bone._inverseDirty = true;
+    if (bone._boundingSphereComputed) {
+        bone.dirtyBound();
     }
     if (joint.update) {
-        joint.update->setMatrix(bone->_matrix);
+        joint.update->setMatrix(bone._matrix);
     }
+}
+
+inline void Poser::placeInSkeleton(const Joint& joint, const AffineRows& local)
+{
+    double* const placed = joint.bone->_boneInSkeletonSpace.ptr();
     const Bone* parent = joint.parent < 0 ? nullptr : m_joints[static_cast<std::size_t>(joint.parent)].bone;
     if (parent) {
-        writeProduct(local, parent->_boneInSkeletonSpace.ptr(), bone->_boneInSkeletonSpace.ptr());
+        writeProduct(local, parent->_boneInSkeletonSpace.ptr(), placed);
     } else {
-        write(local, bone->_boneInSkeletonSpace.ptr());
+        write(local, placed);
     }
 }
 

@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "KivAnimation/motion.h"
+#include "host/KivAnimation/affinerows.h"
 #include "host/KivAnimation/bonewatch.h"
 #include "host/KivAnimation/rowprogram.h"
 
@@ -45,6 +46,9 @@ private:
 
     void provideRow(EvaluatedRow& wanted, const MotionTable& table, std::size_t row);
     void poseJoint(const Joint& joint, const LocalPose& pose);
+    void poseFixedJoint(const Joint& joint, const AffineRows& local);
+    static void setMatrix(const Joint& joint, const AffineRows& local);
+    void placeInSkeleton(const Joint& joint, const AffineRows& local);
 
     RowProgram m_program;
     std::vector<Joint> m_joints;
@@ -52,6 +56,7 @@ private:
     osg::observer_ptr<Bone> m_root;
     EvaluatedRow m_first;  ///< rows are kept: in ordinary playback the second becomes the first
     EvaluatedRow m_second;
+    std::vector<AffineRows> m_fixedRows;  ///< of the fixed joints, at their index
 };
 
 }  // namespace KivAnimation

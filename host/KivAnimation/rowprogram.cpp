@@ -157,28 +157,35 @@ std::vector<LocalPose> RowProgram::prepare() const
     return poses;
 }
 
-void RowProgram::lookUpAngles(const float* row, Angles& angles) const
+/// The results stay until the thread's next call.
+RowProgram::Angles RowProgram::lookUpAngles(const float* row) const
 {
+    // One for all programs of a thread: it stays in the nearest cache. Padded to whole blocks.
+    struct Buffer
+    {
+        std::vector<float> turns, sines, cosines;
+    };
+    thread_local Buffer s_buffer;
+    Buffer& buffer = s_buffer;
     const std::size_t count = m_turnColumns.size();
     const std::size_t padded = (count + kAngleBlock - 1) / kAngleBlock * kAngleBlock;
-    if (angles.turns.size() < padded) {
-        for (std::vector<float>* values : {&angles.turns, &angles.sines, &angles.cosines}) {
+    if (buffer.turns.size() < padded) {
+        for (std::vector<float>* values : {&buffer.turns, &buffer.sines, &buffer.cosines}) {
             values->resize(padded);
         }
     }
     for (std::size_t i = 0; i < count; ++i) {
-        angles.turns[i] = usableAngle(row[m_turnColumns[i]] * m_turnFactors[i]);
+        buffer.turns[i] = usableAngle(row[m_turnColumns[i]] * m_turnFactors[i]);
     }
     for (std::size_t i = 0; i < padded; i += kAngleBlock) {
-        sineAndCosine(&angles.turns[i], &angles.sines[i], &angles.cosines[i]);
+        sineAndCosine(&buffer.turns[i], &buffer.sines[i], &buffer.cosines[i]);
     }
+    return {buffer.sines.data(), buffer.cosines.data()};
 }
 
 void RowProgram::evaluate(const float* row, LocalPose* poses) const
 {
-    thread_local Angles s_angles;
-    Angles& angles = s_angles;
-    lookUpAngles(row, angles);
+    const Angles angles = lookUpAngles(row);
     for (std::size_t i = 0; i < m_joints.size(); ++i) {
         const Joint& joint = m_joints[i];
         if (joint.shape == Shape::ThreeTurns) {

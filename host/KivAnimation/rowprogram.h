@@ -62,18 +62,17 @@ private:
         std::uint32_t firstTurn = 0;  ///< into the sines and cosines
     };
 
-    /// What the angles of a row come to. One for all programs of a thread: it stays in the nearest cache.
+    /// What the angles of a row come to, in the order of the program's turns.
     struct Angles
     {
-        std::vector<float> turns;  ///< padded to whole blocks, like the next two
-        std::vector<float> sines;
-        std::vector<float> cosines;
+        const float* sines;
+        const float* cosines;
     };
 
     void compileJoint(const PoseProgram& program, const PoseProgram::Joint& source);
     bool compileThreeTurns(Joint& joint);
     LocalPose evaluateFixed(const Joint& joint) const;
-    void lookUpAngles(const float* row, Angles& angles) const;
+    Angles lookUpAngles(const float* row) const;
     void evaluateThreeTurns(const Joint& joint, const float* row, const Angles& angles,
                             LocalPose& pose) const;
     void evaluateGeneral(const Joint& joint, const float* row, const Angles& angles, LocalPose& pose) const;
