@@ -143,13 +143,18 @@ GizmoLook::GizmoLook(float faintness) : solid(makeCommonState(kSolidBin)), faint
     faint->setAttribute(new osg::BlendColor({0.0f, 0.0f, 0.0f, faintness}));
 }
 
+void makeGrabbable(osgManipulator::Dragger& handle, osg::Geometry& grabbed)
+{
+    osgManipulator::setDrawableToAlwaysCull(grabbed);
+    handle.addChild(geodeOf(grabbed, nullptr));
+}
+
 void dressHandle(osgManipulator::Dragger& handle, const GizmoLook& look, osg::Geometry& seen,
                  osg::Geometry& grabbed)
 {
-    osgManipulator::setDrawableToAlwaysCull(grabbed);
     handle.addChild(geodeOf(seen, look.faint));
     handle.addChild(geodeOf(seen, look.solid));
-    handle.addChild(geodeOf(grabbed, nullptr));
+    makeGrabbable(handle, grabbed);
 }
 
 void paintHandle(osgManipulator::Dragger& handle, const osg::Vec4& colour)

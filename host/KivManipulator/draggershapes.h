@@ -23,6 +23,9 @@ struct GizmoLook
     osg::ref_ptr<osg::StateSet> faint;
 };
 
+/// Gives a handle what a pointer can grab of it; never drawn.
+void makeGrabbable(osgManipulator::Dragger& handle, osg::Geometry& grabbed);
+
 /// Gives a handle what is seen of it and, wider and never drawn, what a pointer can grab.
 void dressHandle(osgManipulator::Dragger& handle, const GizmoLook& look, osg::Geometry& seen,
                  osg::Geometry& grabbed);

@@ -89,8 +89,14 @@ bool GizmoDragger::grab(const Event& ea, osgViewer::View& view)
     if (ea.getHandled() || !pick(ea, view))
         return false;
     setDraggerActive(true);
-    if (handle(_pointer, ea, view) && m_started)
-        return true;
+    // What lies nearest to the eye is asked first; a handle that cannot be used from there lets the next one
+    // try.
+    while (!_pointer.completed()) {
+        if (handle(_pointer, ea, view) && m_started)
+            return true;
+        _pointer._hitList.pop_front();
+        _pointer._hitIter = _pointer._hitList.begin();
+    }
     letGo();
     return false;
 }

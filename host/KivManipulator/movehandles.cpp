@@ -1,12 +1,34 @@
 #include "movehandles.h"
 
+#include <cmath>
+
+#include "pointerray.h"
+
 namespace KivManipulator {
+
+namespace {
+
+/// Above this cosine between view and arrow the pointer has no way to go along it.
+constexpr double kHeadOn = 0.96;
+
+}  // namespace
 
 ArrowDragger::ArrowDragger(const osg::Vec4& colour, const osg::Vec4& grabbedColour)
     : osgManipulator::Translate1DDragger(osg::Vec3d(), osg::Vec3d(0.0, 0.0, 1.0))
 {
     setColor(colour);
     setPickColor(grabbedColour);
+}
+
+bool ArrowDragger::handle(const osgManipulator::PointerInfo& pointer, const osgGA::GUIEventAdapter& ea,
+                          osgGA::GUIActionAdapter& aa)
+{
+    if (ea.getEventType() == osgGA::GUIEventAdapter::PUSH && pointer.contains(this)) {
+        const std::optional<Ray> ray = rayIn(*this, pointer);
+        if (!ray || std::abs(ray->along.z()) > kHeadOn)
+            return false;
+    }
+    return Translate1DDragger::handle(pointer, ea, aa);
 }
 
 void ArrowDragger::showReleased()
@@ -37,16 +59,8 @@ void FreeDragger::showReleased()
 
 void FreeDragger::faceTheEye(const osgManipulator::PointerInfo& pointer)
 {
-    osg::NodePath path;
-    osgManipulator::computeNodePathToRoot(*this, path);
-    osg::Matrixd worldToLocal;
-    if (!worldToLocal.invert(osg::computeLocalToWorld(path)))
-        return;
-    osg::Vec3d near, far;
-    pointer.getNearFarPoints(near, far);
-    osg::Vec3d normal = far * worldToLocal - near * worldToLocal;
-    normal.normalize();
-    _projector->setPlane(osg::Plane(normal, osg::Vec3d()));
+    if (const std::optional<Ray> ray = rayIn(*this, pointer))
+        _projector->setPlane(osg::Plane(ray->along, osg::Vec3d()));
 }
 
 }  // namespace KivManipulator

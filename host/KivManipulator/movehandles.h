@@ -7,12 +7,15 @@
 
 namespace KivManipulator {
 
-/// Moves its gizmo along its z axis.
+/// Moves its gizmo along its z axis. Seen head-on it cannot be grabbed.
 class ArrowDragger : public osgManipulator::Translate1DDragger, public IGizmoHandle
 {
 public:
     ArrowDragger(const osg::Vec4& colour, const osg::Vec4& grabbedColour);
 
+    bool handle(const osgManipulator::PointerInfo& pointer, const osgGA::GUIEventAdapter& ea,
+                osgGA::GUIActionAdapter& aa) override;
+    using osgManipulator::Translate1DDragger::handle;
     void showReleased() override;
 
 protected:

@@ -3,6 +3,7 @@
 #include <osgAnimation/Bone>
 
 #include "propsedit.h"
+#include "propsgizmos.h"
 #include "propspose.h"
 
 namespace KivManipulator {
@@ -18,6 +19,17 @@ const osg::Node* nearestBoneAbove(const osg::Node& node)
             return bone;
     }
     return nullptr;
+}
+
+/// @param reach along each axis, in units of the gizmo.
+std::vector<osg::Vec3d> handlesOf(const GizmoDragger* gizmo, double reach)
+{
+    if (!gizmo || !gizmo->isShown())
+        return {};
+    std::vector<osg::Vec3d> handles;
+    for (const osg::Vec3f& axis : {osg::X_AXIS, osg::Y_AXIS, osg::Z_AXIS})
+        handles.push_back(osg::Vec3d(axis) * reach * gizmo->getMatrix());
+    return handles;
 }
 
 }  // namespace
@@ -70,6 +82,16 @@ bool PropsGeode::isPropsDraggerShown() const
 bool PropsGeode::isContactPointDraggerShown() const
 {
     return m_spEdit->contactPointGizmo() && m_spEdit->contactPointGizmo()->isShown();
+}
+
+std::vector<osg::Vec3d> PropsGeode::getPropsDraggerHandles() const
+{
+    return handlesOf(m_spEdit->propsGizmo(), kPropsArrow);
+}
+
+std::vector<osg::Vec3d> PropsGeode::getContactPointDraggerHandles() const
+{
+    return handlesOf(m_spEdit->contactPointGizmo(), kContactPointArrow);
 }
 
 osg::Matrixd PropsGeode::getPropsGeometryMat() const

@@ -57,9 +57,11 @@ osg::ref_ptr<GizmoDragger> makePropsGizmo(osg::Node::NodeMask mask, IDragListene
     gizmo->setName("PropsDragger");
     for (const Axis& axis : kAxes) {
         addRing(*gizmo, look, axis);
-        addArrow(*gizmo, look, axis.direction, axis.colour, {1.08f, static_cast<float>(kPropsGizmoReach)},
-                 0.026f);
+        addArrow(*gizmo, look, axis.direction, axis.colour, {1.08f, 1.5f}, 0.026f);
     }
+    osg::ref_ptr<FreeDragger> inside = new FreeDragger(kIvory, kGrabbed);
+    makeGrabbable(*inside, *makeBall(0.78f));
+    gizmo->addHandle(inside);
     return gizmo;
 }
 

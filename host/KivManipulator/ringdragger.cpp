@@ -4,27 +4,14 @@
 
 #include <cmath>
 
+#include "pointerray.h"
+
 namespace KivManipulator {
 
 namespace {
 
 /// Below this cosine between view and axis the ring's plane is too slant to follow a pointer on it.
 constexpr double kEdgeOn = 0.2;
-
-struct Ray
-{
-    osg::Vec3d from, along;
-};
-
-Ray localRay(const osgManipulator::PointerInfo& pointer, const osg::Matrixd& worldToLocal)
-{
-    osg::Vec3d near, far;
-    pointer.getNearFarPoints(near, far);
-    const osg::Vec3d from = near * worldToLocal;
-    osg::Vec3d along = far * worldToLocal - from;
-    along.normalize();
-    return {from, along};
-}
 
 }  // namespace
 
@@ -61,7 +48,7 @@ void RingDragger::grab(const osgManipulator::PointerInfo& pointer)
         return;
     const osg::Vec3d point = pointer.getLocalIntersectPoint();
     m_grabbedAngle = std::atan2(point.y(), point.x());
-    m_edgeOn = std::abs(localRay(pointer, m_worldToLocal).along.z()) < kEdgeOn;
+    m_edgeOn = std::abs(rayIn(m_worldToLocal, pointer).along.z()) < kEdgeOn;
     m_turned = 0.0;
     if (!angleAt(pointer, m_lastAngle))
         return;
@@ -82,7 +69,7 @@ void RingDragger::turn(const osgManipulator::PointerInfo& pointer)
 
 bool RingDragger::angleAt(const osgManipulator::PointerInfo& pointer, double& angle) const
 {
-    const Ray ray = localRay(pointer, m_worldToLocal);
+    const Ray ray = rayIn(m_worldToLocal, pointer);
     if (!m_edgeOn) {
         if (std::abs(ray.along.z()) < 1e-6)
             return false;

@@ -6,6 +6,7 @@
 
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "KivCommonDef/sharedlibrary.h"
 #include "KivManipulator/ipickgeode.h"
@@ -74,6 +75,10 @@ public:
 
     bool isPropsDraggerShown() const;
     bool isContactPointDraggerShown() const;
+    /// Where a pointer can take hold of the arrows along x, y and z, in the bone's frame; empty for a dragger
+    /// that is hidden.
+    std::vector<osg::Vec3d> getPropsDraggerHandles() const;
+    std::vector<osg::Vec3d> getContactPointDraggerHandles() const;
     /// Identity where there is no props transform.
     osg::Matrixd getPropsGeometryMat() const;
     osg::Vec3f getContactPoint() const;

@@ -63,7 +63,7 @@ TEST(PropsDrag, leavesThePropsAloneWhenThePointerMissesTheDragger)
 {
     PropsStage stage;
     stage.geode->ShowPropsDragger(true);
-    dragBy(stage, {0.0, -2.0, 2.0}, up(5.0));
+    dragBy(stage, {0.0, -4.65, 4.65}, up(5.0));
     dragBy(stage, {0.0, -18.0, 18.0}, up(5.0));
     EXPECT_EQ(stage.sink.letters(), "");
     EXPECT_EQ(propsPlace(stage), osg::Vec3d());
@@ -89,6 +89,42 @@ TEST(PropsDrag, cancelsOnlyWhatIsInProgress)
     EXPECT_FALSE(stage.geode->cancelDrag());
     EXPECT_FALSE(stage.geode->finishDrag());
     EXPECT_EQ(stage.sink.letters(), "");
+}
+
+TEST(PropsDrag, leavesAnArrowThatPointsAtTheEyeToTheHandlesBehindIt)
+{
+    PropsStage stage;
+    stage.geode->ShowPropsDragger(true);
+    stage.lookFrom({100.0, 100.0, 50.0});
+    dragBy(stage, osg::Vec3d(10.2, 0.0, 0.0), {0.0, 2.0, 3.0});
+    EXPECT_EQ(stage.sink.letters(), "SPRPRE");
+    EXPECT_NEAR(propsPlace(stage).x(), 0.0, 1e-6);
+    EXPECT_NE(stage.props->getMatrix(), osg::Matrixd());
+}
+
+TEST(PropsDrag, movesThePropsFreelyBeforeTheEyeWhenItIsGrabbedItself)
+{
+    PropsStage stage;
+    stage.geode->ShowPropsDragger(true);
+    dragBy(stage, {0.0, -2.0, 2.0}, {0.0, 3.0, 5.0});
+    EXPECT_EQ(stage.sink.letters(), "SPRPRE");
+    expectNear(propsPlace(stage), {0.0, 3.0, 5.0}, 0.4);
+}
+
+TEST(PropsDrag, saysWhereItsArrowsCanBeGrabbed)
+{
+    PropsStage stage;
+    EXPECT_TRUE(stage.geode->getPropsDraggerHandles().empty());
+    EXPECT_TRUE(stage.geode->getContactPointDraggerHandles().empty());
+    stage.geode->ShowPropsDragger(true);
+    ASSERT_EQ(stage.geode->getPropsDraggerHandles().size(), 3u);
+    dragBy(stage, stage.geode->getPropsDraggerHandles()[1], {0.0, 4.0, 0.0});
+    expectNear(propsPlace(stage), {0.0, 4.0, 0.0}, 0.02);
+    stage.geode->ShowPropsDragger(false);
+    stage.geode->ShowContactPointDragger(true);
+    ASSERT_EQ(stage.geode->getContactPointDraggerHandles().size(), 3u);
+    dragBy(stage, stage.geode->getContactPointDraggerHandles()[2], up(4.0));
+    expectNear(stage.geode->getContactPoint(), {0.0, 4.0, 4.0}, 0.03);
 }
 
 TEST(PropsDrag, movesThePropsAlongTheArrow)
