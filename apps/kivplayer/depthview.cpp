@@ -52,6 +52,9 @@ DepthView::DepthView(osg::Node* figures, int side, bool comparing)
     m_spCamera->setComputeNearFarMode(osg::CullSettings::DO_NOT_COMPUTE_NEAR_FAR);
     m_spCamera->setCullingMode(osg::CullSettings::VIEW_FRUSTUM_CULLING);
     m_spCamera->setViewport(0, 0, side, side);
+    // The window keeps its main view to a part of itself.
+    m_spCamera->getOrCreateStateSet()->setMode(GL_SCISSOR_TEST,
+                                               osg::StateAttribute::OFF | osg::StateAttribute::PROTECTED);
     m_spCamera->setClearMask(GL_DEPTH_BUFFER_BIT);
     m_spCamera->attach(osg::Camera::DEPTH_BUFFER, m_spTexture);
     m_spCamera->setImplicitBufferAttachmentMask(0, 0);
@@ -70,6 +73,17 @@ DepthView::DepthView(osg::Node* figures, int side, bool comparing)
     osg::ref_ptr<DrawnAgain> again = new DrawnAgain;
     again->addChild(figures);
     m_spCamera->addChild(again);
+}
+
+void DepthView::setSide(int side)
+{
+    if (side == m_side)
+        return;
+    m_side = side;
+    m_spTexture->setTextureSize(side, side);
+    m_spTexture->dirtyTextureObject();
+    m_spCamera->setViewport(0, 0, side, side);
+    m_spCamera->dirtyAttachmentMap();
 }
 
 void DepthView::look(const osg::Vec3d& centre, const osg::Vec3d& direction, double radius, double before,

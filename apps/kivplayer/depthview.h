@@ -17,6 +17,9 @@ public:
     DepthView(osg::Node* figures, int side, bool comparing);
 
     osg::Camera* camera() const { return m_spCamera; }
+    /// Texels along an edge. Between frames.
+    void setSide(int side);
+    int side() const { return m_side; }
     osg::Texture2D* texture() const { return m_spTexture; }
 
     /// Looks along `direction` at a square of 2 × radius around the centre, from `before` ahead of the centre

@@ -1,5 +1,6 @@
 #include "stage.h"
 
+#include <osg/Depth>
 #include <osg/Geometry>
 #include <osg/Program>
 
@@ -15,6 +16,7 @@ namespace KivPlayer {
 namespace {
 
 constexpr int kShadowSide = 2048;
+constexpr int kQuickShadowSide = 1024;
 constexpr int kFootprintSide = 512;
 constexpr unsigned kShadowUnit = 4;
 constexpr unsigned kFootprintUnit = 5;
@@ -24,6 +26,10 @@ constexpr double kFootprintHeight = 90.0;
 constexpr double kKeyElevation = 0.78;
 constexpr double kKeyBeside = 0.95;  // radians to the left of the first look
 
+// After the figures, so that nothing is shaded that they hide; ahead of what is transparent.
+constexpr int kGroundBin = 5;
+constexpr int kBackdropBin = 6;
+
 osg::ref_ptr<osg::Program> makeProgram(const char* vertex, const std::string& fragment)
 {
     osg::ref_ptr<osg::Program> program = new osg::Program;
@@ -32,45 +38,53 @@ osg::ref_ptr<osg::Program> makeProgram(const char* vertex, const std::string& fr
     return program;
 }
 
-std::string litFragment(const char* own)
+std::string definesFor(StageDetail detail)
 {
-    return std::string(StageShaders::kColours) + StageShaders::kLighting + own;
+    switch (detail) {
+        case StageDetail::Fine:
+            return "#define KIV_SHADOW_TAPS 5\n#define KIV_SKY_TAPS 12\n";
+        case StageDetail::Quick:
+            return "#define KIV_SHADOW_TAPS 2\n#define KIV_SKY_TAPS 6\n";
+        case StageDetail::Plain:
+            break;
+    }
+    return "#define KIV_SHADOW_TAPS 0\n#define KIV_SKY_TAPS 6\n";
 }
 
-/// Neither takes part in the choice of the near and far plane.
+std::string litFragment(const char* own, StageDetail detail, const std::string& defines = {})
+{
+    return StageShaders::kVersion + definesFor(detail) + defines + StageShaders::kColours +
+           StageShaders::kLighting + own;
+}
+
+/// Takes no part in the choice of the near and far plane.
 class NoBound : public osg::Drawable::ComputeBoundingBoxCallback
 {
 public:
     osg::BoundingBox computeBound(const osg::Drawable&) const override { return osg::BoundingBox(); }
 };
 
-osg::ref_ptr<osg::Geometry> makeSquare(float half)
-{
-    osg::ref_ptr<osg::Geometry> square = new osg::Geometry;
-    osg::ref_ptr<osg::Vec3Array> corners = new osg::Vec3Array;
-    corners->push_back({-half, -half, 0.0f});
-    corners->push_back({half, -half, 0.0f});
-    corners->push_back({-half, half, 0.0f});
-    corners->push_back({half, half, 0.0f});
-    square->setVertexArray(corners);
-    square->addPrimitiveSet(new osg::DrawArrays(GL_TRIANGLE_STRIP, 0, 4));
-    square->setUseVertexBufferObjects(true);
-    square->setUseDisplayList(false);
-    return square;
-}
-
+/// Stands at the far end of the depth range.
 osg::ref_ptr<osg::Geometry> makeBackdrop()
 {
-    osg::ref_ptr<osg::Geometry> backdrop = makeSquare(1.0f);
+    osg::ref_ptr<osg::Geometry> backdrop = new osg::Geometry;
+    osg::ref_ptr<osg::Vec3Array> corners = new osg::Vec3Array;
+    for (const float x : {-1.0f, 1.0f})
+        for (const float y : {-1.0f, 1.0f})
+            corners->push_back({x, y, 0.0f});
+    backdrop->setVertexArray(corners);
+    backdrop->addPrimitiveSet(new osg::DrawArrays(GL_TRIANGLE_STRIP, 0, 4));
+    backdrop->setUseVertexBufferObjects(true);
+    backdrop->setUseDisplayList(false);
     backdrop->setName("backdrop");
     backdrop->setCullingActive(false);
     backdrop->setComputeBoundingBoxCallback(new NoBound);
     osg::StateSet* state = backdrop->getOrCreateStateSet();
-    state->setAttributeAndModes(
-        makeProgram(StageShaders::kBackdropVertex,
-                    std::string(StageShaders::kColours) + StageShaders::kBackdropFragment));
-    state->setMode(GL_DEPTH_TEST, osg::StateAttribute::OFF);
-    state->setRenderBinDetails(-20, "RenderBin");
+    state->setAttributeAndModes(makeProgram(
+        StageShaders::kBackdropVertex,
+        std::string(StageShaders::kVersion) + StageShaders::kColours + StageShaders::kBackdropFragment));
+    state->setAttributeAndModes(new osg::Depth(osg::Depth::LEQUAL, 0.0, 1.0, false));
+    state->setRenderBinDetails(kBackdropBin, "RenderBin");
     return backdrop;
 }
 
@@ -83,7 +97,6 @@ osg::Vec3d floorCentre(const osg::BoundingBox& box)
 
 Stage::Stage(osg::Group* figures)
     : m_spRoot(new osg::Group),
-      m_spGround(new osg::MatrixTransform),
       m_spKeyDirection(new osg::Uniform("kivKeyDirection", osg::Vec3f(0, 0, 1))),
       m_spShadowMatrix(new osg::Uniform("kivShadowMatrix", osg::Matrixf())),
       m_spFootprintMatrix(new osg::Uniform("kivFootprintMatrix", osg::Matrixf())),
@@ -106,27 +119,20 @@ Stage::Stage(osg::Group* figures)
     shared->setTextureAttributeAndModes(kShadowUnit, m_shadow.texture());
     shared->setTextureAttributeAndModes(kFootprintUnit, m_footprint.texture());
 
-    osg::ref_ptr<osg::Geometry> floor = makeSquare(1.0f);
-    floor->setName("ground");
-    floor->getOrCreateStateSet()->setAttributeAndModes(
-        makeProgram(StageShaders::kGroundVertex, litFragment(StageShaders::kGroundFragment)));
-    floor->getOrCreateStateSet()->setRenderBinDetails(-10, "RenderBin");
-    m_spGround->addChild(floor);
+    m_ground.root()->getOrCreateStateSet()->setRenderBinDetails(kGroundBin, "RenderBin");
 
-    osg::ref_ptr<osg::Group> lit = new osg::Group;
-    osg::StateSet* state = lit->getOrCreateStateSet();
-    state->setAttributeAndModes(
-        makeProgram(StageShaders::kFigureVertex, litFragment(StageShaders::kFigureFragment)));
+    osg::StateSet* state = m_spLit->getOrCreateStateSet();
     state->addUniform(new osg::Uniform("kivUnlit", false));
     state->addUniform(new osg::Uniform("kivColourFromVertices", false));
-    lit->addChild(figures);
-    lit->addChild(new HiddenMarkers(figures));
+    m_spLit->addChild(figures);
+    m_spLit->addChild(new HiddenMarkers(figures));
+    setPrograms();
 
     m_spRoot->addChild(m_shadow.camera());
     m_spRoot->addChild(m_footprint.camera());
     m_spRoot->addChild(makeBackdrop());
-    m_spRoot->addChild(m_spGround);
-    m_spRoot->addChild(lit);
+    m_spRoot->addChild(m_ground.root());
+    m_spRoot->addChild(m_spLit);
     m_spRoot->addChild(m_spSkeleton);
     setFront(-osg::PI_2);
     setUp(osg::BoundingBox(-60, -60, 0, 60, 60, 180));
@@ -148,7 +154,7 @@ void Stage::setUp(const osg::BoundingBox& whole)
     m_spRadius->set(static_cast<float>(1.15 * radius));
     m_spGridStep->set(static_cast<float>(std::pow(10.0, std::floor(std::log10(height)))));
     const double reach = 6.0 * radius;
-    m_spGround->setMatrix(osg::Matrixd::scale(reach, reach, 1.0) * osg::Matrixd::translate(centre));
+    m_ground.layOut(centre, reach);
     light(whole);
 }
 
@@ -165,6 +171,7 @@ void Stage::light(const osg::BoundingBox& now)
     m_spShadowMatrix->set(osg::Matrixf(m_shadow.toTexture()));
     m_footprint.look(floorCentre(now), osg::Vec3d(0, 0, 1), reach, 4.0, kFootprintHeight - 4.0);
     m_spFootprintMatrix->set(osg::Matrixf(m_footprint.toTexture()));
+    m_ground.surround(now, key);
 }
 
 void Stage::setFront(double azimuth)
@@ -173,6 +180,27 @@ void Stage::setFront(double azimuth)
     m_spKeyDirection->set(osg::Vec3f(static_cast<float>(std::cos(compass) * std::cos(kKeyElevation)),
                                      static_cast<float>(std::sin(compass) * std::cos(kKeyElevation)),
                                      static_cast<float>(std::sin(kKeyElevation))));
+}
+
+void Stage::setDetail(StageDetail detail)
+{
+    if (detail == m_detail)
+        return;
+    m_detail = detail;
+    m_shadow.setSide(detail == StageDetail::Fine ? kShadowSide : kQuickShadowSide);
+    m_shadow.camera()->setNodeMask(detail == StageDetail::Plain ? 0 : ~0u);
+    setPrograms();
+}
+
+void Stage::setPrograms()
+{
+    using namespace StageShaders;
+    m_spLit->getOrCreateStateSet()->setAttributeAndModes(
+        makeProgram(kFigureVertex, litFragment(kFigureFragment, m_detail)));
+    m_ground.nearState().setAttributeAndModes(
+        makeProgram(kGroundVertex, litFragment(kGroundFragment, m_detail, "#define KIV_NEAR_FIGURES\n")));
+    m_ground.farState().setAttributeAndModes(
+        makeProgram(kGroundVertex, litFragment(kGroundFragment, m_detail)));
 }
 
 void Stage::showGrid(bool shown)

@@ -2,14 +2,22 @@
 
 #include <osg/BoundingBox>
 #include <osg/Group>
-#include <osg/MatrixTransform>
 #include <osg/Uniform>
 #include <osg/ref_ptr>
 
 #include "depthview.h"
+#include "ground.h"
 #include "skeletonoverlay.h"
 
 namespace KivPlayer {
+
+/// How much is spent on light and shadow.
+enum class StageDetail
+{
+    Fine,   ///< for pictures, and for windows on a graphics card
+    Quick,  ///< coarser edges of the shadows: for a processor that draws by itself
+    Plain   ///< no shadows but the darkness at the feet
+};
 
 /// Everything around the figures: ground with grid, backdrop, lights and their shadows. Scene units, Z-up;
 /// the ground is the plane z = 0.
@@ -38,10 +46,15 @@ public:
     void showGrid(bool shown);
     /// The bones of the figures, over their bodies; off at first.
     void showSkeleton(bool shown);
+    void setDetail(StageDetail detail);
 
 private:
+    void setPrograms();
+
     osg::ref_ptr<osg::Group> m_spRoot;
-    osg::ref_ptr<osg::MatrixTransform> m_spGround;
+    Ground m_ground;
+    osg::ref_ptr<osg::Group> m_spLit = new osg::Group;
+    StageDetail m_detail = StageDetail::Fine;
     osg::ref_ptr<osg::Uniform> m_spKeyDirection;
     osg::ref_ptr<osg::Uniform> m_spShadowMatrix;
     osg::ref_ptr<osg::Uniform> m_spFootprintMatrix;

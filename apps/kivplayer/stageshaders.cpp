@@ -4,7 +4,9 @@ namespace KivPlayer::StageShaders {
 
 // Colours are computed in linear light and encoded at the very end, by one curve that figures, ground and
 // backdrop share, so that the ground can fade into the backdrop without a seam.
-const char* const kColours = R"(#version 120
+const char* const kVersion = "#version 120\n";
+
+const char* const kColours = R"(
 vec3 encode(vec3 light)
 {
     light = clamp(light * (1.0 + light * 0.16) / (1.0 + 0.42 * light), 0.0, 1.0);
@@ -42,18 +44,25 @@ const vec3 kRim = vec3(0.85, 0.95, 1.10);
 const vec3 kSky = vec3(0.27, 0.32, 0.40);
 const vec3 kFloorBounce = vec3(0.100, 0.096, 0.094);
 
-// How much of the key light arrives: 5 x 5 comparisons, each already smoothed over four texels by the driver.
+// How much of the key light arrives: comparisons over 5 x 5 texels of the finest map, each already smoothed over four
+// texels by the driver.
 float keyArrives(vec3 world, vec3 normal, float spread)
 {
+#if KIV_SHADOW_TAPS == 0
+    return 1.0;
+#else
     vec3 lifted = world + normal * 0.9 + kivKeyDirection * 0.5;
     vec4 place = kivShadowMatrix * vec4(lifted, 1.0);
     if (any(lessThan(place.xyz, vec3(0.0))) || any(greaterThan(place.xyz, vec3(1.0))))
         return 1.0;
     float arrived = 0.0;
-    for (int y = -2; y <= 2; ++y)
-        for (int x = -2; x <= 2; ++x)
-            arrived += shadow2D(kivShadowMap, place.xyz + vec3(vec2(x, y) * (kivShadowTexel * spread), 0.0)).r;
-    return arrived / 25.0;
+    for (int y = 0; y < KIV_SHADOW_TAPS; ++y)
+        for (int x = 0; x < KIV_SHADOW_TAPS; ++x) {
+            vec2 away = (vec2(x, y) - 0.5 * float(KIV_SHADOW_TAPS - 1)) * (5.0 / float(KIV_SHADOW_TAPS));
+            arrived += shadow2D(kivShadowMap, place.xyz + vec3(away * (kivShadowTexel * spread), 0.0)).r;
+        }
+    return arrived / float(KIV_SHADOW_TAPS * KIV_SHADOW_TAPS);
+#endif
 }
 vec3 ambient(vec3 normal)
 {
@@ -155,6 +164,7 @@ float lines(vec2 place, float step_, float width)
     covered = mix(covered, 2.0 * half_, crowded);
     return max(covered.x, covered.y);
 }
+#ifdef KIV_NEAR_FIGURES
 // What the figures above take of the light from the sky: their height over the points around, as seen from below.
 float skyArrives(vec3 world)
 {
@@ -167,8 +177,8 @@ float skyArrives(vec3 world)
     for (int ring = 0; ring < 4; ++ring) {
         float radius = 2.5 + 5.5 * float(ring) + 1.6 * float(ring * ring);
         float weight = 1.0 / (1.0 + 0.06 * radius);
-        for (int i = 0; i < 12; ++i) {
-            float angle = 6.2831853 * (float(i) + 0.5 * float(ring)) / 12.0;
+        for (int i = 0; i < KIV_SKY_TAPS; ++i) {
+            float angle = 6.2831853 * (float(i) + 0.5 * float(ring)) / float(KIV_SKY_TAPS);
             vec2 at = place.xy + vec2(cos(angle), sin(angle)) * (radius * unit);
             float height = texture2D(kivFootprintMap, at).r * kivFootprintDepth;
             float near = max(1.0 - height / (14.0 + 1.2 * radius), 0.0);
@@ -178,6 +188,7 @@ float skyArrives(vec3 world)
     }
     return 1.0 - min(0.95, 1.9 * taken / most);
 }
+#endif
 void main()
 {
     vec2 away = worldPosition.xy - kivStageCentre.xy;
@@ -193,8 +204,13 @@ void main()
             floor_ = mix(floor_, vec3(0.235, 0.250, 0.270), 0.42 * fine);
             floor_ = mix(floor_, vec3(0.330, 0.350, 0.380), 0.62 * coarse);
         }
+#ifdef KIV_NEAR_FIGURES
         float sky = skyArrives(worldPosition);
         float arrived = keyArrives(worldPosition, up, 2.6);
+#else
+        float sky = 1.0;
+        float arrived = 1.0;
+#endif
         float key = max(kivKeyDirection.z, 0.0) * arrived * mix(0.45, 1.0, sky);
         vec3 toEye = normalize(osg_ViewMatrixInverse[3].xyz - worldPosition);
         colour = floor_ * (kKey * key + kSky * 1.15 * sky) * 0.80;
@@ -223,19 +239,19 @@ void main()
 }
 )";
 
+// What casts no shadow goes beyond the far plane: to discard its fragments would cost all others their early
+// test.
 const char* const kDepthVertex = R"(#version 120
+uniform bool kivCastsNoShadow;
 void main()
 {
-    gl_Position = gl_ModelViewProjectionMatrix * gl_Vertex;
+    gl_Position = kivCastsNoShadow ? vec4(0.0, 0.0, 2.0, 1.0) : gl_ModelViewProjectionMatrix * gl_Vertex;
 }
 )";
 
 const char* const kDepthFragment = R"(#version 120
-uniform bool kivCastsNoShadow;
 void main()
 {
-    if (kivCastsNoShadow)
-        discard;
     gl_FragColor = vec4(1.0);
 }
 )";
