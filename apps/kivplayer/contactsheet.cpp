@@ -5,9 +5,9 @@
 #include <set>
 #include <vector>
 
+#include "avatartrial.h"
 #include "picturemaker.h"
 #include "progress.h"
-#include "runtimeroot.h"
 #include "session.h"
 #include "tiling.h"
 
@@ -55,7 +55,7 @@ ExitCode makeContactSheet(const Options& options, Console& console)
     Options each = options;
     each.follow = 0;
     Session session(console, options.reading);
-    if (!session.start(options.root.empty() ? findRuntimeRoot() : options.root))
+    if (!startSession(session, options.root, console))
         return ExitFailed;
     const std::filesystem::path folder = options.contactSheet;
     std::unique_ptr<PictureMaker> spMaker;

@@ -7,11 +7,11 @@
 #include <locale>
 #include <sstream>
 
+#include "avatartrial.h"
 #include "contactsheet.h"
 #include "fitreport.h"
 #include "picturefile.h"
 #include "picturemaker.h"
-#include "runtimeroot.h"
 #include "session.h"
 #include "summary.h"
 #include "wholefile.h"
@@ -124,7 +124,7 @@ ExitCode runHeadless(const Options& options, Console& console)
     if (!options.contactSheet.empty())
         return makeContactSheet(options, console);
     Session session(console, options.reading);
-    session.start(options.root.empty() ? findRuntimeRoot() : options.root);
+    startSession(session, options.root, console);
     for (std::size_t i = 0; i < options.motions.size(); ++i)
         session.load(static_cast<unsigned>(i), options.motions[i], labelOf(options, i));
     ExitCode compared = ExitDone;

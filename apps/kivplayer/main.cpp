@@ -3,7 +3,9 @@
 #include <cstdlib>
 #include <exception>
 #include <iostream>
+#include <string_view>
 
+#include "avatartrial.h"
 #include "console.h"
 #include "headless.h"
 #include "options.h"
@@ -12,6 +14,8 @@
 int main(int argc, char** argv)
 {
     using KivPlayer::Console;
+    if (argc == 4 && argv[1] == std::string_view(KivPlayer::kTryAvatar))
+        return KivPlayer::tryAvatar(argv[2], argv[3]);
     const KivPlayer::Parsing parsing = KivPlayer::parseOptions(argc, argv, KivPlayer::displayThere());
     std::cout << parsing.output << std::flush;
     std::cerr << parsing.error << std::flush;

@@ -97,7 +97,7 @@ Session::~Session()
 
 bool Session::start(const std::string& root)
 {
-    m_avatarPath = root + "/Data/IVE/avatar.ive";
+    m_avatarPath = avatarBelow(root);
     m_fontPath = root + "/Data/Font/arial.ttf";
     KivErrorOperator::TavrinCommonErrorMsg::instance()->clear();
     const bool fontThere = CharacterizationManager::instance()->initalCharacterModel(root);

@@ -61,6 +61,7 @@ public:
     /// Loads avatar and font from below a root directory; what is missing is reported, and so is a profile
     /// table that cannot be read: then no motion is loaded.
     bool start(const std::string& root);
+    static std::string avatarBelow(const std::string& root) { return root + "/Data/IVE/avatar.ive"; }
 
     /// Reads a motion file and makes it the actor of that index, in place of an earlier one. A file that
     /// cannot be read is reported and leaves the earlier actor as it is.

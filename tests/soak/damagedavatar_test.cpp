@@ -13,13 +13,13 @@
 #include <cmath>
 #include <cstdlib>
 #include <iostream>
-#include <random>
 #include <string>
 
 #include "KivCharacterization/Characterization/modelloading.h"
 #include "KivCharacterization/Characterization/osgreaders.h"
 #include "tests/soak/heapuse.h"
 #include "tests/support/contentfolder.h"
+#include "tests/support/corruption.h"
 #include "tests/support/figures.h"
 #include "tests/support/motionlibrary.h"
 
@@ -131,17 +131,6 @@ protected:
         }
     }
 
-    std::string corrupted(unsigned int seed) const
-    {
-        std::mt19937 random(seed);
-        std::string bytes = m_whole;
-        for (auto changes = 1 + random() % 3; changes > 0; --changes) {
-            const std::size_t place = random() % bytes.size();
-            bytes[place] = static_cast<char>(random() % 256);
-        }
-        return bytes;
-    }
-
     void report() const
     {
         std::cout << m_loads << " files of " << m_whole.size() << " bytes: " << m_counts[LoadedAndSound]
@@ -232,7 +221,7 @@ TEST_F(DamagedAvatar, aCorruptFileIsRefusedOrSound)
 {
     const int files = rounds(100);
     for (int seed = 1; seed <= files; ++seed) {
-        count(corrupted(static_cast<unsigned int>(seed)), "corruption " + std::to_string(seed));
+        count(corrupted(m_whole, static_cast<unsigned int>(seed)), "corruption " + std::to_string(seed));
     }
     report();
 }

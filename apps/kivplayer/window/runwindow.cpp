@@ -3,7 +3,7 @@
 #include <cstdlib>
 
 #include "KivCharacterization/characterizationmanager.h"
-#include "runtimeroot.h"
+#include "avatartrial.h"
 #include "session.h"
 #include "window/playerwindow.h"
 
@@ -22,7 +22,7 @@ bool displayThere()
 ExitCode runWindow(const Options& options, Console& console)
 {
     Session session(console, options.reading);
-    session.start(options.root.empty() ? findRuntimeRoot() : options.root);
+    startSession(session, options.root, console);
     {
         PlayerWindow window(options, session, console);
         window.run();

@@ -1,0 +1,50 @@
+#include "avatartrial.h"
+
+#include <sys/resource.h>
+#include <unistd.h>
+
+#include <optional>
+#include <sstream>
+
+#include "childprocess.h"
+#include "numbers.h"
+#include "runtimeroot.h"
+#include "session.h"
+
+namespace KivPlayer {
+
+int tryAvatar(const std::string& root, const std::string& seconds)
+{
+    const rlimit noDump{0, 0};
+    setrlimit(RLIMIT_CORE, &noDump);
+    const std::optional<long long> limit = parseInteger(seconds);
+    alarm(limit && *limit > 0 ? static_cast<unsigned>(*limit) : static_cast<unsigned>(kAvatarSeconds));
+    std::ostringstream unheard;
+    Console console(unheard, Console::Loudness::Quiet);
+    Session(console).start(root);
+    return 0;
+}
+
+std::string avatarTrialProblem(const std::string& root, int seconds, const std::string& program)
+{
+    ChildProcess trial;
+    const int problem = trial.start(program, {kTryAvatar, root, std::to_string(seconds)});
+    // Without a second process there is no trial; the avatar itself is not to blame.
+    return problem ? std::string() : trial.finish();
+}
+
+bool startSession(Session& session, const std::string& givenRoot, Console& console,
+                  const std::string& program)
+{
+    if (givenRoot.empty())
+        return session.start(findRuntimeRoot());
+    const std::string problem = avatarTrialProblem(givenRoot, kAvatarSeconds, program);
+    if (problem.empty())
+        return session.start(givenRoot);
+    console.error({Session::avatarBelow(givenRoot), 0, 0,
+                   "the avatar is damaged: a process that read it for at most " +
+                       std::to_string(kAvatarSeconds) + " s " + problem + "; write the file anew"});
+    return false;
+}
+
+}  // namespace KivPlayer
