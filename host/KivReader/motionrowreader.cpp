@@ -86,23 +86,25 @@ void MotionRowReader::read(std::size_t offset)
         const auto lineOffset = static_cast<std::size_t>(at - m_begin);
         const std::size_t before = m_values.size();
         at = readLine(at);
-        if (m_values.size() > before)
-            m_layout.addLine(lineOffset, m_values.size() - before);
-        else
-            m_cutRowOffset = lineOffset;
+        const std::size_t values = m_values.size() - before;
+        if (values > 0)
+            m_layout.addLine(lineOffset, values);
+        if (values > 0 && m_lastNumberIsCut)
+            m_layout.goOnWithLine(lineOffset, values);
+        m_lastLineOffset = lineOffset;
     }
     settleLastRow();
 }
 
-/// A last row that is cut short is dropped. Rows that are no lines must be as many as the text declares: else
-/// nothing says where they begin and end.
+/// A last row that is cut short is dropped. Rows that are no lines must be as many as the text declares, the
+/// cut one counted: else nothing says where they begin and end.
 void MotionRowReader::settleLastRow()
 {
     m_valuesOfCutRow = m_layout.pendingValues();
     m_lastRowIsCut = m_valuesOfCutRow > 0 || m_lastNumberIsCut;
-    if (m_valuesOfCutRow > 0)
-        m_cutRowOffset = m_layout.pendingOffset();
-    if (m_layout.irregularity() && (m_lastRowIsCut || m_layout.rows() != m_declaredFrames))
+    m_cutRowOffset = m_valuesOfCutRow > 0 ? m_layout.pendingOffset() : m_lastLineOffset;
+    const std::size_t begunRows = m_layout.rows() + (m_lastRowIsCut ? 1 : 0);
+    if (m_layout.irregularity() && begunRows != m_declaredFrames)
         throw *m_layout.irregularity();
     m_values.resize(m_layout.rows() * m_columns);
     if (m_values.capacity() > 2 * m_values.size())

@@ -38,6 +38,7 @@ private:
     std::uint64_t m_declaredFrames;
     std::vector<float> m_values;
     RowLayout m_layout;
+    std::size_t m_lastLineOffset = 0;
     std::size_t m_cutRowOffset = 0;
     std::size_t m_valuesOfCutRow = 0;
     bool m_lastNumberIsCut = false;

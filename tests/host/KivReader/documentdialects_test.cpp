@@ -297,6 +297,34 @@ TEST(MotionWarning, aLastRowMayBeCutInItsFirstNumber)
               "line 20, column 1: last frame is cut short (0 of 9), dropped; Frames says 2, file has 1");
 }
 
+/// Rows that are no lines are cut as other rows are; where the cut one begins is what the warning names.
+TEST(MotionWarning, aLastRowOverSeveralLinesThatIsCutIsDropped)
+{
+    const std::string whole = "0 90 0\n1 2 3\n4 5 6\n1 91 1\n7 8 9\n10 11 12";
+    const std::size_t lastRow = whole.find("1 91");
+    for (std::size_t length = lastRow + 1; length < whole.size() - 1; ++length) {
+        SCOPED_TRACE(whole.substr(lastRow, length - lastRow));
+        const MotionDocument document = acceptedWith(&MotionText::rows, whole.substr(0, length));
+        EXPECT_EQ(document.frames, 1U);
+        EXPECT_THAT(document.values, ElementsAre(0, 90, 0, 1, 2, 3, 4, 5, 6));
+        EXPECT_THAT(onlyWarning(document),
+                    testing::HasSubstr("line 22, column 1: last frame is cut short ("));
+    }
+}
+
+TEST(MotionWarning, aLastRowOnTheLineOfAllFramesThatIsCutIsDropped)
+{
+    for (const char* cut : {"1", "1 91 1 7 8", "1 91 1 7 8 9 10 11", "-", "1 91 1 7 8 1.5e-"}) {
+        SCOPED_TRACE(cut);
+        const MotionDocument document =
+            acceptedWith(&MotionText::rows, "0 90 0 1 2 3 4 5 6 " + std::string(cut));
+        EXPECT_EQ(document.frames, 1U);
+        EXPECT_EQ(document.values.size(), 9U);
+        EXPECT_THAT(onlyWarning(document),
+                    testing::HasSubstr("line 19, column 1: last frame is cut short ("));
+    }
+}
+
 TEST(MotionWarning, equalNamesAreAcceptedWithTheLineOfTheSecond)
 {
     const MotionDocument document = acceptedWith(&MotionText::joint, "JOINT Hips");

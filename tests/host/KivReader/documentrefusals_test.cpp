@@ -136,6 +136,16 @@ const std::vector<Refused> kMotionParts = {
      "5 values, expected 9"},
     {"frameOnOneLineTooMany", &MotionText::rows, "0 90 0 1 2 3 4 5 6 0 90 0 1 2 3 4 5 6 0 90 0 1 2 3 4 5 6\n",
      kFirstRowLine, 1, "27 values, expected 9"},
+    {"cutNumberBehindAWholeRow", &MotionText::rows, "0 90 0 1 2 3 4 5 6\n1 91 1 7 8 9 10 11 12 -",
+     kFirstRowLine + 1, 1, "10 values, expected 9"},
+    {"rowThatEndsInAnotherLine", &MotionText::rows, "0 90 0 1 2 3 4 5 6 1\n91 1 7 8 9", kFirstRowLine, 1,
+     "10 values, expected 9"},
+    {"wrappedCutRowBehindShortOne", &MotionText::rows, "0 90 0 1 2 3 4 5\n0 90 0 1 2 3 4 5 6\n1 91",
+     kFirstRowLine, 1, "8 values, expected 9"},
+    {"cutFrameOnOneLineTooMany", &MotionText::rows, "0 90 0 1 2 3 4 5 6 1 91 1 7 8 9 10 11 12 2 92",
+     kFirstRowLine, 1, "20 values, expected 9"},
+    {"wrappedCutRowTooMany", &MotionText::rows, "0 90 0\n1 2 3\n4 5 6\n1 91 1\n7 8 9\n10 11 12\n2 92",
+     kFirstRowLine, 1, "3 values, expected 9"},
 };
 
 std::string nameOf(const testing::TestParamInfo<Refused>& info)
