@@ -110,7 +110,7 @@ name Bip<n><_>{L,R}<_>Finger{01,11,21,31,41} = {Left,Right}Hand{Thumb2,Index2,Mi
 name Bip<n><_>{L,R}<_>Finger{02,12,22,32,42} = {Left,Right}Hand{Thumb3,Index3,Middle3,Ring3,Pinky3}
 
 dialect smpl
-when left_hip & left_collar
+when left_hip & left_collar | left_elbow
 name {pelvis,spine1,spine2,spine3,neck,head} = {Hips,Spine,Spine1,Spine2,Neck,Head}
 name {left,right}_{hip,knee,ankle} = {Left,Right}{UpLeg,Leg,Foot}
 name {left,right}_{collar,shoulder,elbow,wrist} = {Left,Right}{Shoulder,Arm,ForeArm,Hand}
@@ -141,18 +141,19 @@ name Neck1 = Head
 
 dialect biovision
 when LeftCollar & LeftElbow | LeftKnee
+when LeftHip & LeftKnee & LeftElbow
 name Ab = Spine
 name {Left,Right}{Hip,Knee,Ankle} = {Left,Right}{UpLeg,Leg,Foot}
 name {Left,Right}{Collar,Shoulder,Elbow,Wrist} = {Left,Right}{Shoulder,Arm,ForeArm,Hand}
 name {Chest,Chest2,Chest3,Chest4} = {Spine,Spine1,Spine2,Spine3}
 
 dialect wisc
-when LeftCollar & LeftUpArm
+when LeftUpArm & LeftCollar | LeftLowArm
 name Chest = Spine
 name {Left,Right}{Collar,UpArm,LowArm,LowLeg} = {Left,Right}{Shoulder,Arm,ForeArm,Leg}
 
 dialect poser
-when lShldr | lThigh & abdomen
+when lShldr | lThigh & abdomen | lForeArm
 name {hip,abdomen,chest,neck,head} = {Hips,Spine,Spine1,Neck,Head}
 name {l,r}{Collar,Shldr,ForeArm,Hand} = {Left,Right}{Shoulder,Arm,ForeArm,Hand}
 name {l,r}{Thigh,Shin,Foot} = {Left,Right}{UpLeg,Leg,Foot}
@@ -219,7 +220,7 @@ name {l,r}_{collar,humerus,elbow,wrist} = {Left,Right}{Shoulder,Arm,ForeArm,Hand
 name {l,r}{clavicle,humerus,radius,wrist} = {Left,Right}{Shoulder,Arm,ForeArm,Hand}
 
 dialect depthcam
-when SPINE_NAVAL | SPINE_NAVEL & HIP_LEFT
+when SPINE_NAVAL | SPINE_NAVEL | KNEE_LEFT & HIP_LEFT
 name {PELVIS,SPINE_NAVAL,SPINE_NAVEL,SPINE_CHEST,NECK,HEAD} = {Hips,Spine,Spine,Spine1,Neck,Head}
 name {CLAVICLE,SHOULDER,ELBOW,WRIST}_LEFT = Left{Shoulder,Arm,ForeArm,Hand}
 name {CLAVICLE,SHOULDER,ELBOW,WRIST}_RIGHT = Right{Shoulder,Arm,ForeArm,Hand}
