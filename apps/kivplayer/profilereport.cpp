@@ -29,6 +29,9 @@ nlohmann::ordered_json profileReport(const KivReader::ProfileRecord& profile)
             {"upAxis", profile.upAxis},
             {"upReason", profile.upReason},
             {"height", profile.height},
+            {"hipWidth", profile.hipWidth},
+            {"hipWidthMeasured", profile.hipWidthMeasured},
+            {"hipWidthReason", profile.hipWidthReason},
             {"groundShift", profile.groundShift}};
 }
 

@@ -27,14 +27,14 @@ std::size_t bodyJoints(const ordered_json& matched)
     return count;
 }
 
-std::string ratioText(const ordered_json& ratio)
+std::string numberText(const ordered_json& number)
 {
-    if (!ratio.is_number())
+    if (!number.is_number())
         return "none";
     std::ostringstream text;
     text.imbue(std::locale::classic());
     text.precision(3);
-    text << ratio.get<double>();
+    text << number.get<double>();
     return text.str();
 }
 
@@ -69,6 +69,10 @@ std::string profileText(const ordered_json& profile)
             (text.empty() ? "  " : ", ") + std::string(what) + " " + std::to_string(profile.at(what).size());
     text += "\n  unit " + withReason(profile.at("unit"), profile.at("unitReason"));
     text += "\n  upright " + withReason(profile.at("upAxis"), profile.at("upReason"));
+    const auto& hipReason = profile.at("hipWidthReason").get_ref<const std::string&>();
+    if (!hipReason.empty())
+        text += "\n  torso sized as for hips " + numberText(profile.at("hipWidthMeasured")) +
+                " cm wide, not " + numberText(profile.at("hipWidth")) + " cm (" + hipReason + ")";
     return text + "\n";
 }
 
@@ -88,8 +92,8 @@ std::string summaryOf(const ordered_json& actor)
     text += profileText(actor.at("profile"));
     if (!actor.at("unmatched").empty())
         text += "  unmatched " + unmatchedText(actor.at("unmatched")) + "\n";
-    text += "  hip ratio " + ratioText(actor.at("hipRatio")) + ", hand ratio " +
-            ratioText(actor.at("handRatio")) + ", frames " + actor.at("frames").dump();
+    text += "  hip ratio " + numberText(actor.at("hipRatio")) + ", hand ratio " +
+            numberText(actor.at("handRatio")) + ", frames " + actor.at("frames").dump();
     if (!actor.at("warnings").empty())
         text += ", warnings " + std::to_string(actor.at("warnings").size());
     return text + "\n";

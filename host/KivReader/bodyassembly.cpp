@@ -21,6 +21,7 @@ public:
           m_joints(source.figure.joints),
           m_source(source),
           m_record(record),
+          m_hips(source.matching.at("Hips")),
           m_planned(m_joints.size(), kNone),
           m_target(m_joints.size()),
           m_hasTargetBelow(m_joints.size()),
@@ -52,9 +53,10 @@ private:
             const auto parent = static_cast<std::size_t>(m_joints[i].parent);
             m_hasTargetAbove[i] = m_hasTargetAbove[parent] || !m_target[parent].empty();
         }
-        for (std::int32_t i = m_joints[m_source.matching.at("Hips")].parent; i != kNone;
+        for (std::int32_t i = m_joints[m_hips].parent; i != kNone;
              i = m_joints[static_cast<std::size_t>(i)].parent)
             m_isOverHips[static_cast<std::size_t>(i)] = true;
+        m_isOverHips[m_hips] = !m_plan.at("Hips").isSource;
     }
 
     void tellOfAvatarJoints()
@@ -79,6 +81,10 @@ private:
     /// it stays.
     void settle(std::size_t joint)
     {
+        if (joint == m_hips && m_isOverHips[joint]) {
+            keep(joint);
+            return;
+        }
         const std::int32_t carrier = m_target[joint].empty() ? kNone : carrierOf(joint);
         const bool isBetween = m_target[joint].empty() && m_hasTargetAbove[joint] && m_hasTargetBelow[joint];
         if (carrier == kNone && !isBetween) {
@@ -140,22 +146,28 @@ private:
         m_planned[joint] = static_cast<std::int32_t>(m_plan.joints.size());
         m_plan.joints.push_back(kept);
         m_record.left.push_back(kept.name);
-        if (!kept.endSite)
+        if (!kept.endSite && joint != m_hips)
             m_record.unmatched.push_back(
                 {m_joints[joint].name, nearestNames(m_joints[joint].name, m_source.avatar)});
     }
 
     void hangHips()
     {
-        const std::size_t hips = m_source.matching.at("Hips");
-        if (m_joints[hips].parent != kNone)
-            m_plan.joints[m_plan.index.at("Hips")].parent = m_planned[parentOf(hips)];
+        PlannedJoint& planned = m_plan.joints[m_plan.index.at("Hips")];
+        if (!planned.isSource) {
+            planned.parent = m_planned[m_hips];
+            const auto told = std::find_if(m_record.inserted.begin(), m_record.inserted.end(),
+                                           [](const auto& inserted) { return inserted.joint == "Hips"; });
+            told->parent = plannedName(planned.parent);
+        } else if (m_joints[m_hips].parent != kNone)
+            planned.parent = m_planned[parentOf(m_hips)];
     }
 
     BodyPlan& m_plan;
     const std::vector<MotionFigure::Joint>& m_joints;
     const BodySource& m_source;
     ProfileRecord& m_record;
+    std::size_t m_hips;                   ///< of the file; over the hips where these stand elsewhere
     std::vector<std::int32_t> m_planned;  ///< per joint of the file: what stands for it in the plan
     std::vector<std::string> m_target;    ///< the avatar's name of it
     std::vector<bool> m_hasTargetBelow, m_hasTargetAbove, m_isOverHips;
@@ -194,7 +206,7 @@ class Assembler
 public:
     Assembler(const BodyPlan& plan, const BodySource& source) : m_plan(plan), m_source(source) {}
 
-    MotionFigure::Joint make(const PlannedJoint& planned, double groundShift) const
+    MotionFigure::Joint make(const PlannedJoint& planned) const
     {
         MotionFigure::Joint joint;
         joint.name = planned.name;
@@ -204,11 +216,8 @@ public:
         std::vector<PoseStep> steps;
         const PlannedJoint* parent =
             planned.parent == kNone ? nullptr : &m_plan.joints[static_cast<std::size_t>(planned.parent)];
-        const osg::Vec3d shift(0.0, 0.0, groundShift);
         if (parent != nullptr)
             steps = undone(fromSource(*parent));
-        else
-            steps = {translation(shift)};
         const auto append = [&](const std::vector<PoseStep>& more) {
             steps.insert(steps.end(), more.begin(), more.end());
         };
@@ -216,7 +225,9 @@ public:
         append(fromSource(planned));
         joint.steps = simplified(steps);
         joint.offset =
-            parent == nullptr ? planned.place + shift : parent->turn.conj() * (planned.place - parent->place);
+            parent == nullptr ? planned.place : parent->turn.conj() * (planned.place - parent->place);
+        if (parent != nullptr)
+            joint.fitShift = parent->turn.conj() * planned.fitShift;
         return joint;
     }
 
@@ -261,15 +272,14 @@ void planTheRest(BodyPlan& plan, const BodySource& source, ProfileRecord& record
     RestPlanner(plan, source, record).plan();
 }
 
-MotionFigure assemble(const BodyPlan& plan, const BodySource& source, double groundShift,
-                      ProfileRecord& record)
+MotionFigure assemble(const BodyPlan& plan, const BodySource& source, ProfileRecord& record)
 {
     const Assembler assembler(plan, source);
     std::vector<std::int32_t> placeInFigure(plan.joints.size(), kNone);
     MotionFigure figure;
     for (const std::size_t i : orderOf(plan)) {
         const PlannedJoint& planned = plan.joints[i];
-        MotionFigure::Joint joint = assembler.make(planned, groundShift);
+        MotionFigure::Joint joint = assembler.make(planned);
         if (planned.parent != kNone)
             joint.parent = placeInFigure[static_cast<std::size_t>(planned.parent)];
         if (planned.isSource && plan.has(planned.name) &&
@@ -279,6 +289,16 @@ MotionFigure assemble(const BodyPlan& plan, const BodySource& source, double gro
         figure.joints.push_back(std::move(joint));
     }
     return figure;
+}
+
+void lift(MotionFigure& figure, double height)
+{
+    PoseStep up;
+    up.vector = osg::Vec3d(0.0, 0.0, height);
+    MotionFigure::Joint& root = figure.joints.front();
+    root.steps.insert(root.steps.begin(), up);
+    root.steps = simplified(root.steps);
+    root.offset += up.vector;
 }
 
 }  // namespace KivReader

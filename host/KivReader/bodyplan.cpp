@@ -8,6 +8,7 @@
 #include "host/KivReader/humanoidmeasure.h"
 #include "host/KivReader/restaxes.h"
 #include "host/KivReader/spineplan.h"
+#include "host/KivReader/torsoplan.h"
 
 namespace KivReader {
 
@@ -46,8 +47,9 @@ public:
 
     BodyPlan plan()
     {
-        m_spots["Hips"] = spotOf(m_source, m_source.matching.at("Hips"));
-        findSpine(m_spots, m_source, m_heading);
+        const HipWidth width = hipWidth(m_source, m_heading);
+        m_spots["Hips"] = hipsSpot(m_source, m_heading);
+        findSpine(m_spots, m_source, m_heading, width.measured);
         for (const std::string side : kSides) {
             findShoulder(side);
             findLimbEnd(side + "Arm", side + "ForeArm", side + "Hand");
@@ -59,6 +61,7 @@ public:
         }
         for (const std::string side : kSides)
             planHand(m_plan, m_source, m_heading, side);
+        boundHips(width);
         return std::move(m_plan);
     }
 
@@ -144,6 +147,17 @@ private:
         planned.place = parent.place + parent.turn * joint.offset * (m_scale / 2.0);
         planned.isSource = false;
         planned.along = parent.name + ", for it coincided with it";
+    }
+
+    /// The thighs stay where they are; only what the torso is sized by is another width.
+    void boundHips(const HipWidth& width)
+    {
+        PlannedJoint& left = m_plan.joints[m_plan.index.at("LeftUpLeg")];
+        PlannedJoint& right = m_plan.joints[m_plan.index.at("RightUpLeg")];
+        const double planned = (left.place - right.place).length();
+        left.fitShift = width.toLeft * ((width.measured - planned) / 2.0);
+        right.fitShift = -left.fitShift;
+        m_plan.hips = width;
     }
 
     /// In the avatar's space, i.e. for a figure that stands and looks as the avatar does.

@@ -33,13 +33,23 @@ struct PlannedJoint
     osg::Vec3d place;          ///< at rest, in the scene
     osg::Quat turn;            ///< at rest: from the avatar's axes to the scene's
     std::string along;         ///< of an inserted joint: where it stands
+    osg::Vec3d fitShift;       ///< at rest, in the scene: how far from its place dressing measures it
     bool endSite = false;
+};
+
+/// How far the thighs' joints are apart at rest. The whole torso is drawn in proportion to it.
+struct HipWidth
+{
+    double own = 0.0;       ///< as the file has it
+    double measured = 0.0;  ///< what dressing is to take it for: within what makes a torso like a person's
+    osg::Vec3d toLeft;      ///< of length 1, from the right thigh to the left one
 };
 
 struct BodyPlan
 {
     std::vector<PlannedJoint> joints;
     std::map<std::string, std::size_t> index;  ///< of the avatar's joints, by name
+    HipWidth hips;
 
     bool has(const std::string& name) const { return index.count(name) > 0; }
     const PlannedJoint& at(const std::string& name) const { return joints[index.at(name)]; }
@@ -53,7 +63,9 @@ BodyPlan planBody(const BodySource& source);
 void planTheRest(BodyPlan& plan, const BodySource& source, ProfileRecord& record);
 
 /// The planned figure, its parents first and its hips on the way along first children.
-MotionFigure assemble(const BodyPlan& plan, const BodySource& source, double groundShift,
-                      ProfileRecord& record);
+MotionFigure assemble(const BodyPlan& plan, const BodySource& source, ProfileRecord& record);
+
+/// Moves all of it up, in every frame.
+void lift(MotionFigure& figure, double height);
 
 }  // namespace KivReader

@@ -4,6 +4,7 @@
 #include <array>
 #include <cmath>
 #include <cstdio>
+#include <limits>
 
 namespace KivReader {
 
@@ -20,8 +21,11 @@ constexpr double kUsual = 170.0;
 
 constexpr std::array<const char*, 2> kSides = {"Left", "Right"};
 
-constexpr double kSunk = 0.01;     ///< of the height: soles so far below the ground are lifted
-constexpr double kFloating = 0.1;  ///< of the height: soles never nearer to the ground are let down
+constexpr double kHeel = -0.25;  ///< of the toes' distance ahead of the foot's joint
+constexpr double kBall = 0.8;
+
+constexpr double kSunk = 0.01;       ///< of the height: soles so far below the ground are lifted
+constexpr double kFloating = 0.015;  ///< of the height: soles never nearer to the ground are let down
 
 struct Unit
 {
@@ -129,24 +133,34 @@ double avatarLegsAndTrunk(const RestFigure& avatar)
            avatar.offset("LeftFoot").length();
 }
 
-double lowestSole(const MatchedMotion& motion, const MotionFigure& figure, double sole)
+/// Where a foot meets the ground, from its joint: the heel, the ball and the tip of the toes.
+std::array<osg::Vec3d, 3> solePoints(const RestFigure& avatar, const std::string& foot)
 {
-    std::vector<Placements> poses;
-    for (const std::size_t frame : motion.sampledFrames(kGroundFrames))
-        poses.push_back(placed(figure, motion.row(frame)));
-    if (poses.empty())
-        poses.push_back(MatchedMotion::atRest(figure));
-    double lowest = 0.0;
-    bool isFirst = true;
-    for (const Placements& placements : poses) {
-        for (const char* side : kSides) {
-            const std::string name = std::string(side) + "Foot";
-            if (!motion.matching.has(name))
-                continue;
-            const double height = placements[motion.matching.at(name)].place.z() - sole;
-            lowest = isFirst ? height : std::min(lowest, height);
-            isFirst = false;
-        }
+    const osg::Vec3d& toes = avatar.ends.at(foot);
+    const double sole = -avatar.place(foot).z();
+    return {osg::Vec3d(toes.x(), kHeel * toes.y(), sole), osg::Vec3d(toes.x(), kBall * toes.y(), sole), toes};
+}
+
+double lowestSole(const MatchedMotion& motion, const MotionFigure& figure)
+{
+    const Placements rest = MatchedMotion::atRest(figure);
+    const std::vector<std::size_t> frames = motion.sampledFrames(kGroundFrames);
+    double lowest = std::numeric_limits<double>::max();
+    for (const char* side : kSides) {
+        const std::string name = std::string(side) + "Foot";
+        const auto foot = std::find_if(figure.joints.begin(), figure.joints.end(),
+                                       [&](const auto& joint) { return joint.name == name; });
+        const auto index = static_cast<std::int32_t>(foot - figure.joints.begin());
+        const auto points = solePoints(motion.avatar, name);
+        const auto lookAt = [&](const Placement& placement) {
+            for (const osg::Vec3d& point : points)
+                lowest = std::min(lowest, placement.outward(point).z());
+        };
+        const std::vector<KivAnimation::PoseStep> steps = simplified(stepsBetween(figure, -1, index));
+        for (const std::size_t frame : frames)
+            lookAt(moved(Placement(), steps, motion.row(frame)));
+        if (frames.empty())
+            lookAt(rest[static_cast<std::size_t>(index)]);
     }
     return lowest;
 }
@@ -220,9 +234,9 @@ double standingHeight(const MatchedMotion& motion, const MotionFigure& figure)
     return *middleOne * motion.avatar.height() / avatarLegsAndTrunk(motion.avatar);
 }
 
-double groundShift(const MatchedMotion& motion, const MotionFigure& figure, double height, double sole)
+double groundShift(const MatchedMotion& motion, const MotionFigure& figure, double height)
 {
-    const double lowest = lowestSole(motion, figure, sole);
+    const double lowest = lowestSole(motion, figure);
     return lowest < -kSunk * height || lowest > kFloating * height ? -lowest : 0.0;
 }
 

@@ -35,7 +35,7 @@ FileFrame findFrame(const MatchedMotion& motion, const ProfileOptions& options, 
 double standingHeight(const MatchedMotion& motion, const MotionFigure& figure);
 
 /// What has to be added to the height of everything for the soles to meet the ground; 0 where they do.
-/// @param sole how far the avatar's sole is below its foot joint.
-double groundShift(const MatchedMotion& motion, const MotionFigure& figure, double height, double sole);
+/// @param figure has the avatar's feet, its axes in them.
+double groundShift(const MatchedMotion& motion, const MotionFigure& figure, double height);
 
 }  // namespace KivReader

@@ -91,6 +91,16 @@ osg::Vec3d armsOnTrunk(const MatchedMotion& motion, const MotionFigure& figure, 
     return rest[trunk].outward(sum / static_cast<double>(frames.size()));
 }
 
+void tellOfHips(const BodyPlan& plan, ProfileRecord& record)
+{
+    record.hipWidth = plan.hips.own;
+    record.hipWidthMeasured = plan.hips.measured;
+    if (plan.hips.measured < plan.hips.own)
+        record.hipWidthReason = "wider than a torso of this height, with its arms so far apart, has them";
+    if (plan.hips.measured > plan.hips.own)
+        record.hipWidthReason = "narrower than a person of this height has them";
+}
+
 MotionFigure profiled(const MatchedMotion& motion, const ProfileOptions& options, ProfileRecord& record)
 {
     MotionFigure figure = makeFigure(motion.document, findFrame(motion, options, record));
@@ -98,12 +108,15 @@ MotionFigure profiled(const MatchedMotion& motion, const ProfileOptions& options
     const bool useFirstFrame = options.firstFrameIsRest && motion.document.frames > 0;
     const Placements rest = useFirstFrame ? placed(figure, motion.row(0)) : MatchedMotion::atRest(figure);
     record.height = standingHeight(motion, figure);
-    record.groundShift = groundShift(motion, figure, record.height, motion.avatar.place("LeftFoot").z());
     const BodySource source = {
         figure, rest, motion.matching, motion.avatar, armsOnTrunk(motion, figure, rest), record.height};
     BodyPlan plan = planBody(source);
     planTheRest(plan, source, record);
-    return assemble(plan, source, record.groundShift, record);
+    tellOfHips(plan, record);
+    MotionFigure body = assemble(plan, source, record);
+    record.groundShift = groundShift(motion, body, record.height);
+    lift(body, record.groundShift);
+    return body;
 }
 
 FileFrame frameAsAsked(const ProfileOptions& options)

@@ -36,6 +36,7 @@ struct MotionFigure
         std::string name;
         std::int32_t parent = -1;  ///< index into joints, always smaller than the joint's own
         osg::Vec3d offset;         ///< rest translation relative to the parent; the rest rotation is none
+        osg::Vec3d fitShift;  ///< what dressing measures is the offset and this; nothing else is moved by it
         /// From the parent's frame to the joint's, in order. The steps of a parent followed by those of its
         /// child are exactly the steps of the child alone, frame by frame.
         std::vector<KivAnimation::PoseStep> steps;

@@ -19,7 +19,7 @@ osg::ref_ptr<Bone> makeBone(const MotionFigure::Joint& joint, const std::string&
 {
     osg::ref_ptr<Bone> bone = new Bone(prefix + joint.name);
     const osg::Matrixd rest = osg::Matrixd::translate(joint.offset);
-    bone->setInitialMatrix(rest);
+    bone->setInitialMatrix(osg::Matrixd::translate(joint.offset + joint.fitShift));
     bone->setMatrix(rest);
     bone->setDataVariance(osg::Object::DYNAMIC);
     return bone;

@@ -10,10 +10,13 @@ namespace {
 
 constexpr std::array<const char*, 4> kSlots = {"Spine", "Spine1", "Spine2", "Spine3"};
 
-constexpr double kOnTop = 0.01;       ///< of the height: joints as near as this coincide
-constexpr double kLongNeck = 1.45;    ///< of the avatar's proportion: longer ones begin between the arms
-constexpr double kApart = 0.03;       ///< of the spine: at least so far from one spine joint to the next
-constexpr double kAboutThere = 0.15;  ///< of the spine: how far a kept joint may be from where it belongs
+constexpr double kOnTop = 0.01;     ///< of the height: joints as near as this coincide
+constexpr double kShortNeck = 0.4;  ///< of the avatar's proportion: necks between these are kept
+constexpr double kLongNeck = 1.45;
+constexpr double kHighHead = 1.04;  ///< of the avatar's proportion above the arms: higher is inside the head
+constexpr double kApart = 0.03;     ///< of the spine: at least so far from one spine joint to the next
+constexpr double kAboutThere = 0.06;  ///< of the spine: how far a kept joint may be from where it belongs
+constexpr double kLongBelly = 1.1;    ///< of where it belongs
 constexpr double kChestLow = 0.55;    ///< of the spine: the chest's joint is between these
 constexpr double kChestHigh = 0.92;
 constexpr int kChestSteps = 100;
@@ -21,15 +24,24 @@ constexpr int kChestSteps = 100;
 class SpineFinder
 {
 public:
-    SpineFinder(Spots& spots, const BodySource& source, const osg::Quat& heading)
-        : m_spots(spots), m_source(source), m_up(heading * osg::Vec3d(0, 0, 1)), m_arms(source.arms)
+    SpineFinder(Spots& spots, const BodySource& source, const osg::Quat& heading, double hipWidth)
+        : m_spots(spots),
+          m_source(source),
+          m_up(heading * osg::Vec3d(0, 0, 1)),
+          m_arms(source.arms),
+          m_hipWidth(hipWidth)
     {
-        m_line.push_back({spotOf(source, source.matching.at("Hips")), "Hips"});
+        const Spot& hips = spots.at("Hips");
+        m_line.push_back({hips, "Hips"});
+        m_top = hips.source;
         for (const char* slot : kSlots) {
-            if (source.matching.has(slot))
-                m_line.push_back({spotOf(source, source.matching.at(slot)), slot});
+            if (!source.matching.has(slot))
+                continue;
+            const Spot spot = spotOf(source, source.matching.at(slot));
+            m_top = spot.source;
+            if (hips.isSource || (spot.place - hips.place) * m_up > kOnTop * source.height)
+                m_line.push_back({spot, slot});
         }
-        m_top = m_line.back().spot.source;
     }
 
     void find()
@@ -41,6 +53,7 @@ public:
         findDesired();
         keepWhatIsThere();
         fillIn();
+        keepBellySlim();
     }
 
 private:
@@ -72,10 +85,25 @@ private:
         return guessed;
     }
 
+    /// The head is drawn from its base. Some files have its joint in its middle: that would show as a long
+    /// neck.
+    Spot headSpot() const
+    {
+        Spot spot = spotOf(m_source, m_source.matching.at("Head"));
+        const double usual = avatarAbove("Head", "LeftArm") / m_source.avatar.height() * m_source.height;
+        const double above = (spot.place - m_arms) * m_up;
+        if (above < kHighHead * usual)
+            return spot;
+        spot.place = m_arms + (spot.place - m_arms) * (usual / above);
+        spot.isSource = false;
+        spot.along = "Neck&Head";
+        return spot;
+    }
+
     void findHead()
     {
         if (m_source.matching.has("Head")) {
-            m_spots["Head"] = spotOf(m_source, m_source.matching.at("Head"));
+            m_spots["Head"] = headSpot();
             return;
         }
         const bool hasNeck = m_source.matching.has("Neck");
@@ -98,8 +126,10 @@ private:
         if (m_source.matching.has("Neck")) {
             spot = spotOf(m_source, m_source.matching.at("Neck"));
             const double length = (spot.place - head.place).length();
-            const double usual = m_source.avatar.offset("Head").length() / m_source.avatar.height();
-            if (length > kOnTop * m_source.height && length < kLongNeck * usual * m_source.height) {
+            const double usual =
+                m_source.avatar.offset("Head").length() / m_source.avatar.height() * m_source.height;
+            const bool isBelow = (head.place - spot.place) * m_up > 0.0;
+            if (isBelow && length > kShortNeck * usual && length < kLongNeck * usual) {
                 m_spots["Neck"] = spot;
                 return;
             }
@@ -137,15 +167,16 @@ private:
     }
 
     /// The chest piece carries the arms' sockets, and hips and chest are drawn as wide as the hips are: so
-    /// its joint has to be as far below the arms as it is on an avatar with such hips.
+    /// its joint has to be as far below the arms as it is on an avatar with such hips. Under a low head it
+    /// gives way by half of what the neck lacks.
     double chestAt() const
     {
-        const osg::Vec3d hips = m_source.rest[m_source.matching.at("LeftUpLeg")].place -
-                                m_source.rest[m_source.matching.at("RightUpLeg")].place;
         const osg::Vec3d avatarHips =
             m_source.avatar.place("LeftUpLeg") - m_source.avatar.place("RightUpLeg");
-        const double below = avatarAbove("LeftArm", "Spine3") * hips.length() / avatarHips.length();
-        const double wanted = m_arms * m_up - below;
+        const double size = m_hipWidth / avatarHips.length();
+        const double byArms = m_arms * m_up - avatarAbove("LeftArm", "Spine3") * size;
+        const double byHead = m_spots.at("Head").place * m_up - avatarAbove("Head", "Spine3") * size;
+        const double wanted = byArms - std::max(0.0, byArms - byHead) / 2.0;
         double best = kChestLow * m_length;
         for (int step = 0; step <= kChestSteps; ++step) {
             const double at = m_length * (kChestLow + (kChestHigh - kChestLow) * step / kChestSteps);
@@ -247,6 +278,16 @@ private:
         }
     }
 
+    /// The belly is drawn in proportion to the segment from the first spine joint to the second.
+    void keepBellySlim()
+    {
+        const double usual = m_desired[1] - m_desired[0];
+        if (m_at[1] - m_at[0] <= kLongBelly * usual)
+            return;
+        m_at[0] = m_at[1] - usual;
+        insert(0);
+    }
+
     /// Rigid with what turns the spine at this height; the chest with what the arms hang from.
     void insert(std::size_t slot)
     {
@@ -273,6 +314,7 @@ private:
     const BodySource& m_source;
     osg::Vec3d m_up;
     osg::Vec3d m_arms;
+    double m_hipWidth;
     std::vector<Vertex> m_line;  ///< hips, the file's spine joints, neck
     std::int32_t m_top = -1;     ///< the last of the file's spine joints
     double m_length = 0.0;
@@ -309,9 +351,9 @@ osg::Vec3d tipOf(const BodySource& source, std::size_t joint)
     return tip;
 }
 
-void findSpine(Spots& spots, const BodySource& source, const osg::Quat& heading)
+void findSpine(Spots& spots, const BodySource& source, const osg::Quat& heading, double hipWidth)
 {
-    SpineFinder(spots, source, heading).find();
+    SpineFinder(spots, source, heading, hipWidth).find();
 }
 
 }  // namespace KivReader

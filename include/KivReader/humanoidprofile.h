@@ -71,8 +71,11 @@ struct ProfileRecord
     std::string unitReason;
     std::string upAxis = "y";
     std::string upReason;
-    double height = 0.0;       ///< of the figure standing up, estimated from its bones
-    double groundShift = 0.0;  ///< added to the height of everything, in every frame
+    double height = 0.0;            ///< of the figure standing up, estimated from its bones
+    double hipWidth = 0.0;          ///< from one thigh's joint to the other's, at rest, as the file has it
+    double hipWidthMeasured = 0.0;  ///< the same as dressing measures it, to size the torso by
+    std::string hipWidthReason;     ///< why these two differ; empty where they do not
+    double groundShift = 0.0;       ///< added to the height of everything, in every frame
     std::vector<std::string> warnings;
 };
 

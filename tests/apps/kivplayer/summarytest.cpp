@@ -15,7 +15,7 @@ nlohmann::ordered_json actor()
         "unmatched": [{"joint": "Tail", "nearest": ["Spine", "Head"]}, {"joint": "Wing", "nearest": []}],
         "profile": {"humanoid": true, "reason": "", "renamed": [1, 2], "folded": [1], "inserted": [],
                     "reframed": [], "left": [1], "unit": "m", "unitReason": "170 cm high", "upAxis": "z",
-                    "upReason": ""},
+                    "upReason": "", "hipWidth": 31.25, "hipWidthMeasured": 31.25, "hipWidthReason": ""},
         "pieces": {"attached": 3, "skipped": [1, 2, 3, 4]},
         "hipRatio": 0.98765, "handRatio": null, "frames": 12, "warnings": ["w"]})");
 }
@@ -43,6 +43,15 @@ TEST(Summary, countsWhatWasMatchedAndDone)
     EXPECT_THAT(text, HasSubstr("upright z\n"));
     EXPECT_THAT(text, HasSubstr("unmatched Tail (nearest: Spine), Wing\n"));
     EXPECT_THAT(text, HasSubstr("hip ratio 0.988, hand ratio none, frames 12, warnings 1\n"));
+}
+
+TEST(Summary, tellsOfHipsThatTheTorsoIsNotSizedBy)
+{
+    nlohmann::ordered_json wide = actor();
+    EXPECT_THAT(summaryOf(wide), Not(HasSubstr("torso")));
+    wide["profile"]["hipWidthMeasured"] = 20.5;
+    wide["profile"]["hipWidthReason"] = "too wide";
+    EXPECT_THAT(summaryOf(wide), HasSubstr("torso sized as for hips 20.5 cm wide, not 31.2 cm (too wide)\n"));
 }
 
 TEST(Summary, namesOnlyTheFirstOfManyUnmatchedJoints)
