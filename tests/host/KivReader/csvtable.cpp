@@ -55,4 +55,13 @@ std::vector<CsvRow> readCsv(const std::filesystem::path& file)
     return rows;
 }
 
+double numberIn(const std::string& text)
+{
+    std::istringstream stream(text);
+    stream.imbue(std::locale::classic());
+    double number = 0.0;
+    stream >> number;
+    return number;
+}
+
 }  // namespace KivReaderTest

@@ -13,4 +13,7 @@ using CsvRow = std::map<std::string, std::string>;
 /// Reads comma-separated values; a field may stand in double quotes, doubled inside.
 std::vector<CsvRow> readCsv(const std::filesystem::path& file);
 
+/// A number as tables have it, whatever the locale.
+double numberIn(const std::string& text);
+
 }  // namespace KivReaderTest

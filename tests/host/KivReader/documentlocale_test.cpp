@@ -24,6 +24,8 @@ class UnderACommaLocale : public testing::Test
 protected:
     void SetUp() override
     {
+        m_before = std::locale();
+        m_cBefore = std::setlocale(LC_ALL, nullptr);
         setenv("LOCPATH", KIV_TEST_LOCALES, 1);
         if (std::setlocale(LC_ALL, "de_DE.UTF-8") == nullptr)
             GTEST_SKIP() << "no comma locale: the build found no localedef, or no de_DE to make it from";
@@ -35,10 +37,13 @@ protected:
 
     void TearDown() override
     {
-        std::locale::global(std::locale::classic());
-        std::setlocale(LC_ALL, "C");
-        unsetenv("LOCPATH");
+        std::locale::global(m_before);
+        std::setlocale(LC_ALL, m_cBefore.c_str());
     }
+
+private:
+    std::locale m_before;
+    std::string m_cBefore;
 };
 
 TEST_F(UnderACommaLocale, numbersAreReadAndRefusedAsEverywhere)

@@ -95,7 +95,7 @@ void expectCounts(const MotionReading& reading, const CsvRow& row)
     EXPECT_EQ(reading.document->frames, std::stoul(row.at("rows")));
     EXPECT_EQ(reading.document->values.size(), reading.document->columns * reading.document->frames);
     if (!row.at("frame_time").empty()) {
-        EXPECT_EQ(reading.document->frameTime, std::stod(row.at("frame_time")));
+        EXPECT_EQ(reading.document->frameTime, numberIn(row.at("frame_time")));
     }
     EXPECT_EQ(reading.document->joints.front().name, row.at("root"));
 }

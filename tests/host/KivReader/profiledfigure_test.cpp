@@ -275,13 +275,15 @@ TEST(ProfiledFigure, findsTheSameMotionInEverySyntheticRig)
     std::map<unsigned, std::map<std::string, osg::Vec3d>> expected;
     for (const auto& row : KivReaderTest::readCsv(folder / "expected_world_cm_yup.csv"))
         expected[static_cast<unsigned>(std::stoul(row.at("frame")))][row.at("joint")] =
-            osg::Vec3d(std::stod(row.at("x")), -std::stod(row.at("z")), std::stod(row.at("y")));
+            osg::Vec3d(KivReaderTest::numberIn(row.at("x")), -KivReaderTest::numberIn(row.at("z")),
+                       KivReaderTest::numberIn(row.at("y")));
     for (const auto& row : KivReaderTest::readCsv(folder / "manifest.csv")) {
         SCOPED_TRACE(row.at("file"));
         const MotionDocument document = documentOf(folder / row.at("file"));
         const ProfiledFigure profiled = makeProfiledFigure(document, ProfileOptions());
         EXPECT_TRUE(profiled.record.isHumanoid) << profiled.record.whyNot;
-        EXPECT_NEAR(profiled.record.centimetresPerUnit * std::stod(row.at("scale_per_cm")), 1.0, 1e-4);
+        EXPECT_NEAR(profiled.record.centimetresPerUnit * KivReaderTest::numberIn(row.at("scale_per_cm")), 1.0,
+                    1e-4);
         EXPECT_EQ(profiled.record.upAxis, row.at("up") == "Z" ? "z" : "y");
         EXPECT_GE(profiled.record.matched.size(), std::min<std::size_t>(std::stoul(row.at("joints")), 59) -
                                                       (row.at("file") == "wrapper_root_body21.bvh" ? 1 : 0));

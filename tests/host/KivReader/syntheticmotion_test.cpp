@@ -5,8 +5,10 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <locale>
 #include <map>
 #include <set>
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -33,7 +35,7 @@ std::filesystem::path folder()
 
 osg::Vec3d inScene(const CsvRow& row)
 {
-    return {std::stod(row.at("x")), -std::stod(row.at("z")), std::stod(row.at("y"))};
+    return {numberIn(row.at("x")), -numberIn(row.at("z")), numberIn(row.at("y"))};
 }
 
 ExpectedFrames readExpected()
@@ -76,9 +78,10 @@ class Figure
 public:
     Figure(const std::string& text, const CsvRow& row)
     {
-        const std::string unit = std::to_string(1.0 / std::stod(row.at("scale_per_cm")));
-        const osg::ref_ptr<osgDB::Options> options =
-            new osgDB::Options("unit=" + unit + " up=" + row.at("up"));
+        std::ostringstream words;
+        words.imbue(std::locale::classic());
+        words << "unit=" << 1.0 / numberIn(row.at("scale_per_cm")) << " up=" << row.at("up");
+        const osg::ref_ptr<osgDB::Options> options = new osgDB::Options(words.str());
         osg::Node* node = nullptr;
         Animation* animation = nullptr;
         std::string name = "a";
