@@ -1,5 +1,6 @@
 #pragma once
 
+#include "avatartrial.h"
 #include "console.h"
 #include "options.h"
 
@@ -9,6 +10,7 @@ namespace KivPlayer {
 /// and all rows together as contact-sheet.png, in the options' folder. A motion that cannot be read is
 /// reported and left out.
 /// @throws std::runtime_error where nothing can be drawn on this machine.
-ExitCode makeContactSheet(const Options& options, Console& console);
+ExitCode makeContactSheet(const Options& options, Console& console,
+                          const std::string& program = kThisProgram);
 
 }  // namespace KivPlayer

@@ -22,7 +22,8 @@ protected:
         options.width = 60;
         options.height = 80;
         options.samples = 1;
-        return KivPlayer::makeContactSheet(options, m_console);
+        // Not this program, which would run its tests anew for the trial of the avatar.
+        return KivPlayer::makeContactSheet(options, m_console, "/bin/true");
     }
 
     osg::ref_ptr<osg::Image> made(const std::string& name) const
