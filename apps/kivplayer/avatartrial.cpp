@@ -33,15 +33,16 @@ std::string avatarTrialProblem(const std::string& root, int seconds, const std::
     return problem ? std::string() : trial.finish();
 }
 
-bool startSession(Session& session, const std::string& givenRoot, Console& console,
-                  const std::string& program)
+bool startSession(Session& session, const Options& options, Console& console)
 {
-    if (givenRoot.empty())
+    if (options.root.empty())
         return session.start(findRuntimeRoot());
-    const std::string problem = avatarTrialProblem(givenRoot, kAvatarSeconds, program);
+    const std::string problem = options.ownProgram.empty()
+                                    ? std::string()
+                                    : avatarTrialProblem(options.root, kAvatarSeconds, options.ownProgram);
     if (problem.empty())
-        return session.start(givenRoot);
-    console.error({Session::avatarBelow(givenRoot), 0, 0,
+        return session.start(options.root);
+    console.error({Session::avatarBelow(options.root), 0, 0,
                    "the avatar is damaged: a process that read it for at most " +
                        std::to_string(kAvatarSeconds) + " s " + problem + "; write the file anew"});
     return false;

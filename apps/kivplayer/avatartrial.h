@@ -3,6 +3,7 @@
 #include <string>
 
 #include "console.h"
+#include "options.h"
 
 namespace KivPlayer {
 
@@ -22,17 +23,13 @@ constexpr const char* kTryAvatar = "--try-avatar";
 /// @return 0, whether the avatar was accepted or refused.
 int tryAvatar(const std::string& root, const std::string& seconds);
 
-/// This program, for another process of it.
-constexpr const char* kThisProgram = "/proc/self/exe";
-
 /// Has another process try the avatar below a root directory.
+/// @param program one whose command line understands kTryAvatar.
 /// @return empty when the process came to its end; otherwise what became of it.
-std::string avatarTrialProblem(const std::string& root, int seconds = kAvatarSeconds,
-                               const std::string& program = kThisProgram);
+std::string avatarTrialProblem(const std::string& root, int seconds, const std::string& program);
 
 /// Starts a session with the shipped content, or with the root that the user gave, once its avatar was tried.
 /// What is wrong is reported.
-bool startSession(Session& session, const std::string& givenRoot, Console& console,
-                  const std::string& program = kThisProgram);
+bool startSession(Session& session, const Options& options, Console& console);
 
 }  // namespace KivPlayer

@@ -50,12 +50,12 @@ osg::ref_ptr<osg::Image> rowOf(const std::string& name, double duration, int mom
 
 }  // namespace
 
-ExitCode makeContactSheet(const Options& options, Console& console, const std::string& program)
+ExitCode makeContactSheet(const Options& options, Console& console)
 {
     Options each = options;
     each.follow = 0;
     Session session(console, options.reading);
-    if (!startSession(session, options.root, console, program))
+    if (!startSession(session, options, console))
         return ExitFailed;
     const std::filesystem::path folder = options.contactSheet;
     std::unique_ptr<PictureMaker> spMaker;

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "avatartrial.h"
 #include "console.h"
 #include "options.h"
 
@@ -10,7 +9,6 @@ namespace KivPlayer {
 /// and all rows together as contact-sheet.png, in the options' folder. A motion that cannot be read is
 /// reported and left out.
 /// @throws std::runtime_error where nothing can be drawn on this machine.
-ExitCode makeContactSheet(const Options& options, Console& console,
-                          const std::string& program = kThisProgram);
+ExitCode makeContactSheet(const Options& options, Console& console);
 
 }  // namespace KivPlayer

@@ -124,7 +124,7 @@ ExitCode runHeadless(const Options& options, Console& console)
     if (!options.contactSheet.empty())
         return makeContactSheet(options, console);
     Session session(console, options.reading);
-    startSession(session, options.root, console);
+    startSession(session, options, console);
     for (std::size_t i = 0; i < options.motions.size(); ++i)
         session.load(static_cast<unsigned>(i), options.motions[i], labelOf(options, i));
     ExitCode compared = ExitDone;

@@ -21,7 +21,8 @@ int main(int argc, char** argv)
     std::cerr << parsing.error << std::flush;
     if (!parsing.options)
         return parsing.exitCode;
-    const KivPlayer::Options& options = *parsing.options;
+    KivPlayer::Options options = *parsing.options;
+    options.ownProgram = "/proc/self/exe";
     const Console::Loudness loudness = options.quiet     ? Console::Loudness::Quiet
                                        : options.verbose ? Console::Loudness::Verbose
                                                          : Console::Loudness::Normal;

@@ -38,6 +38,7 @@ struct Options
     std::vector<std::string> motions;
     std::vector<std::string> names;        ///< labels, in the order of the motions
     std::string root;                      ///< empty: beside the program or where it is installed
+    std::string ownProgram;                ///< this program, to try a given root's avatar; empty: untried
     std::string reading = "profile=auto";  ///< how skeletons from elsewhere are read, as the reader's words
     std::string report;
     std::optional<OutputNames> output;

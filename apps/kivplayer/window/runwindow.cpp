@@ -22,7 +22,7 @@ bool displayThere()
 ExitCode runWindow(const Options& options, Console& console)
 {
     Session session(console, options.reading);
-    startSession(session, options.root, console);
+    startSession(session, options, console);
     {
         PlayerWindow window(options, session, console);
         window.run();

@@ -73,7 +73,10 @@ TEST_F(AvatarTrial, aSessionSaysWhichAvatarIsDamagedAndDoesNotLoadIt)
     std::ostringstream said;
     Console console(said, Console::Loudness::Normal);
     Session session(console);
-    EXPECT_FALSE(startSession(session, m_content.root(), console, "false"));
+    Options options;
+    options.root = m_content.root();
+    options.ownProgram = "false";
+    EXPECT_FALSE(startSession(session, options, console));
     EXPECT_NE(said.str().find(m_content.avatarFile().string() + ": error: the avatar is damaged"),
               std::string::npos)
         << said.str();
