@@ -1,6 +1,8 @@
 #include "host/KivReader/hierarchyreader.h"
 
 #include <algorithm>
+#include <cmath>
+#include <limits>
 #include <unordered_map>
 #include <utility>
 
@@ -95,6 +97,9 @@ void HierarchyReader::readJoint(std::size_t offset)
     joint.name = jointNameFrom(takeName(offset));
     if (joint.name.empty())
         throw Refusal{offset, "a joint without a name"};
+    if (joint.name.size() > kLongestName)
+        throw Refusal{offset, "the name " + quoted(joint.name) + " has more than " +
+                                  std::to_string(kLongestName) + " bytes"};
     if (m_open.size() == kDeepestJoint)
         throw Refusal{offset, "joints nested deeper than " + std::to_string(kDeepestJoint)};
     if (m_document.joints.size() - m_endSites == kMostJoints)
@@ -155,7 +160,8 @@ void HierarchyReader::readOffset(std::size_t offset)
     for (; !beginsAnItem(m_cursor.peek()); ++numbers) {
         const std::string_view token = m_cursor.take();
         double value = 0.0;
-        if (!readWholeNumber(token, value))
+        // What no float holds could not be posed either.
+        if (!readWholeNumber(token, value) || std::fabs(value) > std::numeric_limits<float>::max())
             throw notANumber(m_cursor.offset() - token.size(), token);
         if (numbers < 3)
             current().offset[numbers] = value;

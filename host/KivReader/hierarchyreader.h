@@ -15,6 +15,9 @@ namespace KivReader {
 constexpr std::size_t kDeepestJoint = 512;
 constexpr std::size_t kMostJoints = 4096;  ///< end sites are counted by themselves, up to the same number
 constexpr std::size_t kMostChannels = 6;   ///< of one joint
+/// Bytes. A name is repeated for every end site of its joint, so a long one would take far more memory than
+/// its text.
+constexpr std::size_t kLongestName = 4096;
 
 /// Reads the tree of joints, one function per rule of the grammar. The nesting is kept in a list of open
 /// blocks, so no depth of a text reaches the call stack. Throws Refusal.

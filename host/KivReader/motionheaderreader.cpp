@@ -35,6 +35,13 @@ bool takeFrameWord(TextCursor& cursor)
     return takeKeyword(cursor, "Frames") || takeKeyword(cursor, "Frame");
 }
 
+/// Some write the two words as one.
+bool takeFrameTimeWords(TextCursor& cursor)
+{
+    return takeKeyword(cursor, "FrameTime") || takeKeyword(cursor, "FramesTime") ||
+           (takeFrameWord(cursor) && takeKeyword(cursor, "Time"));
+}
+
 [[noreturn]] void expected(TextCursor& cursor, const char* what)
 {
     const std::string_view token = cursor.peek();
@@ -86,7 +93,7 @@ MotionHeader readMotionHeader(TextCursor& cursor)
     takeColon(cursor);
     header.declaredFrames = readFrameCount(cursor);
     cursor.skipSpace();
-    if (!takeFrameWord(cursor) || !takeKeyword(cursor, "Time"))
+    if (!takeFrameTimeWords(cursor))
         expected(cursor, "'Frame Time:'");
     takeColon(cursor);
     readFrameTime(cursor, header);

@@ -13,6 +13,13 @@
 
 namespace KivReader {
 
+/// Where the number begins behind a leading "+", which fast_float does not know.
+inline const char* behindPlus(const char* first, const char* last)
+{
+    const bool isPlus = last - first > 1 && *first == '+' && first[1] != '-';
+    return isPlus ? first + 1 : first;
+}
+
 /// Reads one decimal number at `first`, independent of the locale. A leading "+" is taken, too small a number
 /// is 0.
 /// @return behind the number, or null where there is none that is finite and ends at white space or at
@@ -20,10 +27,7 @@ namespace KivReader {
 template <typename Real>
 const char* readNumber(const char* first, const char* last, Real& value)
 {
-    // fast_float knows no leading plus.
-    if (first != last && *first == '+' && last - first > 1 && first[1] != '-')
-        ++first;
-    const fast_float::from_chars_result result = fast_float::from_chars(first, last, value);
+    const fast_float::from_chars_result result = fast_float::from_chars(behindPlus(first, last), last, value);
     if (result.ec != std::errc() && !(result.ec == std::errc::result_out_of_range && value == Real(0)))
         return nullptr;
     // "nan", "inf" and what overflows arrive here as values: one comparison refuses all three.

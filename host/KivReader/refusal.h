@@ -14,8 +14,8 @@ struct Refusal
     std::string message;
 };
 
-/// A piece of the text as a message shows it: in single quotes, cut to a readable length, bytes that do not
-/// print as escapes.
+/// A piece of the text as a message shows it: in single quotes, cut to a readable length, control characters
+/// and bytes that are no UTF-8 as escapes.
 std::string quoted(std::string_view piece);
 
 }  // namespace KivReader

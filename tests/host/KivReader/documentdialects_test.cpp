@@ -4,31 +4,15 @@
 #include <string>
 #include <vector>
 
-#include "KivReader/motiondocument.h"
-#include "tests/host/KivReader/motiontext.h"
+#include "tests/host/KivReader/acceptedmotion.h"
 
 namespace {
 
 using namespace KivReaderTest;
 using KivReader::Channel;
 using KivReader::MotionDocument;
-using KivReader::MotionReading;
 using KivReader::readMotionDocument;
 using testing::ElementsAre;
-
-MotionDocument accepted(const std::string& text)
-{
-    MotionReading reading = readMotionDocument(text);
-    EXPECT_TRUE(reading.document.has_value()) << reading.error.text();
-    return reading.document ? std::move(*reading.document) : MotionDocument();
-}
-
-MotionDocument acceptedWith(std::string MotionText::*part, const std::string& text)
-{
-    MotionText parts;
-    parts.*part = text;
-    return accepted(parts.text());
-}
 
 void expectThePlainMotion(const MotionDocument& document)
 {
@@ -67,6 +51,8 @@ TEST_P(AcceptedPart, readsAsThePlainMotion)
 const std::vector<Accepted> kSpellings = {
     {"asItStands", &MotionText::root, "ROOT Hips"},
     {"lowerCaseRoot", &MotionText::root, "root Hips"},
+    {"lowerCaseJoint", &MotionText::joint, "joint Spine"},
+    {"lowerCaseOffset", &MotionText::rootOffset, "offset 0 90 0"},
     {"tabsAndTrailingBlanks", &MotionText::root, "\tROOT\t Hips \t"},
     {"blankLines", &MotionText::root, "\n\n  ROOT Hips\n\n"},
     {"upperCaseChannels", &MotionText::rootChannels,
@@ -76,17 +62,21 @@ const std::vector<Accepted> kSpellings = {
     {"offsetOverLines", &MotionText::rootOffset, "OFFSET\n0\n90\n0"},
     {"numberedEndSite", &MotionText::endSite, "End Site4\n{\nOFFSET 0 5 0\n}"},
     {"lowerCaseEndSite", &MotionText::endSite, "end site\n{\nOFFSET 0 5 0\n}"},
+    {"endSiteInCapitals", &MotionText::endSite, "END\t SITE\n{\nOFFSET 0 5 0\n}"},
     {"namedEndSite", &MotionText::endSite, "End Site of the spine {\nOFFSET 0 5 0 }"},
     {"endSiteWithNoChannels", &MotionText::endSite, "End Site\n{\nOFFSET 0 5 0\nCHANNELS 0\n}"},
     {"framesWithoutSpace", &MotionText::frames, "Frames:2"},
     {"framesWithSpaceBeforeTheColon", &MotionText::frames, "frames : 2"},
     {"framesTime", &MotionText::frameTime, "Frames Time: 0.025"},
     {"frameTimeWithoutSpace", &MotionText::frameTime, "Frame Time:.025"},
+    {"frameTimeAsOneWord", &MotionText::frameTime, "FrameTime: 0.025"},
+    {"framesTimeAsOneWord", &MotionText::frameTime, "framestime:0.025"},
     {"frameTimeInCapitals", &MotionText::frameTime, "FRAME TIME :\t2.5e-2"},
     {"blankLinesBetweenRows", &MotionText::rows, "\n0 90 0 1 2 3 4 5 6\n\n \t\n1 91 1 7 8 9 10 11 12\n\n\n"},
     {"noNewlineAtTheEnd", &MotionText::rows, "0 90 0 1 2 3 4 5 6\n1 91 1 7 8 9 10 11 12"},
     {"tabsAndTrailingBlanksInRows", &MotionText::rows,
      " \t0\t90 0 1  2 3 4 5 6 \t\n\t1 91 1 7 8 9 10 11 12 \n"},
+    {"anyWhiteSpaceInRows", &MotionText::rows, "\f0\v90\f0 1 2\t3 4 5 6\v\n\v\n1 91 1 7 8 9 10 11 12 \f\n"},
     {"allFramesOnOneLine", &MotionText::rows, "0 90 0 1 2 3 4 5 6 1 91 1 7 8 9 10 11 12"},
     {"wrappedRows", &MotionText::rows, "0 90 0\n1 2 3\n4 5 6\n1 91 1\n7 8 9\n10 11 12\n"},
     {"oneWrappedRow", &MotionText::rows, "0 90 0 1 2 3 4 5 6\n1 91 1 7 8\n9 10 11 12\n"},
@@ -210,6 +200,17 @@ TEST(MotionDialect, rotationsBeforePositionsKeepTheFilesColumns)
                             Channel::Xposition, Channel::Yposition));
 }
 
+TEST(MotionDialect, columnsGoByTheOrderInWhichChannelsAreListed)
+{
+    const std::string hierarchy =
+        "HIERARCHY\nROOT a\n{\nOFFSET 0 0 0\nJOINT b\n{\nOFFSET 0 1 0\nCHANNELS 1 Xrotation\n}\n"
+        "CHANNELS 2 Yrotation Zrotation\n}\n";
+    const MotionDocument document = accepted(hierarchy + "MOTION\nFrames: 1\nFrame Time: 1\n1 2 3\n");
+    EXPECT_EQ(document.joints[0].firstColumn, 1U);
+    EXPECT_EQ(document.joints[1].firstColumn, 0U);
+    EXPECT_EQ(document.columns, 3U);
+}
+
 TEST(MotionDialect, aHierarchyWithoutMotionIsARest)
 {
     const MotionDocument document = accepted(MotionText().hierarchy());
@@ -217,6 +218,17 @@ TEST(MotionDialect, aHierarchyWithoutMotionIsARest)
     EXPECT_EQ(document.joints.size(), 3U);
     EXPECT_EQ(document.frames, 0U);
     EXPECT_TRUE(document.values.empty());
+    EXPECT_TRUE(document.warnings.empty());
+}
+
+TEST(MotionDialect, aMotionMayHaveNoRows)
+{
+    MotionText parts;
+    parts.frames = "Frames: 0";
+    parts.rows = "";
+    const MotionDocument document = accepted(parts.text());
+    EXPECT_TRUE(document.hasMotion);
+    EXPECT_EQ(document.frames, 0U);
     EXPECT_TRUE(document.warnings.empty());
 }
 
@@ -232,105 +244,6 @@ TEST(MotionDialect, frameTimesAreKeptAsWritten)
 {
     EXPECT_EQ(acceptedWith(&MotionText::frameTime, "Frame Time: .0083333").frameTime, .0083333);
     EXPECT_EQ(acceptedWith(&MotionText::frameTime, "Frame Time: 1").frameTime, 1.0);
-}
-
-std::string onlyWarning(const MotionDocument& document)
-{
-    EXPECT_EQ(document.warnings.size(), 1U);
-    return document.warnings.empty() ? std::string() : document.warnings.front().text();
-}
-
-TEST(MotionWarning, frameTimeOfZeroBecomesAThirtieth)
-{
-    const MotionDocument document = acceptedWith(&MotionText::frameTime, "Frame Time: 0.0");
-    EXPECT_EQ(document.frameTime, 1.0 / 30.0);
-    EXPECT_EQ(onlyWarning(document), "line 18, column 13: frame time 0, using 1/30");
-}
-
-TEST(MotionWarning, completeRowsCountWhereFewerAreThere)
-{
-    const MotionDocument document = acceptedWith(&MotionText::frames, "Frames: 9");
-    EXPECT_EQ(document.frames, 2U);
-    EXPECT_EQ(onlyWarning(document), "line 17, column 1: Frames says 9, file has 2");
-}
-
-TEST(MotionWarning, completeRowsCountWhereMoreAreThere)
-{
-    const MotionDocument document = acceptedWith(&MotionText::frames, "Frames: 1");
-    EXPECT_EQ(document.frames, 2U);
-    EXPECT_EQ(onlyWarning(document), "line 17, column 1: Frames says 1, file has 2");
-}
-
-TEST(MotionWarning, aLastRowThatIsCutIsDropped)
-{
-    const MotionDocument document = acceptedWith(&MotionText::rows, "0 90 0 1 2 3 4 5 6\n1 91 1 7 8 9 1");
-    EXPECT_EQ(document.frames, 1U);
-    EXPECT_EQ(document.values.size(), 9U);
-    EXPECT_EQ(onlyWarning(document),
-              "line 20, column 1: last frame is cut short (7 of 9), dropped; Frames says 2, file has 1");
-}
-
-TEST(MotionWarning, aLastRowMayBeCutInsideANumber)
-{
-    for (const char* cut : {"-", "+", ".", "1e", "1.5E-", "2e+"}) {
-        SCOPED_TRACE(cut);
-        const MotionDocument document =
-            acceptedWith(&MotionText::rows, "0 90 0 1 2 3 4 5 6\n1 91 1 7 8 " + std::string(cut));
-        EXPECT_EQ(document.frames, 1U);
-        EXPECT_THAT(onlyWarning(document), testing::HasSubstr("cut short (5 of 9)"));
-    }
-}
-
-TEST(MotionWarning, aLastRowMayBeCutInItsLastNumber)
-{
-    const MotionDocument document =
-        acceptedWith(&MotionText::rows, "0 90 0 1 2 3 4 5 6\n1 91 1 7 8 9 10 11 -");
-    EXPECT_EQ(document.frames, 1U);
-    EXPECT_THAT(onlyWarning(document), testing::HasSubstr("cut short (8 of 9)"));
-}
-
-TEST(MotionWarning, aLastRowMayBeCutInItsFirstNumber)
-{
-    const MotionDocument document = acceptedWith(&MotionText::rows, "0 90 0 1 2 3 4 5 6\n-");
-    EXPECT_EQ(document.frames, 1U);
-    EXPECT_EQ(onlyWarning(document),
-              "line 20, column 1: last frame is cut short (0 of 9), dropped; Frames says 2, file has 1");
-}
-
-/// Rows that are no lines are cut as other rows are; where the cut one begins is what the warning names.
-TEST(MotionWarning, aLastRowOverSeveralLinesThatIsCutIsDropped)
-{
-    const std::string whole = "0 90 0\n1 2 3\n4 5 6\n1 91 1\n7 8 9\n10 11 12";
-    const std::size_t lastRow = whole.find("1 91");
-    for (std::size_t length = lastRow + 1; length < whole.size() - 1; ++length) {
-        SCOPED_TRACE(whole.substr(lastRow, length - lastRow));
-        const MotionDocument document = acceptedWith(&MotionText::rows, whole.substr(0, length));
-        EXPECT_EQ(document.frames, 1U);
-        EXPECT_THAT(document.values, ElementsAre(0, 90, 0, 1, 2, 3, 4, 5, 6));
-        EXPECT_THAT(onlyWarning(document),
-                    testing::HasSubstr("line 22, column 1: last frame is cut short ("));
-    }
-}
-
-TEST(MotionWarning, aLastRowOnTheLineOfAllFramesThatIsCutIsDropped)
-{
-    for (const char* cut : {"1", "1 91 1 7 8", "1 91 1 7 8 9 10 11", "-", "1 91 1 7 8 1.5e-"}) {
-        SCOPED_TRACE(cut);
-        const MotionDocument document =
-            acceptedWith(&MotionText::rows, "0 90 0 1 2 3 4 5 6 " + std::string(cut));
-        EXPECT_EQ(document.frames, 1U);
-        EXPECT_EQ(document.values.size(), 9U);
-        EXPECT_THAT(onlyWarning(document),
-                    testing::HasSubstr("line 19, column 1: last frame is cut short ("));
-    }
-}
-
-TEST(MotionWarning, equalNamesAreAcceptedWithTheLineOfTheSecond)
-{
-    const MotionDocument document = acceptedWith(&MotionText::joint, "JOINT Hips");
-    EXPECT_EQ(document.joints[1].name, "Hips");
-    EXPECT_EQ(onlyWarning(document),
-              "line 6, column 1: duplicate joint names: 'Hips' is declared in line 2 already");
 }
 
 }  // namespace

@@ -42,7 +42,7 @@ TEST(ReaderLimits, refusesJointsNestedDeeperThan512)
     EXPECT_THAT(reading.error.message, testing::HasSubstr("nested deeper than 512"));
 }
 
-TEST(ReaderLimits, refusesAMillionOpenBlocksOnASmallStack)
+TEST(ReaderLimits, refusesAMillionOpenBlocks)
 {
     EXPECT_FALSE(readMotionDocument(chain(1000000)).document);
 }
@@ -75,6 +75,27 @@ TEST(ReaderLimits, refusesMoreThan4096EndSites)
     const MotionReading reading = readMotionDocument(parts.text());
     ASSERT_FALSE(reading.document);
     EXPECT_THAT(reading.error.message, testing::HasSubstr("more than 4096 end sites"));
+}
+
+/// Every end site repeats its joint's name: 100 KB of text would ask for as many megabytes.
+TEST(ReaderLimits, refusesNamesLongerThan4096Bytes)
+{
+    MotionText parts;
+    parts.joint = "JOINT " + std::string(4097, 'x');
+    const MotionReading reading = readMotionDocument(parts.text());
+    ASSERT_FALSE(reading.document);
+    EXPECT_EQ(reading.error.line, KivReaderTest::kJointLine);
+    EXPECT_THAT(reading.error.message, testing::HasSubstr("has more than 4096 bytes"));
+    EXPECT_LT(reading.error.message.size(), 120U);
+}
+
+TEST(ReaderLimits, acceptsNamesOf4096Bytes)
+{
+    MotionText parts;
+    parts.joint = "JOINT " + std::string(4096, 'x');
+    const MotionReading reading = readMotionDocument(parts.text());
+    ASSERT_TRUE(reading.document) << reading.error.text();
+    EXPECT_EQ(reading.document->joints[1].name.size(), 4096U);
 }
 
 TEST(ReaderLimits, takesMemoryOnlyForRowsThatAreThere)

@@ -62,6 +62,11 @@ const std::vector<Refused> kHierarchyParts = {
     {"offsetNan", &MotionText::rootOffset, "OFFSET 0 NaN 2", kRootOffsetLine, 10, "'NaN'"},
     {"offsetTooLarge", &MotionText::rootOffset, "OFFSET 0 1e999 2", kRootOffsetLine, 10,
      "'1e999' (too large)"},
+    {"offsetTooLargeForAFloat", &MotionText::rootOffset, "OFFSET 0 0 -1e39", kRootOffsetLine, 12,
+     "'-1e39' (too large)"},
+    {"offsetInf", &MotionText::rootOffset, "OFFSET -inf 0 0", kRootOffsetLine, 8, "'-inf'"},
+    {"offsetHexadecimal", &MotionText::rootOffset, "OFFSET 0 0x1p3 0", kRootOffsetLine, 10, "'0x1p3'"},
+    {"offsetsGlued", &MotionText::rootOffset, "OFFSET 0 1.0-2.5", kRootOffsetLine, 10, "'1.0-2.5'"},
     {"secondOffset", &MotionText::rootOffset, "OFFSET 0 0 0 OFFSET 1 1 1", kRootOffsetLine, 14,
      "second OFFSET"},
     {"noOffset", &MotionText::jointOffset, "", 14, 1, "no OFFSET in the block of 'Spine'"},
@@ -111,7 +116,11 @@ const std::vector<Refused> kMotionParts = {
     {"infinity", &MotionText::rows, "+Infinity 90 0 1 2 3 4 5 6\n", kFirstRowLine, 1, "'+Infinity'"},
     {"hexadecimal", &MotionText::rows, "0x10 90 0 1 2 3 4 5 6\n", kFirstRowLine, 1, "'0x10'"},
     {"tooLarge", &MotionText::rows, "0 90 0 1 1e999 3 4 5 6\n", kFirstRowLine, 10, "'1e999' (too large)"},
+    {"tooLargeWithPlus", &MotionText::rows, "0 90 0 1 +1e999 3 4 5 6\n", kFirstRowLine, 10,
+     "'+1e999' (too large)"},
     {"tooLargeForAFloat", &MotionText::rows, "0 90 0 1 1e39 3 4 5 6\n", kFirstRowLine, 10, "'1e39'"},
+    {"thousandsWithPoints", &MotionText::rows, "0 90 0 1.000.000 2 3 4 5 6\n", kFirstRowLine, 8,
+     "found '1.000.000'"},
     {"glued", &MotionText::rows, "0 90 0.2-7.5 1 2 3 4 5 6\n", kFirstRowLine, 6, "'0.2-7.5'"},
     {"decimalComma", &MotionText::rows, "0,0 90,0 0 1 2 3 4 5 6\n", kFirstRowLine, 1,
      "'0,0' (decimal comma?)"},
@@ -247,6 +256,14 @@ TEST(RefusedText, longTokensAreCutAndTheUnprintableEscaped)
     EXPECT_LT(message.size(), 120U);
     EXPECT_THAT(message, testing::HasSubstr("'\\x01\\xffxxx"));
     EXPECT_THAT(message, testing::HasSubstr("...'"));
+}
+
+TEST(RefusedText, whatIsNoTextIsEscapedAndOtherLanguagesAreNot)
+{
+    MotionText parts;
+    parts.rows = "\xe8\x85\xb0\xfc\xc2\x9b\x7f\n";
+    EXPECT_THAT(refusedText(parts.text()).error.message,
+                testing::HasSubstr("'\xe8\x85\xb0\\xfc\\xc2\\x9b\\x7f'"));
 }
 
 TEST(RefusedText, linesAreCountedForAllThreeLineEnds)
