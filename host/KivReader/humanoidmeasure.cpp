@@ -4,14 +4,12 @@
 #include <array>
 #include <cmath>
 #include <cstdio>
-#include <limits>
 
 namespace KivReader {
 
 namespace {
 
 constexpr std::size_t kMeasuredFrames = 25;
-constexpr std::size_t kGroundFrames = 500;
 constexpr std::size_t kTellingFrames = 10;  ///< fewer may show somebody who lies or bows
 constexpr double kClearly = 1.5;            ///< one axis over the other
 
@@ -20,12 +18,6 @@ constexpr double kTallest = 215.0;
 constexpr double kUsual = 170.0;
 
 constexpr std::array<const char*, 2> kSides = {"Left", "Right"};
-
-constexpr double kHeel = -0.25;  ///< of the toes' distance ahead of the foot's joint
-constexpr double kBall = 0.8;
-
-constexpr double kSunk = 0.01;       ///< of the height: soles so far below the ground are lifted
-constexpr double kFloating = 0.015;  ///< of the height: soles never nearer to the ground are let down
 
 struct Unit
 {
@@ -133,38 +125,6 @@ double avatarLegsAndTrunk(const RestFigure& avatar)
            avatar.offset("LeftFoot").length();
 }
 
-/// Where a foot meets the ground, from its joint: the heel, the ball and the tip of the toes.
-std::array<osg::Vec3d, 3> solePoints(const RestFigure& avatar, const std::string& foot)
-{
-    const osg::Vec3d& toes = avatar.ends.at(foot);
-    const double sole = -avatar.place(foot).z();
-    return {osg::Vec3d(toes.x(), kHeel * toes.y(), sole), osg::Vec3d(toes.x(), kBall * toes.y(), sole), toes};
-}
-
-double lowestSole(const MatchedMotion& motion, const MotionFigure& figure)
-{
-    const Placements rest = MatchedMotion::atRest(figure);
-    const std::vector<std::size_t> frames = motion.sampledFrames(kGroundFrames);
-    double lowest = std::numeric_limits<double>::max();
-    for (const char* side : kSides) {
-        const std::string name = std::string(side) + "Foot";
-        const auto foot = std::find_if(figure.joints.begin(), figure.joints.end(),
-                                       [&](const auto& joint) { return joint.name == name; });
-        const auto index = static_cast<std::int32_t>(foot - figure.joints.begin());
-        const auto points = solePoints(motion.avatar, name);
-        const auto lookAt = [&](const Placement& placement) {
-            for (const osg::Vec3d& point : points)
-                lowest = std::min(lowest, placement.outward(point).z());
-        };
-        const std::vector<KivAnimation::PoseStep> steps = simplified(stepsBetween(figure, -1, index));
-        for (const std::size_t frame : frames)
-            lookAt(moved(Placement(), steps, motion.row(frame)));
-        if (frames.empty())
-            lookAt(rest[static_cast<std::size_t>(index)]);
-    }
-    return lowest;
-}
-
 }  // namespace
 
 const float* MatchedMotion::row(std::size_t frame) const
@@ -232,12 +192,6 @@ double standingHeight(const MatchedMotion& motion, const MotionFigure& figure)
     const auto middleOne = lengths.begin() + static_cast<std::ptrdiff_t>(lengths.size() / 2);
     std::nth_element(lengths.begin(), middleOne, lengths.end());
     return *middleOne * motion.avatar.height() / avatarLegsAndTrunk(motion.avatar);
-}
-
-double groundShift(const MatchedMotion& motion, const MotionFigure& figure, double height)
-{
-    const double lowest = lowestSole(motion, figure);
-    return lowest < -kSunk * height || lowest > kFloating * height ? -lowest : 0.0;
 }
 
 }  // namespace KivReader

@@ -34,8 +34,4 @@ FileFrame findFrame(const MatchedMotion& motion, const ProfileOptions& options, 
 /// How high the figure is standing up, from its legs and trunk, in the figure's units.
 double standingHeight(const MatchedMotion& motion, const MotionFigure& figure);
 
-/// What has to be added to the height of everything for the soles to meet the ground; 0 where they do.
-/// @param figure has the avatar's feet, its axes in them.
-double groundShift(const MatchedMotion& motion, const MotionFigure& figure, double height);
-
 }  // namespace KivReader

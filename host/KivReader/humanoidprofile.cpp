@@ -4,6 +4,7 @@
 #include <array>
 
 #include "host/KivReader/bodyplan.h"
+#include "host/KivReader/groundlevel.h"
 #include "host/KivReader/humanoidmeasure.h"
 #include "host/KivReader/profiledfigure.h"
 
