@@ -18,7 +18,6 @@ namespace {
 using Pictures = std::vector<osg::ref_ptr<osg::Image>>;
 
 const char* const kSheetName = "contact-sheet";
-constexpr int kErrorStream = 2;
 
 /// The file's name without folder and ending, told apart from those before.
 std::string nameFor(const std::string& motion, std::set<std::string>& taken)
@@ -61,7 +60,7 @@ ExitCode makeContactSheet(const Options& options, Console& console)
     std::unique_ptr<PictureMaker> spMaker;
     std::set<std::string> taken{kSheetName};
     Pictures rows;
-    Progress progress(console.stream(), Progress::styleFor(kErrorStream, console.isQuiet()), "motions",
+    Progress progress(console.stream(), Progress::styleFor(Progress::kErrorStream, console.isQuiet()), "motions",
                       options.motions.size());
     for (std::size_t i = 0; i < options.motions.size(); ++i) {
         const std::string name = nameFor(options.motions[i], taken);

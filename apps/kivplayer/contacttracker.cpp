@@ -49,6 +49,14 @@ ContactTracker::ContactTracker(const std::vector<std::string>& joints)
     m_contacts.resize(m_points.size());
 }
 
+std::vector<std::size_t> ContactTracker::joints() const
+{
+    std::vector<std::size_t> joints;
+    for (const Point& point : m_points)
+        joints.push_back(point.joint);
+    return joints;
+}
+
 void ContactTracker::learn(const std::vector<osg::Vec3d>& positions)
 {
     for (Point& point : m_points)

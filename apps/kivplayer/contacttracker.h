@@ -37,6 +37,9 @@ public:
     /// Puts the points where a pose has them, without judging anew.
     void place(const std::vector<osg::Vec3d>& positions);
 
+    /// Which joints can touch, as indices, in their order.
+    std::vector<std::size_t> joints() const;
+
     /// In metres, Y-up, in the order of the joints.
     const std::vector<KivCommonDef::KIV_STICKCONTACT>& contacts() const { return m_contacts; }
 

@@ -9,6 +9,7 @@
 
 #include "avatartrial.h"
 #include "contactsheet.h"
+#include "exports.h"
 #include "fitreport.h"
 #include "picturefile.h"
 #include "picturemaker.h"
@@ -135,6 +136,8 @@ ExitCode runHeadless(const Options& options, Console& console)
     } catch (const std::exception& problem) {
         console.error({"", 0, 0, problem.what()});
     }
+    if (!session.actors().empty())
+        writeExports(options, session, console);
     report(options, session, console);
     if (compared == ExitDifferent)
         return ExitDifferent;

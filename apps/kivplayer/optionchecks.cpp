@@ -16,13 +16,11 @@ void checkSheet(const Options& options, const OptionTexts& texts)
             throw CLI::ValidationError("--moments", "belongs to --contact-sheet");
         return;
     }
-    const std::pair<const char*, bool> others[] = {{"--output", options.output.has_value()},
-                                                   {"--time", options.time.has_value()},
-                                                   {"--frame", options.frame.has_value()},
-                                                   {"--follow", options.follow.has_value()},
-                                                   {"--reference", !options.reference.empty()},
-                                                   {"--report", !options.report.empty()},
-                                                   {"--no-render", !options.render}};
+    const std::pair<const char*, bool> others[] = {
+        {"--output", options.output.has_value()},    {"--time", options.time.has_value()},
+        {"--frame", options.frame.has_value()},      {"--follow", options.follow.has_value()},
+        {"--reference", !options.reference.empty()}, {"--report", !options.report.empty()},
+        {"--export", !options.exports.empty()},      {"--no-render", !options.render}};
     for (const auto& [name, given] : others)
         if (given)
             throw CLI::ValidationError(name, "excludes --contact-sheet");
@@ -33,7 +31,7 @@ void checkSheet(const Options& options, const OptionTexts& texts)
 bool asksForNoFile(const Options& options)
 {
     return !options.output && options.render && options.report.empty() && options.reference.empty() &&
-           options.contactSheet.empty();
+           options.contactSheet.empty() && options.exports.empty();
 }
 
 void checkTogether(const Options& options, const OptionTexts& texts)
@@ -51,7 +49,7 @@ void checkTogether(const Options& options, const OptionTexts& texts)
     if (sequence && (options.time || options.frame))
         throw CLI::ValidationError(options.time ? "--time" : "--frame",
                                    "shows one picture; a sequence or a video takes --range FROM,TO");
-    if (!sequence && (options.range || !texts.fps.empty()))
+    if (!sequence && ((options.range && options.exports.empty()) || !texts.fps.empty()))
         throw CLI::ValidationError(options.range ? "--range" : "--fps",
                                    "needs a video, or a sequence: put {frame:04} into the name of --output");
     if (!options.reference.empty() && (sequence || !options.render))
@@ -62,7 +60,7 @@ void checkTogether(const Options& options, const OptionTexts& texts)
     if (asksForNoFile(options) && !options.window)
         throw CLI::RequiredError(
             "nothing to do: no display for a window, and none of --output, --contact-sheet, --reference, "
-            "--report and --no-render");
+            "--export, --report and --no-render");
 }
 
 }  // namespace KivPlayer

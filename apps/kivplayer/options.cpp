@@ -8,6 +8,7 @@
 #include <sstream>
 
 #include "KivReader/humanoidprofile.h"
+#include "exports.h"
 #include "numbers.h"
 #include "optionchecks.h"
 #include "optiontexts.h"
@@ -210,6 +211,9 @@ void understandOutput(const OptionTexts& texts, Options& options)
         options.output = std::get<OutputNames>(names);
         understandFormat(texts, options);
     }
+    for (const std::string& file : options.exports)
+        if (!isExportable(file))
+            refuse("--export", "a name that ends in .csv, .osgb or .osgt", file);
     if (!texts.threshold.empty())
         options.referenceThreshold =
             number("--reference-threshold", texts.threshold, "a difference, 0 or more", 0.0);

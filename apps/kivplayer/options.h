@@ -41,6 +41,7 @@ struct Options
     std::string ownProgram;                ///< this program, to try a given root's avatar; empty: untried
     std::string reading = "profile=auto";  ///< how skeletons from elsewhere are read, as the reader's words
     std::string report;
+    std::vector<std::string> exports;  ///< tables and scenes of the actors
     std::optional<OutputNames> output;
     VideoFormat video = VideoFormat::None;  ///< of the output
     std::string contactSheet;               ///< the folder for one; empty: none

@@ -115,6 +115,11 @@ void declareOptions(CLI::App& app, Options& options, OptionTexts& texts)
     addReadingOptions(app, texts);
     addPictureOptions(app, options, texts);
     addSheetOptions(app, options, texts);
+    app.add_option("--export", options.exports,
+                   "Write joint positions, centre of mass and contacts of every frame (.csv), or the dressed "
+                   "actors (.osgb, .osgt); can be given more than once")
+        ->type_name("FILE")
+        ->allow_extra_args(false);
     app.add_option("--report", options.report, "Write how every actor was dressed (JSON)")->type_name("FILE");
     app.add_flag("--no-render", texts.noRender, "Load and report only");
 }

@@ -10,6 +10,7 @@
 
 #include "KivMemoryShare/scenecfgshare.h"
 #include "KivRenderState/kivrenderstatemanager.h"
+#include "moments.h"
 #include "picturefile.h"
 #include "progress.h"
 #include "videofile.h"
@@ -26,7 +27,6 @@ constexpr double kHeadHeight = 18.0;
 /// What a name label takes: scene units above the head joint, and for each letter.
 constexpr double kLabelHeight = 30.0;
 constexpr double kLetterWidth = 7.0;
-constexpr int kErrorStream = 2;
 
 osg::BoundingBox boxAround(const std::vector<osg::Vec3d>& places)
 {
@@ -74,7 +74,7 @@ void PictureMaker::restart()
     }
     const bool sequence = m_options.isMoving();
     if (!sequence)
-        m_publisher.show(stillTime());
+        m_publisher.show(momentOf(m_options, m_session.actors()));
     if (m_followed)
         aim(m_publisher.sampledPlacesOver(*m_followed), m_publisher.sampledHeadsOver(*m_followed));
     else if (sequence)
@@ -91,16 +91,6 @@ PictureMaker::~PictureMaker()
 void PictureMaker::caption(const std::string& text)
 {
     m_caption.say(text);
-}
-
-double PictureMaker::stillTime() const
-{
-    if (m_options.time)
-        return *m_options.time;
-    const auto first = m_session.actors().begin();
-    if (m_options.frame && first != m_session.actors().end())
-        return static_cast<double>(*m_options.frame) * first->second.document.frameTime;
-    return 0.0;
 }
 
 void PictureMaker::aim(const std::vector<osg::Vec3d>& places, const std::vector<osg::Vec3d>& heads)
@@ -149,7 +139,7 @@ void PictureMaker::addLabels(const std::vector<osg::Vec3d>& heads, double compas
 
 osg::ref_ptr<osg::Image> PictureMaker::still()
 {
-    return picture(stillTime());
+    return picture(momentOf(m_options, m_session.actors()));
 }
 
 void PictureMaker::look(const osg::Vec3d& along)
@@ -160,7 +150,7 @@ void PictureMaker::look(const osg::Vec3d& along)
 
 void PictureMaker::warnOfTimesBeyondTheEnd() const
 {
-    const double latest = m_options.range ? m_options.range->first : stillTime();
+    const double latest = m_options.range ? m_options.range->first : momentOf(m_options, m_session.actors());
     if (latest <= m_publisher.duration() + 1e-6)
         return;
     std::ostringstream message;
@@ -195,21 +185,11 @@ void PictureMaker::write(const osg::Image& image, const std::string& file)
     m_written = problem.empty();
 }
 
-PictureMaker::Moments PictureMaker::moments() const
-{
-    const double from = m_options.range ? m_options.range->first : 0.0;
-    const double end = m_publisher.duration();
-    const double to = m_options.range ? std::min(m_options.range->second, end) : end;
-    // A frame that falls on the end belongs to the sequence, whatever the rounding of its time.
-    const double pictures = std::floor((to - from) * m_options.fps + 1e-6) + 1.0;
-    return {from, m_options.fps, static_cast<unsigned long long>(std::max(1.0, pictures))};
-}
-
 void PictureMaker::writeSequence(const OutputNames& names)
 {
-    const Moments times = moments();
-    Progress progress(m_console.stream(), Progress::styleFor(kErrorStream, m_console.isQuiet()), "pictures",
-                      times.count);
+    const Moments times = momentsOf(m_options, m_publisher.duration());
+    Progress progress(m_console.stream(), Progress::styleFor(Progress::kErrorStream, m_console.isQuiet()),
+                      "pictures", times.count);
     for (unsigned long long i = 0; i < times.count; ++i) {
         write(*picture(times.at(i)), names.name(i));
         if (!m_written)
@@ -220,12 +200,12 @@ void PictureMaker::writeSequence(const OutputNames& names)
 
 void PictureMaker::writeVideo(const std::string& file)
 {
-    const Moments times = moments();
+    const Moments times = momentsOf(m_options, m_publisher.duration());
     VideoFile video(file, m_offscreen.width(), m_offscreen.height(), times.fps);
     std::string problem = video.open();
     {
-        Progress progress(m_console.stream(), Progress::styleFor(kErrorStream, m_console.isQuiet()), "video",
-                          times.count);
+        Progress progress(m_console.stream(), Progress::styleFor(Progress::kErrorStream, m_console.isQuiet()),
+                          "video", times.count);
         for (unsigned long long i = 0; i < times.count && problem.empty(); ++i) {
             problem = video.add(*picture(times.at(i)));
             progress.done(i + 1);

@@ -48,17 +48,7 @@ private:
     void addLabels(const std::vector<osg::Vec3d>& heads, double compass,
                    std::vector<osg::Vec3d>& shown) const;
     void look(const osg::Vec3d& along);
-    double stillTime() const;
     void warnOfTimesBeyondTheEnd() const;
-    /// The times of a sequence, evenly spaced.
-    struct Moments
-    {
-        double from;
-        double fps;
-        unsigned long long count;
-        double at(unsigned long long i) const { return from + static_cast<double>(i) / fps; }
-    };
-    Moments moments() const;
 
     const Options& m_options;
     Session& m_session;

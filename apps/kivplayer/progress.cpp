@@ -25,8 +25,13 @@ Progress::Style Progress::styleFor(int descriptor, bool quiet)
     return KIV_ISATTY(descriptor) && !dumb ? Style::Terminal : Style::Lines;
 }
 
-Progress::Progress(std::ostream& stream, Style style, std::string job, unsigned long long total)
-    : m_stream(stream), m_style(style), m_job(std::move(job)), m_total(std::max(1ULL, total))
+Progress::Progress(std::ostream& stream, Style style, std::string job, unsigned long long total,
+                   std::chrono::milliseconds patience)
+    : m_stream(stream),
+      m_style(style),
+      m_job(std::move(job)),
+      m_total(std::max(1ULL, total)),
+      m_speaksFrom(std::chrono::steady_clock::now() + patience)
 {}
 
 Progress::~Progress()
@@ -37,6 +42,8 @@ Progress::~Progress()
 
 void Progress::done(unsigned long long count)
 {
+    if (m_style == Style::Silent || std::chrono::steady_clock::now() < m_speaksFrom)
+        return;
     const auto percent = static_cast<unsigned>(std::min(count, m_total) * 100 / m_total);
     if (m_style == Style::Terminal) {
         m_stream << "\r" << m_job << " " << count << "/" << m_total << " (" << percent << " %)" << std::flush;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <iosfwd>
 #include <string>
 
@@ -17,10 +18,15 @@ public:
         Terminal
     };
 
+    static constexpr int kErrorStream = 2;
+    /// For jobs that are mostly over at once: nothing is said before.
+    static constexpr std::chrono::milliseconds kPatience{400};
+
     /// What suits a stream: stderr's is asked for by its descriptor.
     static Style styleFor(int descriptor, bool quiet);
 
-    Progress(std::ostream& stream, Style style, std::string job, unsigned long long total);
+    Progress(std::ostream& stream, Style style, std::string job, unsigned long long total,
+             std::chrono::milliseconds patience = std::chrono::milliseconds(0));
     ~Progress();
     Progress(const Progress&) = delete;
     Progress& operator=(const Progress&) = delete;
@@ -32,6 +38,7 @@ private:
     Style m_style;
     std::string m_job;
     unsigned long long m_total;
+    std::chrono::steady_clock::time_point m_speaksFrom;
     unsigned m_shown = 0;  ///< percent
     bool m_lineOpen = false;
 };

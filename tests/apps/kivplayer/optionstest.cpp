@@ -97,6 +97,8 @@ INSTANTIATE_TEST_SUITE_P(
         Refused{"noMoment", {"a.bvh", "--contact-sheet", "s", "--moments", "0"}, "1 to 16"},
         Refused{"sheetAndOutput", {"a.bvh", "--contact-sheet", "s", "--output", "a.png"}, "excludes"},
         Refused{"sheetAndReport", {"a.bvh", "--contact-sheet", "s", "--report", "-"}, "excludes"},
+        Refused{"unknownExport", {"a.bvh", "--export", "a.fbx"}, ".csv, .osgb or .osgt"},
+        Refused{"sheetAndExport", {"a.bvh", "--contact-sheet", "s", "--export", "a.csv"}, "excludes"},
         Refused{"quietAndVerbose", {"a.bvh", "--no-render", "--quiet", "--verbose"}, "--verbose"},
         Refused{"outputWithoutRendering", {"a.bvh", "--output", "a.png", "--no-render"}, "excludes --output"},
         Refused{"referenceOfASequence",
@@ -244,6 +246,16 @@ TEST(Options, makesGifsSmallAndTwentyFiveASecondUnlessTold)
     ASSERT_TRUE(told.options) << told.error;
     EXPECT_EQ(told.options->fps, 50.0);
     EXPECT_EQ(told.options->height, 101);
+}
+
+TEST(Options, exportsSeveralFilesWithoutAPicture)
+{
+    const Parsing parsing =
+        parse({"--export", "a.csv", "a.bvh", "--export", "a.OSGB", "--range", "0,1", "b.bvh"});
+    ASSERT_TRUE(parsing.options) << parsing.error;
+    EXPECT_THAT(parsing.options->exports, testing::ElementsAre("a.csv", "a.OSGB"));
+    EXPECT_THAT(parsing.options->motions, testing::ElementsAre("a.bvh", "b.bvh"));
+    EXPECT_FALSE(parsing.options->output);
 }
 
 }  // namespace

@@ -45,4 +45,15 @@ TEST(Progress, saysNothingWhenSilentOrWhenNothingIsToBeDone)
     EXPECT_EQ(said.str(), "");
 }
 
+TEST(Progress, saysNothingOfAJobThatIsOverBeforeAnybodyWaits)
+{
+    std::ostringstream said;
+    {
+        Progress progress(said, Progress::Style::Lines, "export", 100, std::chrono::hours(1));
+        for (unsigned long long i = 1; i <= 100; ++i)
+            progress.done(i);
+    }
+    EXPECT_EQ(said.str(), "");
+}
+
 }  // namespace
