@@ -81,7 +81,8 @@ void FramePublisher::publishContacts(bool wanted)
             KivMemoryShare::ActorFrameManager::Ins()->WriteActorStickContact(body.actor->index, nullptr, 0);
 }
 
-void FramePublisher::setActors(const std::map<unsigned, LoadedActor>& actors)
+void FramePublisher::setActors(const std::map<unsigned, LoadedActor>& actors,
+                               const std::optional<std::pair<double, double>>& shown)
 {
     m_bodies.clear();
     m_duration = 0.0;
@@ -96,22 +97,29 @@ void FramePublisher::setActors(const std::map<unsigned, LoadedActor>& actors)
     m_step = std::max(m_step, kShortestStep);
     m_followed = -1e9;
     playback().pause();
-    sampleMotion();
+    sampleMotion(0.0, m_duration);
+    if (shown) {
+        const double last = std::min(shown->second, m_duration);
+        sampleMotion(std::min(shown->first, last), last);
+    }
 }
 
-void FramePublisher::sampleMotion()
+void FramePublisher::sampleMotion(double from, double to)
 {
     m_sampled.clear();
     m_sampledHeads.clear();
     osg::Vec3d front;
-    const int samples = m_duration > 0.0 ? kSamples : 1;
+    const int samples = to > from ? kSamples : 1;
+    // What counts as low does not depend on the part that is shown.
+    const bool whole = from <= 0.0 && to >= m_duration;
     for (int i = 0; i < samples; ++i) {
-        pose(samples > 1 ? m_duration * i / (samples - 1) : 0.0);
+        pose(samples > 1 ? from + (to - from) * i / (samples - 1) : from);
         for (Body& body : m_bodies) {
             const std::vector<osg::Vec3d> places = body.actor->dressed.positions();
             m_sampled.insert(m_sampled.end(), places.begin(), places.end());
             m_sampledHeads.push_back(headOf(body.actor->dressed.joints(), places));
-            body.contacts.learn(toStore(places));
+            if (whole)
+                body.contacts.learn(toStore(places));
             osg::Vec3d facing = frontOf(body.actor->dressed.joints(), places);
             facing.normalize();
             front += facing;

@@ -4,6 +4,7 @@
 #include <osg/Vec3d>
 
 #include <map>
+#include <optional>
 #include <utility>
 #include <vector>
 
@@ -25,7 +26,9 @@ public:
     void publishContacts(bool wanted);
 
     /// Takes the actors over as they are now. The motion is sampled for where it leads and how low feet come.
-    void setActors(const std::map<unsigned, LoadedActor>& actors);
+    /// @param shown the part of it that is going to be shown, seconds; unset: all of it.
+    void setActors(const std::map<unsigned, LoadedActor>& actors,
+                   const std::optional<std::pair<double, double>>& shown = std::nullopt);
 
     /// Poses all actors and publishes. Going on by less than a second follows the motion step by step; after
     /// a jump the steps before the new time are caught up on, so that what is shown depends on the time
@@ -34,7 +37,7 @@ public:
 
     double duration() const { return m_duration; }
 
-    /// Where the joints were in the sampled motion, and where they are now. Scene units.
+    /// Where the joints were in the sampled part of the motion, and where they are now. Scene units.
     const std::vector<osg::Vec3d>& sampledPlaces() const { return m_sampled; }
     std::vector<osg::Vec3d> placesNow() const;
 
@@ -61,7 +64,7 @@ private:
         ContactTracker contacts;
     };
 
-    void sampleMotion();
+    void sampleMotion(double from, double to);
     /// In one sample of all joints: where an actor's begin, and how many there are.
     std::pair<std::size_t, std::size_t> sampleLayout(std::size_t actor) const;
     void pose(double seconds);

@@ -1,5 +1,6 @@
 #include "headless.h"
 
+#include <cstdint>
 #include <exception>
 #include <filesystem>
 #include <fstream>
@@ -13,6 +14,7 @@
 #include "fitreport.h"
 #include "picturefile.h"
 #include "picturemaker.h"
+#include "progress.h"
 #include "session.h"
 #include "summary.h"
 #include "wholefile.h"
@@ -81,6 +83,27 @@ std::string labelOf(const Options& options, std::size_t index)
     return std::filesystem::path(options.motions[index]).stem().string();
 }
 
+/// Before a file whose reading takes more than a moment.
+void sayThatItTakesLong(const std::string& file, Console& console)
+{
+    constexpr std::uintmax_t kMegabyte = 1000000;
+    std::error_code unknown;
+    const std::uintmax_t size = std::filesystem::file_size(file, unknown);
+    if (!unknown && size >= 20 * kMegabyte)
+        console.say("kivplayer: reading " + file + ", " + std::to_string(size / kMegabyte) + " MB\n");
+}
+
+void loadAll(const Options& options, Session& session, Console& console)
+{
+    Progress progress(console.stream(), Progress::styleFor(Progress::kErrorStream, console.isQuiet()),
+                      "motions read", options.motions.size(), Progress::kPatience);
+    for (std::size_t i = 0; i < options.motions.size(); ++i) {
+        sayThatItTakesLong(options.motions[i], console);
+        session.load(static_cast<unsigned>(i), options.motions[i], labelOf(options, i));
+        progress.done(i + 1);
+    }
+}
+
 /// Videos of most formats have even sizes only.
 Options withPossibleSize(Options options, Console& console)
 {
@@ -126,8 +149,7 @@ ExitCode runHeadless(const Options& options, Console& console)
         return makeContactSheet(options, console);
     Session session(console, options.reading);
     startSession(session, options, console);
-    for (std::size_t i = 0; i < options.motions.size(); ++i)
-        session.load(static_cast<unsigned>(i), options.motions[i], labelOf(options, i));
+    loadAll(options, session, console);
     ExitCode compared = ExitDone;
     try {
         const bool wanted = options.output || !options.reference.empty();

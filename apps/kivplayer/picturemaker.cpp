@@ -64,7 +64,7 @@ PictureMaker::PictureMaker(const Options& options, Session& session, Console& co
 
 void PictureMaker::restart()
 {
-    m_publisher.setActors(m_session.actors());
+    m_publisher.setActors(m_session.actors(), m_options.isMoving() ? m_options.range : std::nullopt);
     warnOfTimesBeyondTheEnd();
     m_followed.reset();
     if (m_options.follow) {
