@@ -136,8 +136,10 @@ std::pair<std::size_t, std::size_t> framesIn(const LoadedActor& actor, const Ran
 bool writeActor(std::ostream& stream, const LoadedActor& actor, const Columns& columns, const Range& range,
                 unsigned long long& rows, Progress& progress)
 {
+    // The publisher refers to the actors that it was given.
+    const std::map<unsigned, LoadedActor> alone{{actor.index, actor}};
     FramePublisher publisher(true);
-    publisher.setActors({{actor.index, actor}});
+    publisher.setActors(alone);
     const Cells joints = actor.dressed.jointNames();
     Cells touching;
     for (const std::size_t joint : ContactTracker(joints).joints())
