@@ -15,6 +15,8 @@ namespace KivReader {
 
 namespace {
 
+constexpr std::size_t kUsualJoints = 96;  ///< with their end sites, of a figure with fingers
+
 /// Words and signs that can only begin the next item of a block.
 bool beginsAnItem(std::string_view token)
 {
@@ -47,7 +49,11 @@ std::string found(std::string_view token)
 
 HierarchyReader::HierarchyReader(TextCursor& cursor, PlaceFinder& places, MotionDocument& document)
     : m_cursor(cursor), m_places(places), m_document(document)
-{}
+{
+    m_document.joints.reserve(kUsualJoints);
+    m_declarations.reserve(kUsualJoints);
+    m_open.reserve(kUsualJoints);
+}
 
 void HierarchyReader::read()
 {
@@ -220,8 +226,9 @@ void HierarchyReader::addChannel(std::string_view token)
 
 void HierarchyReader::warnOfEqualNames()
 {
+    if (!hasEqualNames())
+        return;
     std::unordered_map<std::string_view, std::size_t> firstLines;
-    firstLines.reserve(m_document.joints.size());
     for (std::size_t i = 0; i < m_document.joints.size(); ++i) {
         const MotionDocument::Joint& joint = m_document.joints[i];
         if (joint.endSite)
@@ -232,6 +239,18 @@ void HierarchyReader::warnOfEqualNames()
                 m_declarations[i], "duplicate joint names: " + quoted(joint.name) + " is declared in line " +
                                        std::to_string(first->second) + " already"));
     }
+}
+
+bool HierarchyReader::hasEqualNames() const
+{
+    std::vector<std::string_view> names;
+    names.reserve(m_document.joints.size());
+    for (const MotionDocument::Joint& joint : m_document.joints) {
+        if (!joint.endSite)
+            names.push_back(joint.name);
+    }
+    std::sort(names.begin(), names.end());
+    return std::adjacent_find(names.begin(), names.end()) != names.end();
 }
 
 }  // namespace KivReader

@@ -51,6 +51,7 @@ private:
     std::string_view takeName(std::size_t offset);
     void openBlock(std::size_t offset, MotionDocument::Joint joint);
     void warnOfEqualNames();
+    bool hasEqualNames() const;
 
     MotionDocument::Joint& current()
     {

@@ -15,6 +15,11 @@ void PlaceFinder::advanceTo(std::size_t offset)
         m_lineStart = 0;
     }
     const std::size_t end = std::min(offset, m_text.size());
+    const std::string_view part = m_text.substr(m_offset, end - m_offset);
+    if (part.find('\r') == std::string_view::npos) {
+        advanceOverLineFeeds(part);
+        return;
+    }
     for (; m_offset < end; ++m_offset) {
         const char byte = m_text[m_offset];
         if (byte > '\r' || !isLineEnd(byte))
@@ -25,6 +30,16 @@ void PlaceFinder::advanceTo(std::size_t offset)
             m_lineStart = m_offset + 1;
         }
     }
+}
+
+/// The usual case, in which lines end in one way only.
+void PlaceFinder::advanceOverLineFeeds(std::string_view part)
+{
+    for (std::size_t at = part.find('\n'); at != std::string_view::npos; at = part.find('\n', at + 1)) {
+        ++m_line;
+        m_lineStart = m_offset + at + 1;
+    }
+    m_offset += part.size();
 }
 
 std::size_t PlaceFinder::lineAt(std::size_t offset)

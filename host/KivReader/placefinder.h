@@ -19,6 +19,7 @@ public:
 
 private:
     void advanceTo(std::size_t offset);
+    void advanceOverLineFeeds(std::string_view part);
 
     std::string_view m_text;
     std::size_t m_offset = 0;

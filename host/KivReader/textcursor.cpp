@@ -4,32 +4,34 @@ namespace KivReader {
 
 namespace {
 
-char lowered(char byte)
-{
-    return byte >= 'A' && byte <= 'Z' ? static_cast<char>(byte - 'A' + 'a') : byte;
-}
+constexpr char kCaseBit = 0x20;  ///< the only difference between the two cases of a letter
 
 bool isBrace(char byte)
 {
     return byte == '{' || byte == '}';
 }
 
-}  // namespace
-
-bool sameWord(std::string_view left, std::string_view right)
+bool endsToken(char byte)
 {
-    return left.size() == right.size() && startsWithWord(left, right);
+    const bool isOrdinary = byte > ' ' && byte < '{';  // most bytes are: one look is enough
+    return !isOrdinary && (isSpace(byte) || isBrace(byte));
 }
 
-bool startsWithWord(std::string_view text, std::string_view word)
+bool sameLetters(std::string_view text, std::string_view word)
 {
-    if (text.size() < word.size())
-        return false;
     for (std::size_t i = 0; i < word.size(); ++i) {
-        if (lowered(text[i]) != lowered(word[i]))
+        if ((text[i] | kCaseBit) != (word[i] | kCaseBit))
             return false;
     }
     return true;
+}
+
+}  // namespace
+
+bool startsWithWord(std::string_view text, std::string_view word)
+{
+    const std::string_view start = text.substr(0, word.size());
+    return start == word || (start.size() == word.size() && sameLetters(start, word));
 }
 
 std::string_view trimmed(std::string_view text)
@@ -43,8 +45,10 @@ std::string_view trimmed(std::string_view text)
 
 void TextCursor::skipSpace()
 {
-    while (m_offset < m_text.size() && isSpace(m_text[m_offset]))
-        ++m_offset;
+    std::size_t offset = m_offset;
+    while (offset < m_text.size() && isSpace(m_text[offset]))
+        ++offset;
+    m_offset = offset;
 }
 
 std::string_view TextCursor::peek()
@@ -52,14 +56,16 @@ std::string_view TextCursor::peek()
     if (!m_token.empty())
         return m_token;
     skipSpace();
-    std::size_t end = m_offset;
-    if (end < m_text.size() && isBrace(m_text[end])) {
+    const char* const begin = m_text.data() + m_offset;
+    const char* const last = m_text.data() + m_text.size();
+    const char* end = begin;
+    if (end != last && isBrace(*end)) {
         ++end;
     } else {
-        while (end < m_text.size() && !isSpace(m_text[end]) && !isBrace(m_text[end]))
+        while (end != last && !endsToken(*end))
             ++end;
     }
-    m_token = m_text.substr(m_offset, end - m_offset);
+    m_token = std::string_view(begin, static_cast<std::size_t>(end - begin));
     return m_token;
 }
 

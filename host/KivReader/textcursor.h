@@ -10,19 +10,26 @@ inline bool isLineEnd(char byte)
     return byte == '\n' || byte == '\r';
 }
 
-inline bool isBlank(char byte)
-{
-    return byte == ' ' || byte == '\t' || byte == '\v' || byte == '\f';
-}
-
+/// Blank, tab, line feed, vertical tab, form feed, carriage return: the last five follow each other.
 inline bool isSpace(char byte)
 {
-    return isBlank(byte) || isLineEnd(byte);
+    return byte == ' ' || (byte >= '\t' && byte <= '\r');
 }
 
-/// Compares ASCII letters without their case, whatever the locale says.
-bool sameWord(std::string_view left, std::string_view right);
+inline bool isBlank(char byte)
+{
+    return isSpace(byte) && !isLineEnd(byte);
+}
+
+/// Compares without case, whatever the locale says.
+/// @param word ASCII letters alone.
 bool startsWithWord(std::string_view text, std::string_view word);
+
+inline bool sameWord(std::string_view text, std::string_view word)
+{
+    return text.size() == word.size() && startsWithWord(text, word);
+}
+
 std::string_view trimmed(std::string_view text);
 
 /// Walks over a text token by token. A token is a brace, or everything up to white space or a brace.
