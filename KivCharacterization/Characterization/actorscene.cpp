@@ -6,6 +6,7 @@
 #include <osg/Shape>
 #include <osg/ShapeDrawable>
 #include <osg/StateSet>
+#include <osg/observer_ptr>
 
 #include "KivCharacterization/Characterization/ownmaterial.h"
 
@@ -16,10 +17,39 @@ namespace {
 constexpr float kMarkerRadius = 10.0f;
 constexpr float kGroundDiscHeight = 0.5f;
 
-osg::ref_ptr<osg::MatrixTransform> makeMarker(const osg::ref_ptr<osg::Shape>& shape)
+/// The marker of any actor that there is, else a new one: building a sphere is a fifth of loading an actor.
+/// Called by commands alone, so by one thread at a time.
+template <typename MakeShape>
+osg::ref_ptr<osg::ShapeDrawable> sharedShape(osg::observer_ptr<osg::ShapeDrawable>& built,
+                                             const MakeShape& makeShape)
+{
+    osg::ref_ptr<osg::ShapeDrawable> drawable;
+    if (!built.lock(drawable)) {
+        const osg::ref_ptr<osg::Shape> shape = makeShape();
+        drawable = new osg::ShapeDrawable(shape.get());
+        drawable->getBound();  // or the frames of several actors would compute it
+        built = drawable.get();
+    }
+    return drawable;
+}
+
+osg::ref_ptr<osg::ShapeDrawable> centreSphere()
+{
+    static osg::observer_ptr<osg::ShapeDrawable> s_opBuilt;
+    return sharedShape(s_opBuilt, [] { return new osg::Sphere(osg::Vec3(), kMarkerRadius); });
+}
+
+osg::ref_ptr<osg::ShapeDrawable> groundDisc()
+{
+    static osg::observer_ptr<osg::ShapeDrawable> s_opBuilt;
+    return sharedShape(s_opBuilt,
+                       [] { return new osg::Cylinder(osg::Vec3(), kMarkerRadius, kGroundDiscHeight); });
+}
+
+osg::ref_ptr<osg::MatrixTransform> makeMarker(const osg::ref_ptr<osg::ShapeDrawable>& drawable)
 {
     osg::ref_ptr<osg::MatrixTransform> marker = new osg::MatrixTransform;
-    marker->addChild(new osg::ShapeDrawable(shape.get()));
+    marker->addChild(drawable.get());
     return marker;
 }
 
@@ -49,9 +79,8 @@ osg::ref_ptr<osg::Switch> MakeSkeletonSwitch(osg::Node& skeleton)
 osg::ref_ptr<osg::Switch> MakeCentreOfMassSwitch()
 {
     osg::ref_ptr<osg::Switch> markers = new osg::Switch;
-    const osg::ref_ptr<osg::MatrixTransform> marker = makeMarker(new osg::Sphere(osg::Vec3(), kMarkerRadius));
-    const osg::ref_ptr<osg::MatrixTransform> ground =
-        makeMarker(new osg::Cylinder(osg::Vec3(), kMarkerRadius, kGroundDiscHeight));
+    const osg::ref_ptr<osg::MatrixTransform> marker = makeMarker(centreSphere());
+    const osg::ref_ptr<osg::MatrixTransform> ground = makeMarker(groundDisc());
     markers->addChild(marker.get());
     markers->addChild(ground.get());
     makeTranslucent(*marker);

@@ -135,6 +135,27 @@ TEST_F(Dressing, hangsAnUntaggedPieceWithTheAxisConversionOnly)
     EXPECT_EQ(piece.wrapper->getNumChildren(), 1u);
 }
 
+TEST_F(Dressing, sharesTheRescalingStateWithinAnActorAndNotBeyond)
+{
+    const auto neck = avatarNode("Neck");
+    const auto head = avatarNode("Head");
+    neck->addChild(avatarPiece("Joint:Neck$"));
+    neck->addChild(head);
+    head->addChild(avatarPiece("Joint:Head$"));
+    avatarRoot->addChild(neck);
+    const auto stateOf = [this](const char* actor) {
+        const auto neckBone = bone("7#Neck");
+        const auto headBone = bone("7#Head");
+        neckBone->addChild(headBone);
+        EXPECT_EQ(dress(skeletonOf(neckBone.get()).get()), 1u);
+        const osg::ref_ptr<osg::StateSet> state = findPiece(*neckBone, "Joint:Neck$").holder->getStateSet();
+        EXPECT_EQ(state, findPiece(*headBone, "Joint:Head$").holder->getStateSet()) << actor;
+        return state;
+    };
+    const osg::ref_ptr<osg::StateSet> ofOne = stateOf("one actor");
+    EXPECT_NE(ofOne, stateOf("another actor"));
+}
+
 TEST_F(Dressing, copiesPiecesAllTheWayDown)
 {
     const auto head = avatarNode("Head");
