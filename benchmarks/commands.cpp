@@ -25,24 +25,17 @@ double secondsOf(Work&& work)
     return threadSeconds() - start;
 }
 
-void load(benchmark::State& state)
+/// The first actor of a scene, or one more.
+void load(benchmark::State& state, const std::string& text, bool first)
 {
     const ModuleHost host;
-    for (auto _ : state) {
-        state.SetIterationTime(secondsOf([&] { host.load(hierarchy(), 7); }));
-        if (host.scene().getNumChildren() != 1)
-            state.SkipWithError("the actor is not in the scene");
-        host.removeAll();
-    }
-}
-
-void loadWithProps(benchmark::State& state)
-{
-    const ModuleHost host;
-    const std::string text = hierarchyText(Props::Left);
+    if (!first)
+        host.load(text, 1);
     for (auto _ : state) {
         state.SetIterationTime(secondsOf([&] { host.load(text, 7); }));
-        host.removeAll();
+        if (host.scene().getNumChildren() != (first ? 1 : 2))
+            state.SkipWithError("the actor is not in the scene");
+        host.remove(7);
     }
 }
 
@@ -101,8 +94,9 @@ void sizes(benchmark::internal::Benchmark* registered)
     registered->Arg(1)->Arg(10)->Arg(100)->Arg(1000)->Apply(atWork);
 }
 
-BENCHMARK(load)->Name("commands/load/ours")->Apply(atWork);
-BENCHMARK(loadWithProps)->Name("commands/load/props")->Apply(atWork);
+BENCHMARK_CAPTURE(load, first, hierarchy(), true)->Name("commands/load/first")->Apply(atWork);
+BENCHMARK_CAPTURE(load, ours, hierarchy(), false)->Name("commands/load/ours")->Apply(atWork);
+BENCHMARK_CAPTURE(load, props, hierarchyText(Props::Left), false)->Name("commands/load/props")->Apply(atWork);
 BENCHMARK(copies)->Name("commands/load/copies")->Apply(atWork);
 BENCHMARK(replace)->Name("commands/replace")->Apply(sizes);
 BENCHMARK(remove)->Name("commands/remove")->Apply(sizes);

@@ -41,8 +41,12 @@ void countReading()
 {
     const std::string hierarchy = hierarchyText();
     const std::string motion = motionText(kRows);
-    count("read a hierarchy", [&] { readSkeleton(hierarchy); });
-    count("read 16 rows of motion", [&] { readSkeleton(motion); });
+    ReadSkeleton skeleton;
+    const auto release = [&] { skeleton = {}; };
+    count(
+        "read a hierarchy", [&] { skeleton = readSkeleton(hierarchy); }, release);
+    count(
+        "read 16 rows of motion", [&] { skeleton = readSkeleton(motion); }, release);
     count("minimal reader, 16 rows", [&] { readMinimal(motion); });
 }
 
@@ -65,7 +69,9 @@ void countDressing()
             skeleton = readSkeleton(hierarchy);
             record = {};
         });
-    count("copy 60 pieces", [&] { copyPieces(avatar); });
+    std::vector<osg::ref_ptr<osg::Node>> copies;
+    count(
+        "copy 60 pieces", [&] { copies = copyPieces(avatar); }, [&] { copies.clear(); });
 }
 
 void countCommands()

@@ -63,6 +63,7 @@ ROWS = [
     dressing("shipped", "the shipped avatar", None),
     Row("load command, hierarchy, shipped avatar", "commands/load/ours", "commands/load/copies", "deep copies",
         at_most=1.4),
+    Row("… of the first actor", "commands/load/first", "commands/load/copies", "deep copies"),
     Row("… with a props", "commands/load/props", "commands/load/copies", "deep copies"),
     *[Row(f"replace an actor among {n}", f"commands/replace/{n}", "commands/replace/1", "among 1")
       for n in (10, 100, 1000)],
