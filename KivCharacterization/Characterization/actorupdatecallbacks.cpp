@@ -1,6 +1,5 @@
 #include "KivCharacterization/Characterization/actorupdatecallbacks.h"
 
-#include <osg/ComputeBoundsVisitor>
 #include <osg/NodeVisitor>
 #include <osg/Shape>
 #include <osg/ShapeDrawable>
@@ -117,9 +116,9 @@ void ActorNameUpdateCallback::follow()
     if (!bone) {
         return;
     }
-    osg::ComputeBoundsVisitor bounds(osg::NodeVisitor::TRAVERSE_ALL_CHILDREN);
-    anchor->accept(bounds);
-    const osg::BoundingBox& box = bounds.getBoundingBox();
+    m_bounds.reset();
+    anchor->accept(m_bounds);
+    const osg::BoundingBox& box = m_bounds.getBoundingBox();
     if (!box.valid()) {
         return;
     }

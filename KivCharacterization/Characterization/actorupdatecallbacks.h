@@ -1,5 +1,6 @@
 #pragma once
 
+#include <osg/ComputeBoundsVisitor>
 #include <osg/MatrixTransform>
 #include <osg/NodeCallback>
 #include <osg/Switch>
@@ -32,6 +33,7 @@ private:
     osg::observer_ptr<osg::MatrixTransform> m_opLabelTransform;
     osg::observer_ptr<osg::Node> m_opAnchor;
     osg::observer_ptr<osgText::Text3D> m_opText;
+    osg::ComputeBoundsVisitor m_bounds;  ///< kept for its memory: a frame allocates nothing
 };
 
 /// Shows the centre of mass (child 0 of the switch) and its foot point on the ground (child 1), in scene

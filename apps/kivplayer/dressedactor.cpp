@@ -86,6 +86,21 @@ void collectPieces(osg::Group& parent, const std::string& joint, std::vector<Dre
     }
 }
 
+/// Along first parents, and without the lists of paths and matrices that a node's own answer makes.
+osg::Matrixd worldMatrixOf(const osg::Node& node)
+{
+    osg::Matrixd world;
+    for (const osg::Node* at = &node; at; at = at->getNumParents() > 0 ? at->getParent(0) : nullptr) {
+        const osg::Transform* transform = at->asTransform();
+        if (!transform || at->asCamera())
+            continue;
+        osg::Matrixd local;
+        transform->computeLocalToWorldMatrix(local, nullptr);
+        world.postMult(local);
+    }
+    return world;
+}
+
 }  // namespace
 
 std::string withoutQualifier(const std::string& boneName)
@@ -124,13 +139,17 @@ std::vector<std::string> DressedActor::jointNames() const
 
 std::vector<osg::Vec3d> DressedActor::positions() const
 {
-    const osg::MatrixList toWorld = m_spSkeleton->getWorldMatrices();
-    const osg::Matrixd world = toWorld.empty() ? osg::Matrixd() : toWorld.front();
     std::vector<osg::Vec3d> positions;
-    positions.reserve(m_joints.size());
+    readPositions(positions);
+    return positions;
+}
+
+void DressedActor::readPositions(std::vector<osg::Vec3d>& positions) const
+{
+    const osg::Matrixd world = worldMatrixOf(*m_spSkeleton);
+    positions.clear();
     for (const Joint& joint : m_joints)
         positions.push_back(joint.bone->getMatrixInSkeletonSpace().getTrans() * world);
-    return positions;
 }
 
 std::vector<DressedPiece> DressedActor::pieces() const

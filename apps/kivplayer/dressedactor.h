@@ -43,6 +43,8 @@ public:
 
     /// Where the joints are now, scene units, Z-up.
     std::vector<osg::Vec3d> positions() const;
+    /// The same into a vector that is kept: a frame allocates nothing.
+    void readPositions(std::vector<osg::Vec3d>& positions) const;
 
     std::vector<DressedPiece> pieces() const;
 

@@ -28,13 +28,6 @@ osg::Vec3d toStore(const osg::Vec3d& scene)
     return {scene.x(), scene.z(), -scene.y()};
 }
 
-std::vector<osg::Vec3d> toStore(std::vector<osg::Vec3d> places)
-{
-    for (osg::Vec3d& place : places)
-        place = toStore(place);
-    return places;
-}
-
 /// Where a figure faces, from its hips or, failing these, its shoulders; not normalised.
 osg::Vec3d frontOf(const std::vector<DressedActor::Joint>& joints, const std::vector<osg::Vec3d>& places)
 {
@@ -119,7 +112,7 @@ void FramePublisher::sampleMotion(double from, double to)
             m_sampled.insert(m_sampled.end(), places.begin(), places.end());
             m_sampledHeads.push_back(headOf(body.actor->dressed.joints(), places));
             if (whole)
-                body.contacts.learn(toStore(places));
+                body.contacts.learn(storePlaces(body));
             osg::Vec3d facing = frontOf(body.actor->dressed.joints(), places);
             facing.normalize();
             front += facing;
@@ -143,6 +136,14 @@ void FramePublisher::show(double seconds)
     publish();
 }
 
+const std::vector<osg::Vec3d>& FramePublisher::storePlaces(const Body& body)
+{
+    body.actor->dressed.readPositions(m_places);
+    for (osg::Vec3d& place : m_places)
+        place = toStore(place);
+    return m_places;
+}
+
 void FramePublisher::follow(double seconds)
 {
     // Contacts are judged on a fixed grid of times, whatever times are shown.
@@ -156,7 +157,7 @@ void FramePublisher::follow(double seconds)
         m_followed += 1.0;
         pose(m_followed * m_step);
         for (Body& body : m_bodies)
-            body.contacts.advance(toStore(body.actor->dressed.positions()), m_step);
+            body.contacts.advance(storePlaces(body), m_step);
     }
 }
 
@@ -164,7 +165,7 @@ void FramePublisher::publish()
 {
     auto* store = KivMemoryShare::ActorFrameManager::Ins();
     for (Body& body : m_bodies) {
-        const std::vector<osg::Vec3d> places = toStore(body.actor->dressed.positions());
+        const std::vector<osg::Vec3d>& places = storePlaces(body);
         if (const auto centre = body.motion.centreOfMass(places)) {
             const float values[3] = {static_cast<float>(centre->x()), static_cast<float>(centre->y()),
                                      static_cast<float>(centre->z())};

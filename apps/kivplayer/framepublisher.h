@@ -68,6 +68,8 @@ private:
     /// In one sample of all joints: where an actor's begin, and how many there are.
     std::pair<std::size_t, std::size_t> sampleLayout(std::size_t actor) const;
     void pose(double seconds);
+    /// An actor's joints as the frame store has them, until the next call.
+    const std::vector<osg::Vec3d>& storePlaces(const Body& body);
     void follow(double seconds);
     void publish();
 
@@ -78,6 +80,7 @@ private:
     double m_followed = -1e9;
     std::vector<osg::Vec3d> m_sampled;
     std::vector<osg::Vec3d> m_sampledHeads;  ///< as many for every actor, sample by sample
+    std::vector<osg::Vec3d> m_places;        ///< of one actor; kept for its memory
     double m_facing = 0.0;
 };
 

@@ -1,0 +1,107 @@
+// A program of its own: it replaces the allocation functions, for the libraries that it loads, too.
+#include <osgUtil/UpdateVisitor>
+
+#include <atomic>
+#include <cstdlib>
+#include <new>
+
+#include "KivMemoryShare/actorframemanager.h"
+#include "KivRenderState/kivrenderstatemanager.h"
+#include "framepublisher.h"
+#include "tests/apps/kivplayer/playerfixture.h"
+
+namespace {
+
+std::atomic<long> g_allocations{0};
+
+}  // namespace
+
+// The compiler may inline one half of a pair and then takes it for a mismatch.
+#if defined(__GNUC__) && !defined(__clang__)
+#pragma GCC diagnostic ignored "-Wmismatched-new-delete"
+#endif
+
+void* operator new(std::size_t size)
+{
+    ++g_allocations;
+    if (void* memory = std::malloc(size))
+        return memory;
+    throw std::bad_alloc();
+}
+
+void* operator new(std::size_t size, const std::nothrow_t&) noexcept
+{
+    ++g_allocations;
+    return std::malloc(size);
+}
+
+void operator delete(void* memory) noexcept
+{
+    std::free(memory);
+}
+
+void operator delete(void* memory, std::size_t) noexcept
+{
+    std::free(memory);
+}
+
+namespace {
+
+using namespace KivPlayer;
+
+/// Two dressed actors with names, centre of mass and contacts, played frame by frame as the player does it.
+class SteadyFrame : public PlayerFixture
+{
+protected:
+    void SetUp() override
+    {
+        PlayerFixture::SetUp();
+        m_session.emplace(m_console);
+        ASSERT_TRUE(m_session->start(KIV_RUNTIME_ROOT));
+        ASSERT_TRUE(m_session->load(1, sample("pass_left"), "Ann"));
+        ASSERT_TRUE(m_session->load(2, sample("juggle"), "Bob"));
+        KivRenderState::KivRenderStateManager::instance()->setCenterOfMassShow(true);
+        m_publisher.setActors(m_session->actors());
+        // The first frames make what the frames show.
+        playFrames(0, 30);
+    }
+
+    void playFrames(int first, int count)
+    {
+        osg::Group& scene = *KivMemoryShare::SceneCfgShare::instance()->getCharacterSceneNode();
+        for (int frame = first; frame < first + count; ++frame) {
+            m_publisher.show(frame / 50.0);
+            scene.accept(*m_visitor);
+        }
+    }
+
+    /// How many allocations the work makes.
+    template <typename Work>
+    static long allocationsOf(Work&& work)
+    {
+        const long before = g_allocations;
+        work();
+        return g_allocations - before;
+    }
+
+    std::optional<Session> m_session;
+    FramePublisher m_publisher{true};
+    osg::ref_ptr<osgUtil::UpdateVisitor> m_visitor = new osgUtil::UpdateVisitor;
+};
+
+TEST_F(SteadyFrame, allocatesNothing)
+{
+    EXPECT_EQ(allocationsOf([this] { playFrames(30, 100); }), 0);
+}
+
+TEST_F(SteadyFrame, isOneInWhichAllocationsOfAnyPartAreSeen)
+{
+    EXPECT_GT(allocationsOf([this] { m_publisher.setActors(m_session->actors()); }), 0) << "of the player";
+    EXPECT_GT(allocationsOf([this] { m_session->rename(1, "Another name"); }), 0) << "of the module";
+    const KivCommonDef::KIV_STICKCONTACT contacts[30] = {};
+    KivMemoryShare::ActorFrameManager::Ins()->WriteActorStickContact(1, contacts, 30);
+    osg::Group& scene = *KivMemoryShare::SceneCfgShare::instance()->getCharacterSceneNode();
+    EXPECT_GT(allocationsOf([&] { scene.accept(*m_visitor); }), 0) << "of an overlay that grows";
+}
+
+}  // namespace
