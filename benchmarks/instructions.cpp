@@ -13,6 +13,7 @@
 #include "benchmarks/support/minimalreader.h"
 #include "benchmarks/support/modulehost.h"
 #include "benchmarks/support/readskeleton.h"
+#include "benchmarks/support/sceneculler.h"
 #include "benchmarks/support/stage.h"
 #include "benchmarks/support/transformtree.h"
 
@@ -80,10 +81,28 @@ void countCommands()
     const std::string hierarchy = hierarchyText(Props::None);
     count(
         "load an actor", [&] { host.load(hierarchy, 1); }, [&] { host.removeAll(); });
-    host.loadMany(hierarchy, 10);
+    count(
+        "load ten actors", [&] { host.loadMany(hierarchy, 10); }, [&] { host.removeAll(); });
     count("replace one of ten actors", [&] { host.load(hierarchy, 5); });
     count(
         "remove one of ten actors", [&] { host.remove(5); }, [&] { host.load(hierarchy, 5); });
+}
+
+/// Whole frames of dressed actors: update traversal with playback and overlays, then cull.
+void countFrames(int actors, const char* updateName, const char* cullName)
+{
+    const ModuleHost host;
+    host.loadMany(motionText(kRows, 1.0 / 30.0), actors);
+    Stage stage(1.0 / 30.0);
+    stage.scene().addChild(&host.scene());
+    double row = 0.0;
+    stage.showRow(row);
+    SceneCuller culler(stage.scene(), stage.scene().getBound());
+    culler.cull();
+    count(
+        updateName, [&] { stage.showRow(row += 1.0); }, [&] { culler.cull(); });
+    count(
+        cullName, [&] { culler.cull(); }, [&] { stage.showRow(row += 1.0); });
 }
 
 void countPosing()
@@ -117,6 +136,8 @@ int main()
         countDressing();
         countCommands();
         countPosing();
+        countFrames(10, "update ten actors", "cull ten actors");
+        countFrames(100, "update a hundred actors", "cull a hundred actors");
     } catch (const std::exception& problem) {
         std::cerr << "kivinstructions: " << problem.what() << "\n";
         return 1;

@@ -82,6 +82,14 @@ ROWS = [
       for n in (10, 100, 1000)],
     *[Row(f"memory of {n} light actors, per actor", f"scale/life/{n}:bytes", "scale/life/10:bytes", "of 10", per=1000,
           unit="kB") for n in (10, 100, 1000)],
+    Row("longest stall of the frame loop while 100 actors load", "loop:longest stall while 100 actors load",
+        "loop:longest stall with nothing to load", "nothing to load", limit=1, unit="ms"),
+    Row("… longest stage inside the gate, processor time",
+        "loop:longest stage inside the gate, processor time", limit=1, unit="ms"),
+    Row("… median stall", "loop:median stall while 100 actors load", "loop:median stall with nothing to load",
+        "nothing to load", unit="ms"),
+    Row("a long real motion, shown after reading", "loop:long motion: shown after reading",
+        "loop:long motion: reading", "reading", limit=100, unit="ms"),
     Row("memory of an actor in the shipped dress", "scale/memory:bytes", "scale/memory:bytes of the copies",
         "deep copies", per=1000, unit="kB"),
 ]
@@ -109,6 +117,10 @@ def read_results(folder):
         for line in lines:
             count, name = line.rstrip("\n").split("\t")
             figures["counted:" + name] = int(count)
+    with open(os.path.join(folder, "frameloop.txt"), encoding="utf-8") as lines:
+        for line in lines:
+            value, name = line.rstrip("\n").split("\t")
+            figures["loop:" + name] = float(value)
     values = 16 * 183
     figures["counted:per value"] = (figures["counted:read 16 rows of motion"] -
                                     figures["counted:read a hierarchy"]) / values
@@ -122,6 +134,8 @@ def number(value):
 
 
 def line(row, figures):
+    if row.figure not in figures:
+        return f"| {row.work} | not measured | | | | |"
     figure = figures[row.figure] / row.per
     beside = figures[row.beside] / row.per if row.beside else None
     ratio = figure / beside if beside else None
@@ -136,6 +150,25 @@ def line(row, figures):
     peer = f"{row.peer}: {number(beside)} {row.unit}" if beside is not None else ""
     share = "" if ratio is None else f"{ratio:.2f} ×" if ratio >= 0.2 else f"1/{1 / ratio:.0f} ×"
     return f"| {row.work} | {number(figure)} {row.unit} | {peer} | {share} | {target} | {verdict} |"
+
+
+def stalls(figures):
+    """The frame loop's waits as a histogram."""
+    kinds = ("while 100 actors load", "with nothing to load")
+    buckets = [name[len("loop:"):-len(kinds[0]) - 1] for name in figures
+               if name.startswith("loop:stalls") and name.endswith(kinds[0])]
+    return ["| the frame loop waits at the gate | " + " | ".join(kinds) + " |", "|---|---|---|",
+            *(f"| {bucket.replace('stalls ', '')} | " +
+              " | ".join(f"{figures[f'loop:{bucket} {kind}']:.0f} frames" for kind in kinds) + " |"
+              for bucket in buckets)]
+
+
+def start(figures):
+    """The way to the first frame, and that of a long motion."""
+    steps = [(name[len("loop:"):], value) for name, value in figures.items()
+             if name.startswith(("loop:start", "loop:long"))]
+    return ["| step | |", "|---|---|",
+            *(f"| {name} | {number(value)}{'' if 'megabytes' in name else ' ms'} |" for name, value in steps)]
 
 
 def machine(context, cache):
@@ -156,7 +189,7 @@ def main(folder, cache, page):
     table = [BEGIN, "", machine(context, cache), "",
              "| work | figure | beside | ratio | target | |", "|---|---|---|---|---|---|"]
     table += [line(row, figures) for row in ROWS]
-    table += ["", END]
+    table += ["", *stalls(figures), "", *start(figures), "", END]
     with open(page, encoding="utf-8") as stream:
         text = stream.read()
     before, rest = text.split(BEGIN, 1)

@@ -72,8 +72,8 @@ void frames(benchmark::State& state, Stage& stage, Part measured)
 {
     double row = 0.0;
     stage.showRow(row);
-    SceneCuller culler(stage.scene());
-    unsigned drawn = culler.cull();
+    SceneCuller culler(stage.scene(), stage.scene().getBound());
+    culler.cull();
     for (auto _ : state) {
         if (measured == Cull)
             state.PauseTiming();
@@ -82,12 +82,12 @@ void frames(benchmark::State& state, Stage& stage, Part measured)
             state.ResumeTiming();
         else
             state.PauseTiming();
-        drawn = culler.cull();
+        culler.cull();
         if (measured == Update)
             state.ResumeTiming();
     }
     const auto actors = static_cast<double>(state.range(0));
-    state.counters["drawables per actor"] = drawn / actors;
+    state.counters["drawables per actor"] = culler.drawables() / actors;
     state.counters["per actor"] = benchmark::Counter(
         actors, benchmark::Counter::kIsIterationInvariantRate | benchmark::Counter::kInvert);
 }

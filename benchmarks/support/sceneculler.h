@@ -6,14 +6,17 @@
 
 namespace KivBenchmark {
 
-/// Culls a scene as a frame of a viewer does, for a camera that sees all of it; nothing is drawn.
+/// Culls a scene as a frame of a viewer does; nothing is drawn.
 class SceneCuller
 {
 public:
-    explicit SceneCuller(osg::Node& scene);
+    /// @param seen what the camera takes in.
+    SceneCuller(osg::Node& scene, const osg::BoundingSphere& seen);
 
-    /// @return how many drawables the frame would draw.
-    unsigned cull();
+    void cull();
+
+    /// How many drawables the culled frame would draw. Costs more than culling.
+    unsigned drawables() const;
 
 private:
     osg::ref_ptr<osgUtil::SceneView> m_view;
