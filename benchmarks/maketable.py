@@ -166,7 +166,7 @@ def stalls(figures):
 def start(figures):
     """The way to the first frame, and that of a long motion."""
     steps = [(name[len("loop:"):], value) for name, value in figures.items()
-             if name.startswith(("loop:start", "loop:long"))]
+             if name.startswith(("loop:start", "loop:long motion"))]
     return ["| step | |", "|---|---|",
             *(f"| {name} | {number(value)}{'' if 'megabytes' in name else ' ms'} |" for name, value in steps)]
 
