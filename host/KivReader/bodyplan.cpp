@@ -8,6 +8,7 @@
 #include "host/KivReader/humanoidmeasure.h"
 #include "host/KivReader/restaxes.h"
 #include "host/KivReader/spineplan.h"
+#include "host/KivReader/spot.h"
 #include "host/KivReader/torsoplan.h"
 
 namespace KivReader {

@@ -58,14 +58,4 @@ struct BodyPlan
 /// Every joint of the avatar with its place and its axes.
 BodyPlan planBody(const BodySource& source);
 
-/// Adds the file's joints that are none of the avatar's and not between two of them, so that nothing of the
-/// file's is lost, and says in the record what became of every joint.
-void planTheRest(BodyPlan& plan, const BodySource& source, ProfileRecord& record);
-
-/// The planned figure, its parents first and its hips on the way along first children.
-MotionFigure assemble(const BodyPlan& plan, const BodySource& source, ProfileRecord& record);
-
-/// Moves all of it up, in every frame.
-void lift(MotionFigure& figure, double height);
-
 }  // namespace KivReader

@@ -3,7 +3,7 @@
 #include <array>
 
 #include "host/KivReader/restaxes.h"
-#include "host/KivReader/spineplan.h"
+#include "host/KivReader/spot.h"
 
 namespace KivReader {
 

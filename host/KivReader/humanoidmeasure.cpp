@@ -121,7 +121,7 @@ double legsAndTrunk(const Placements& placements, const MatchedMotion& motion)
 
 double avatarLegsAndTrunk(const RestFigure& avatar)
 {
-    return avatar.place("LeftArm").z() - avatar.place("LeftUpLeg").z() + avatar.offset("LeftLeg").length() +
+    return avatar.rise("LeftUpLeg", "LeftArm") + avatar.offset("LeftLeg").length() +
            avatar.offset("LeftFoot").length();
 }
 

@@ -3,10 +3,12 @@
 #include <algorithm>
 #include <array>
 
+#include "host/KivReader/bodyassembly.h"
 #include "host/KivReader/bodyplan.h"
 #include "host/KivReader/groundlevel.h"
 #include "host/KivReader/humanoidmeasure.h"
 #include "host/KivReader/profiledfigure.h"
+#include "host/KivReader/remainingjoints.h"
 
 namespace KivReader {
 
@@ -112,7 +114,7 @@ MotionFigure profiled(const MatchedMotion& motion, const ProfileOptions& options
     const BodySource source = {
         figure, rest, motion.matching, motion.avatar, armsOnTrunk(motion, figure, rest), record.height};
     BodyPlan plan = planBody(source);
-    planTheRest(plan, source, record);
+    planRemainingJoints(plan, source, record);
     tellOfHips(plan, record);
     MotionFigure body = assemble(plan, source, record);
     record.groundShift = groundShift(motion, body, record.height);

@@ -30,6 +30,11 @@ struct RestFigure
     const Joint& joint(const std::string& name) const { return joints[index.at(name)]; }
     const osg::Vec3d& offset(const std::string& name) const { return joint(name).offset; }
     KIV_READER_API osg::Vec3d place(const std::string& name) const;
+    /// How much higher the second joint is than the first.
+    double rise(const std::string& from, const std::string& to) const
+    {
+        return place(to).z() - place(from).z();
+    }
     /// From the ground to the crown.
     double height() const { return place("Head").z() + ends.at("Head").z(); }
 };

@@ -47,7 +47,7 @@ HipWidth hipWidth(const BodySource& source, const osg::Quat& heading)
 Spot hipsSpot(const BodySource& source, const osg::Quat& heading)
 {
     Spot spot = spotOf(source, source.matching.at("Hips"));
-    const double above = source.avatar.place("Hips").z() - source.avatar.place("LeftUpLeg").z();
+    const double above = source.avatar.rise("LeftUpLeg", "Hips");
     const osg::Vec3d usual = middle(source.rest, source.matching, "LeftUpLeg", "RightUpLeg") +
                              heading * osg::Vec3d(0, 0, above * source.height / source.avatar.height());
     if ((spot.place - usual).length() < kElsewhere * source.height)

@@ -1,7 +1,6 @@
 #pragma once
 
-#include "host/KivReader/bodyplan.h"
-#include "host/KivReader/spineplan.h"
+#include "host/KivReader/spot.h"
 
 namespace KivReader {
 

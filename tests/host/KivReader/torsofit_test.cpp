@@ -173,4 +173,21 @@ TEST(TorsoFit, drawsTheHeadFromItsBaseWhereTheFileHasItsMiddle)
         isInserted(makeProfiledFigure(documentOf(ForeignFigure({})), ProfileOptions()).record, "Head"));
 }
 
+TEST(TorsoFit, letsANeckThatIsTooLongTurnTheOneThatIsInserted)
+{
+    ForeignFigure figure({});
+    figure.move("Neck", {0.0, -9.0, 0.0});
+    figure.move("Head", {0.0, 9.0, 0.0});
+    MotionDocument document = documentOf(figure);
+    const ProfiledFigure still = makeProfiledFigure(document, ProfileOptions());
+    ASSERT_TRUE(isInserted(still.record, "Neck"));
+    EXPECT_THAT(still.record.folded, testing::Contains(testing::FieldsAre("Neck", "Neck")));
+    const osg::Vec3d before = placeOf(still.figure, document, "Neck", 0);
+    for (const MotionDocument::Joint& joint : document.joints)
+        if (joint.name == "Neck")
+            document.values[joint.firstColumn + 1] = 30.0F;
+    const MotionFigure nodding = makeProfiledFigure(document, ProfileOptions()).figure;
+    EXPECT_GT((placeOf(nodding, document, "Neck", 0) - before).length(), 1.0);
+}
+
 }  // namespace
