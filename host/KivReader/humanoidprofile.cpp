@@ -19,6 +19,9 @@ using Kind = KivAnimation::PoseStep::Kind;
 constexpr std::array<const char*, 8> kLimbs = {"LeftUpLeg", "RightUpLeg", "LeftLeg",     "RightLeg",
                                                "LeftArm",   "RightArm",   "LeftForeArm", "RightForeArm"};
 constexpr std::size_t kSettledFrames = 25;
+/// What hangs from a folded joint repeats the moves of all that is folded above it: more would take far more
+/// memory than their text.
+constexpr std::size_t kMostBetween = 32;
 
 /// Why this is no humanoid; empty if it is one.
 std::string missingLimbs(const JointMatching& matching)
@@ -54,6 +57,26 @@ void findHips(JointMatching& matching, const MotionFigure& figure, ProfileRecord
     matching.joints["Hips"] = hips;
     record.warnings.push_back("no joint is called Hips; " + figure.joints[hips].name +
                               " is what both legs hang from");
+}
+
+/// Why the joints between two of the avatar's are too many to be folded; empty where they are not.
+std::string crowding(const JointMatching& matching, const MotionFigure& figure)
+{
+    std::vector<std::string> targets(figure.joints.size());
+    for (const auto& [name, joint] : matching.joints)
+        targets[joint] = name;
+    std::vector<std::size_t> between(figure.joints.size());  // others since the last of the avatar's
+    std::vector<bool> isBelowOne(figure.joints.size());
+    for (std::size_t i = 1; i < figure.joints.size(); ++i) {
+        const auto parent = static_cast<std::size_t>(figure.joints[i].parent);
+        isBelowOne[i] = isBelowOne[parent] || !targets[parent].empty();
+        between[i] = isBelowOne[i] && targets[parent].empty() ? between[parent] + 1 : 0;
+        if (!targets[i].empty() && between[i] > kMostBetween)
+            return std::to_string(between[i]) + " joints stand between " + targets[i] +
+                   " and the next of the avatar's joints above it; more than " +
+                   std::to_string(kMostBetween) + " are not folded";
+    }
+    return {};
 }
 
 /// Joints whose own columns move them may stand elsewhere than their offsets say, all through the motion.
@@ -160,6 +183,8 @@ ProfiledFigure makeProfiledFigure(const MotionDocument& document, const ProfileO
         findHips(matching, raw, record);
     if (record.whyNot.empty() && !matching.has("Hips"))
         record.whyNot = "there is no joint for the hips";
+    if (record.whyNot.empty())
+        record.whyNot = crowding(matching, raw);
     if (!record.whyNot.empty())
         return asItStands(document, options, std::move(record));
     record.isHumanoid = true;

@@ -2,8 +2,10 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <string>
+#include <vector>
 
 #include "host/KivReader/figurepose.h"
 #include "host/KivReader/profiledfigure.h"
@@ -108,6 +110,39 @@ TEST(ForeignFigures, mayHaveNoMotion)
     EXPECT_TRUE(profiled.record.isHumanoid);
     EXPECT_NEAR(profiled.record.height, 175.0, 1.0);
     expectFinite(profiled.figure);
+}
+
+/// The document with a chain of further joints, which do not move, over one of its joints.
+MotionDocument withJointsOver(const std::string& name, std::int32_t count)
+{
+    MotionDocument document = accepted(ForeignFigure({}).text());
+    const auto joint = std::find_if(document.joints.begin(), document.joints.end(),
+                                    [&](const auto& candidate) { return candidate.name == name; });
+    const auto index = static_cast<std::int32_t>(joint - document.joints.begin());
+    std::vector<MotionDocument::Joint> chain(static_cast<std::size_t>(count));
+    for (std::int32_t i = 0; i < count; ++i) {
+        MotionDocument::Joint& added = chain[static_cast<std::size_t>(i)];
+        added.name = "Pass" + std::to_string(i);
+        added.parent = i == 0 ? joint->parent : index + i - 1;
+        added.line = 100000 + static_cast<std::size_t>(i);
+    }
+    for (MotionDocument::Joint& later : document.joints)
+        later.parent += later.parent >= index ? count : 0;
+    joint->parent = index + count - 1;
+    document.joints.insert(joint, chain.begin(), chain.end());
+    return document;
+}
+
+TEST(ForeignFigures, haveManyJointsBetweenTwoFoldedButNotAnyNumber)
+{
+    const MotionDocument many = withJointsOver("Spine", 32);
+    const ProfiledFigure profiled = makeProfiledFigure(many, ProfileOptions());
+    ASSERT_TRUE(profiled.record.isHumanoid) << profiled.record.whyNot;
+    EXPECT_EQ(profiled.record.folded.size(), 32U);
+    expectMovedAsBefore(many, profiled);
+    const ProfileRecord tooMany = makeProfiledFigure(withJointsOver("Spine", 33), ProfileOptions()).record;
+    EXPECT_FALSE(tooMany.isHumanoid);
+    EXPECT_THAT(tooMany.whyNot, testing::HasSubstr("33 joints stand between Spine and the next"));
 }
 
 /// A pose at the origin in front of the motion is no part of it.
