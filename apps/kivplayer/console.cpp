@@ -27,6 +27,15 @@ void Console::error(const Complaint& complaint)
     m_stream << complaintLine(complaint, "error") << std::endl;
 }
 
+std::vector<std::string> Console::errorLines() const
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    std::vector<std::string> lines;
+    for (const Complaint& complaint : m_errors)
+        lines.push_back((complaint.file.empty() ? "" : placeText(complaint) + ": ") + complaint.message);
+    return lines;
+}
+
 void Console::warning(const Complaint& complaint)
 {
     const std::lock_guard<std::mutex> lock(m_mutex);

@@ -47,9 +47,11 @@ public:
     bool isQuiet() const { return m_loudness == Loudness::Quiet; }
     std::ostream& stream() { return m_stream; }
     const std::vector<Complaint>& errors() const { return m_errors; }
+    /// The same as lines for people, while others may speak.
+    std::vector<std::string> errorLines() const;
 
 private:
-    std::mutex m_mutex;
+    mutable std::mutex m_mutex;
     std::ostream& m_stream;
     Loudness m_loudness;
     std::vector<Complaint> m_errors;

@@ -12,7 +12,6 @@ namespace KivPlayer {
 
 namespace {
 
-constexpr int kSamples = 96;
 constexpr double kShortestStep = 1.0 / 120.0;
 constexpr double kLongestStep = 1.0 / 15.0;
 constexpr double kCatchUp = 0.5;  ///< seconds of motion before a jump's goal that decide about contacts there
@@ -28,20 +27,11 @@ osg::Vec3d toStore(const osg::Vec3d& scene)
     return {scene.x(), scene.z(), -scene.y()};
 }
 
-/// Where a figure faces, from its hips or, failing these, its shoulders; not normalised.
-osg::Vec3d frontOf(const std::vector<DressedActor::Joint>& joints, const std::vector<osg::Vec3d>& places)
+std::vector<osg::Vec3d> toStore(std::vector<osg::Vec3d> places)
 {
-    for (const char* pair : {"UpLeg", "Arm"}) {
-        const osg::Vec3d* left = nullptr;
-        const osg::Vec3d* right = nullptr;
-        for (std::size_t i = 0; i < joints.size(); ++i) {
-            left = joints[i].name == std::string("Left") + pair ? &places[i] : left;
-            right = joints[i].name == std::string("Right") + pair ? &places[i] : right;
-        }
-        if (left && right)
-            return (*left - *right) ^ osg::Vec3d(0, 0, 1);
-    }
-    return {};
+    for (osg::Vec3d& place : places)
+        place = toStore(place);
+    return places;
 }
 
 osg::Vec3d below(const osg::Vec3d& place)
@@ -49,16 +39,12 @@ osg::Vec3d below(const osg::Vec3d& place)
     return {place.x(), place.y(), 0.0};
 }
 
-/// The first joint whose name tells of a head, else the highest joint.
-osg::Vec3d headOf(const std::vector<DressedActor::Joint>& joints, const std::vector<osg::Vec3d>& places)
+KivAnimation::Animation* animationOf(const std::string& actorId)
 {
-    std::size_t head = 0;
-    for (std::size_t i = 0; i < joints.size(); ++i) {
-        if (joints[i].name.find("Head") != std::string::npos)
-            return places[i];
-        head = places[i].z() > places[head].z() ? i : head;
-    }
-    return places.empty() ? osg::Vec3d() : places[head];
+    for (KivAnimation::Animation* animation : playback().animations())
+        if (animation->getId() == actorId)
+            return animation;
+    return nullptr;
 }
 
 }  // namespace
@@ -77,12 +63,16 @@ void FramePublisher::publishContacts(bool wanted)
 void FramePublisher::setActors(const std::map<unsigned, LoadedActor>& actors,
                                const std::optional<std::pair<double, double>>& shown)
 {
+    std::vector<Body> before = std::move(m_bodies);
     m_bodies.clear();
     m_duration = 0.0;
     m_step = kLongestStep;
     for (const auto& [index, actor] : actors) {
-        const std::vector<std::string> names = actor.dressed.jointNames();
-        m_bodies.push_back({&actor, BodyMotion(names), ContactTracker(names)});
+        const auto known = std::find_if(before.begin(), before.end(), [&actor = actor](const Body& body) {
+            return body.root == &actor.dressed.root();
+        });
+        m_bodies.push_back(known != before.end() ? std::move(*known) : makeBody(actor, shown));
+        m_bodies.back().actor = &actor;
         m_duration = std::max(m_duration, actor.duration());
         if (actor.document.frameTime > 0.0)
             m_step = std::min(m_step, actor.document.frameTime);
@@ -90,35 +80,36 @@ void FramePublisher::setActors(const std::map<unsigned, LoadedActor>& actors,
     m_step = std::max(m_step, kShortestStep);
     m_followed = -1e9;
     playback().pause();
-    sampleMotion(0.0, m_duration);
-    if (shown) {
-        const double last = std::min(shown->second, m_duration);
-        sampleMotion(std::min(shown->first, last), last);
-    }
+    findFront();
 }
 
-void FramePublisher::sampleMotion(double from, double to)
+FramePublisher::Body FramePublisher::makeBody(const LoadedActor& actor,
+                                              const std::optional<std::pair<double, double>>& shown) const
 {
-    m_sampled.clear();
-    m_sampledHeads.clear();
-    osg::Vec3d front;
-    const int samples = to > from ? kSamples : 1;
-    // What counts as low does not depend on the part that is shown.
-    const bool whole = from <= 0.0 && to >= m_duration;
-    for (int i = 0; i < samples; ++i) {
-        pose(samples > 1 ? from + (to - from) * i / (samples - 1) : from);
-        for (Body& body : m_bodies) {
-            const std::vector<osg::Vec3d> places = body.actor->dressed.positions();
-            m_sampled.insert(m_sampled.end(), places.begin(), places.end());
-            m_sampledHeads.push_back(headOf(body.actor->dressed.joints(), places));
-            if (whole)
-                body.contacts.learn(storePlaces(body));
-            osg::Vec3d facing = frontOf(body.actor->dressed.joints(), places);
-            facing.normalize();
-            front += facing;
-        }
+    const std::vector<std::string> names = actor.dressed.jointNames();
+    KivAnimation::Animation* animation = animationOf(actor.id());
+    Body body{&actor, &actor.dressed.root(), BodyMotion(names), ContactTracker(names),
+              sampleMotion(actor.dressed, animation, {0.0, actor.duration()})};
+    const SampledMotion& sampled = body.sampled;
+    for (std::size_t moment = 0; moment < sampled.moments(); ++moment) {
+        const auto first = sampled.places.begin() + static_cast<std::ptrdiff_t>(moment * sampled.joints);
+        body.contacts.learn(toStore({first, first + static_cast<std::ptrdiff_t>(sampled.joints)}));
     }
-    const bool told = front.length() > 0.2 * samples;
+    // What counts as low does not depend on the part that is shown.
+    if (shown)
+        body.sampled = sampleMotion(actor.dressed, animation, *shown);
+    return body;
+}
+
+void FramePublisher::findFront()
+{
+    osg::Vec3d front;
+    std::size_t moments = 0;
+    for (const Body& body : m_bodies) {
+        front += body.sampled.front;
+        moments = std::max(moments, body.sampled.moments());
+    }
+    const bool told = front.length() > 0.2 * static_cast<double>(moments);
     m_facing = told ? std::atan2(front.y(), front.x()) : -osg::PI_2;
 }
 
@@ -189,37 +180,49 @@ std::vector<osg::Vec3d> FramePublisher::placesNow() const
     return all;
 }
 
-std::pair<std::size_t, std::size_t> FramePublisher::sampleLayout(std::size_t actor) const
+std::vector<osg::Vec3d> FramePublisher::sampledPlaces() const
 {
-    std::size_t before = 0;
-    std::size_t joints = 0;
-    for (std::size_t i = 0; i < m_bodies.size(); ++i) {
-        before += i < actor ? m_bodies[i].actor->dressed.joints().size() : 0;
-        joints += m_bodies[i].actor->dressed.joints().size();
-    }
-    return {before, joints};
+    std::vector<osg::Vec3d> all;
+    for (const Body& body : m_bodies)
+        all.insert(all.end(), body.sampled.places.begin(), body.sampled.places.end());
+    return all;
+}
+
+osg::BoundingBox FramePublisher::sampledBox() const
+{
+    osg::BoundingBox box;
+    for (const Body& body : m_bodies)
+        box.expandBy(body.sampled.box);
+    return box;
+}
+
+std::vector<osg::Vec3d> FramePublisher::sampledHeads() const
+{
+    std::size_t moments = 0;
+    for (const Body& body : m_bodies)
+        moments = std::max(moments, body.sampled.moments());
+    std::vector<osg::Vec3d> all;
+    for (std::size_t moment = 0; moment < moments; ++moment)
+        for (const Body& body : m_bodies)
+            all.push_back(body.sampled.heads[std::min(moment, body.sampled.moments() - 1)]);
+    return all;
 }
 
 std::vector<osg::Vec3d> FramePublisher::sampledPlacesOver(std::size_t actor) const
 {
-    const auto [before, joints] = sampleLayout(actor);
-    const std::size_t own = m_bodies[actor].actor->dressed.joints().size();
+    const SampledMotion& sampled = m_bodies[actor].sampled;
     std::vector<osg::Vec3d> relative;
-    for (std::size_t sample = 0; sample + joints <= m_sampled.size(); sample += joints) {
-        const osg::Vec3d ground = below(m_sampled[sample + before]);
-        for (std::size_t i = 0; i < own; ++i)
-            relative.push_back(m_sampled[sample + before + i] - ground);
-    }
+    for (std::size_t i = 0; i < sampled.places.size(); ++i)
+        relative.push_back(sampled.places[i] - below(sampled.places[i - i % sampled.joints]));
     return relative;
 }
 
 std::vector<osg::Vec3d> FramePublisher::sampledHeadsOver(std::size_t actor) const
 {
-    const auto [before, joints] = sampleLayout(actor);
+    const SampledMotion& sampled = m_bodies[actor].sampled;
     std::vector<osg::Vec3d> relative;
-    for (std::size_t sample = 0; sample * m_bodies.size() < m_sampledHeads.size(); ++sample)
-        relative.push_back(m_sampledHeads[sample * m_bodies.size() + actor] -
-                           below(m_sampled[sample * joints + before]));
+    for (std::size_t i = 0; i < sampled.moments(); ++i)
+        relative.push_back(sampled.heads[i] - below(sampled.places[i * sampled.joints]));
     return relative;
 }
 

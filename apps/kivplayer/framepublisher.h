@@ -10,6 +10,7 @@
 
 #include "bodymotion.h"
 #include "contacttracker.h"
+#include "sampledmotion.h"
 #include "session.h"
 
 namespace KivPlayer {
@@ -25,7 +26,8 @@ public:
     /// Contacts that are no longer published are taken out of the store.
     void publishContacts(bool wanted);
 
-    /// Takes the actors over as they are now. The motion is sampled for where it leads and how low feet come.
+    /// Takes the actors over as they are now. The motion of those that are new is sampled for where it leads
+    /// and how low feet come.
     /// @param shown the part of it that is going to be shown, seconds; unset: all of it.
     void setActors(const std::map<unsigned, LoadedActor>& actors,
                    const std::optional<std::pair<double, double>>& shown = std::nullopt);
@@ -38,11 +40,12 @@ public:
     double duration() const { return m_duration; }
 
     /// Where the joints were in the sampled part of the motion, and where they are now. Scene units.
-    const std::vector<osg::Vec3d>& sampledPlaces() const { return m_sampled; }
+    std::vector<osg::Vec3d> sampledPlaces() const;
+    osg::BoundingBox sampledBox() const;
     std::vector<osg::Vec3d> placesNow() const;
 
-    /// The same of the joints that the name labels float above, one for each actor.
-    const std::vector<osg::Vec3d>& sampledHeads() const { return m_sampledHeads; }
+    /// The same of the joints that the name labels float above, one for each actor, moment by moment.
+    std::vector<osg::Vec3d> sampledHeads() const;
     std::vector<osg::Vec3d> headsNow() const;
 
     /// For a camera that follows: the places of one actor in the sampled motion, taken from the point of the
@@ -60,13 +63,14 @@ private:
     struct Body
     {
         const LoadedActor* actor;
+        osg::ref_ptr<const osg::Node> root;  ///< tells an actor from one that has taken its place
         BodyMotion motion;
         ContactTracker contacts;
+        SampledMotion sampled;
     };
 
-    void sampleMotion(double from, double to);
-    /// In one sample of all joints: where an actor's begin, and how many there are.
-    std::pair<std::size_t, std::size_t> sampleLayout(std::size_t actor) const;
+    Body makeBody(const LoadedActor& actor, const std::optional<std::pair<double, double>>& shown) const;
+    void findFront();
     void pose(double seconds);
     /// An actor's joints as the frame store has them, until the next call.
     const std::vector<osg::Vec3d>& storePlaces(const Body& body);
@@ -78,9 +82,7 @@ private:
     double m_duration = 0.0;
     double m_step = 0.0;  ///< seconds between the poses that contacts are judged by
     double m_followed = -1e9;
-    std::vector<osg::Vec3d> m_sampled;
-    std::vector<osg::Vec3d> m_sampledHeads;  ///< as many for every actor, sample by sample
-    std::vector<osg::Vec3d> m_places;        ///< of one actor; kept for its memory
+    std::vector<osg::Vec3d> m_places;  ///< of one actor; kept for its memory
     double m_facing = 0.0;
 };
 

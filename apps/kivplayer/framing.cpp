@@ -27,6 +27,21 @@ struct Span
 
 }  // namespace
 
+osg::BoundingBox boxWithGround(const std::vector<osg::Vec3d>& places)
+{
+    osg::BoundingBox box;
+    for (const osg::Vec3d& place : places)
+        box.expandBy(place);
+    return boxWithGround(box);
+}
+
+osg::BoundingBox boxWithGround(osg::BoundingBox box)
+{
+    if (box.valid())
+        box.expandBy(osg::Vec3d(box.center().x(), box.center().y(), 0.0));
+    return box;
+}
+
 CameraPose frameAll(const std::vector<osg::Vec3d>& points, double compass, double elevation,
                     double fieldOfView, double aspect, double room)
 {

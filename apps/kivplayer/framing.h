@@ -1,5 +1,6 @@
 #pragma once
 
+#include <osg/BoundingBox>
 #include <osg/Vec3d>
 
 #include <vector>
@@ -20,6 +21,10 @@ struct ViewAngles
     double azimuth = 0.0;    ///< radians from the figures' front towards their left hand
     double elevation = 0.0;  ///< radians above the horizon
 };
+
+/// Around the places and the ground below their middle.
+osg::BoundingBox boxWithGround(const std::vector<osg::Vec3d>& places);
+osg::BoundingBox boxWithGround(osg::BoundingBox box);
 
 /// The camera that stands as near as it can while every point keeps a distance to the picture's edges.
 /// @param compass  radians, counter-clockwise from the x axis: the direction from the figures to the eye.

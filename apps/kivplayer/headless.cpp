@@ -3,8 +3,6 @@
 #include <cstdint>
 #include <exception>
 #include <filesystem>
-#include <fstream>
-#include <iostream>
 #include <locale>
 #include <sstream>
 
@@ -15,27 +13,13 @@
 #include "picturefile.h"
 #include "picturemaker.h"
 #include "progress.h"
+#include "reportfile.h"
 #include "session.h"
 #include "summary.h"
-#include "wholefile.h"
 
 namespace KivPlayer {
 
 namespace {
-
-void writeReport(const Options& options, const nlohmann::ordered_json& report, Console& console)
-{
-    const std::string text =
-        report.dump(2, ' ', false, nlohmann::ordered_json::error_handler_t::replace) + "\n";
-    if (options.report == "-") {
-        std::cout << text << std::flush;
-        return;
-    }
-    const std::string problem =
-        writeWhole(options.report, [&](std::ostream& stream) { return static_cast<bool>(stream << text); });
-    if (!problem.empty())
-        console.error({options.report, 0, 0, problem});
-}
 
 void report(const Options& options, const Session& session, Console& console)
 {
@@ -46,7 +30,7 @@ void report(const Options& options, const Session& session, Console& console)
     for (const nlohmann::ordered_json& actor : report.at("actors"))
         console.say(summaryOf(actor));
     if (!options.report.empty())
-        writeReport(options, report, console);
+        writeReport(options.report, report, console);
 }
 
 ExitCode compare(const Options& options, const osg::Image& picture, Console& console)

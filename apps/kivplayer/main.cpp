@@ -10,12 +10,14 @@
 #include "headless.h"
 #include "options.h"
 #include "window/runwindow.h"
+#include "window/startup.h"
 
 int main(int argc, char** argv)
 {
     using KivPlayer::Console;
     if (argc == 4 && argv[1] == std::string_view(KivPlayer::kTryAvatar))
         return KivPlayer::tryAvatar(argv[2], argv[3]);
+    KivPlayer::startUp().reached("program");
     const KivPlayer::Parsing parsing = KivPlayer::parseOptions(argc, argv, KivPlayer::displayThere());
     std::cout << parsing.output << std::flush;
     std::cerr << parsing.error << std::flush;

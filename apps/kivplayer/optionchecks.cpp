@@ -28,15 +28,15 @@ void checkSheet(const Options& options, const OptionTexts& texts)
 
 }  // namespace
 
-bool asksForNoFile(const Options& options)
+bool asksForNoPicture(const Options& options)
 {
-    return !options.output && options.render && options.report.empty() && options.reference.empty() &&
-           options.contactSheet.empty() && options.exports.empty();
+    return !options.output && options.render && options.reference.empty() && options.contactSheet.empty() &&
+           options.exports.empty();
 }
 
 void checkTogether(const Options& options, const OptionTexts& texts)
 {
-    if (options.motions.empty())
+    if (options.motions.empty() && !options.window)
         throw CLI::RequiredError("MOTION.bvh: at least one motion file");
     if (options.names.size() > options.motions.size())
         throw CLI::ValidationError("--name", "given " + std::to_string(options.names.size()) + " times for " +
@@ -57,7 +57,9 @@ void checkTogether(const Options& options, const OptionTexts& texts)
     if (options.output && !options.render)
         throw CLI::ValidationError("--no-render", "excludes --output");
     checkSheet(options, texts);
-    if (asksForNoFile(options) && !options.window)
+    if (options.watch && !options.window)
+        throw CLI::ValidationError("--watch", "needs the window");
+    if (asksForNoPicture(options) && options.report.empty() && !options.window)
         throw CLI::RequiredError(
             "nothing to do: no display for a window, and none of --output, --contact-sheet, --reference, "
             "--export, --report and --no-render");

@@ -5,8 +5,8 @@
 
 namespace KivPlayer {
 
-/// Whether nothing is asked for that ends up in a file: what a window is for.
-bool asksForNoFile(const Options& options);
+/// Whether nothing is asked for that is made without a window.
+bool asksForNoPicture(const Options& options);
 
 /// Refuses options that do not go together.
 /// @throws CLI::Error that says which and why.

@@ -232,6 +232,7 @@ Parsing parseOptions(int argc, const char* const* argv, bool display)
     declareOptions(app, options, texts);
     bool helpKeys = false;
     app.add_flag("--help-keys", helpKeys, "Print the keys of the window and exit");
+    app.add_flag("--watch", options.watch, "In the window, load a motion again when its file changes");
     app.add_option("--state-file", options.stateFile, "Keep writing what the window shows (JSON)")
         ->type_name("FILE");
     Parsing parsing;
@@ -249,7 +250,7 @@ Parsing parseOptions(int argc, const char* const* argv, bool display)
         understandShown("--hide", texts.hide, false, options.shown);
         understandOutput(texts, options);
         understandSheet(texts, options);
-        options.window = display && asksForNoFile(options);
+        options.window = display && asksForNoPicture(options);
         checkTogether(options, texts);
         parsing.options = options;
     } catch (const CLI::Success& answer) {

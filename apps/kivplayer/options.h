@@ -47,6 +47,7 @@ struct Options
     std::string contactSheet;               ///< the folder for one; empty: none
     int moments = 4;                        ///< of every motion, on a contact sheet
     bool window = false;                    ///< nothing else is asked for, and there is a display
+    bool watch = false;                     ///< files that change are loaded again
     std::string stateFile;                  ///< where a window keeps writing what it shows; empty: nowhere
     bool render = true;
     bool verbose = false;

@@ -28,16 +28,6 @@ constexpr double kHeadHeight = 18.0;
 constexpr double kLabelHeight = 30.0;
 constexpr double kLetterWidth = 7.0;
 
-osg::BoundingBox boxAround(const std::vector<osg::Vec3d>& places)
-{
-    osg::BoundingBox box;
-    for (const osg::Vec3d& place : places)
-        box.expandBy(place);
-    if (box.valid())
-        box.expandBy(osg::Vec3d(box.center().x(), box.center().y(), 0.0));
-    return box;
-}
-
 }  // namespace
 
 PictureMaker::PictureMaker(const Options& options, Session& session, Console& console)
@@ -95,7 +85,7 @@ void PictureMaker::caption(const std::string& text)
 
 void PictureMaker::aim(const std::vector<osg::Vec3d>& places, const std::vector<osg::Vec3d>& heads)
 {
-    const osg::BoundingBox box = boxAround(places);
+    const osg::BoundingBox box = boxWithGround(places);
     const double height = box.valid() ? static_cast<double>(box.zMax() - box.zMin()) : 0.0;
     const double compass = m_publisher.facing() + m_options.view.azimuth;
     std::vector<osg::Vec3d> shown = places;
@@ -117,7 +107,7 @@ void PictureMaker::aim(const std::vector<osg::Vec3d>& places, const std::vector<
     m_pose = pose;
     look(osg::Vec3d());
     m_stage.setFront(std::atan2(away.y(), away.x()));
-    m_stage.setUp(m_followed ? boxAround(m_publisher.sampledPlaces()) : box);
+    m_stage.setUp(boxWithGround(m_publisher.sampledBox()));
 }
 
 void PictureMaker::addLabels(const std::vector<osg::Vec3d>& heads, double compass,
@@ -164,7 +154,7 @@ osg::ref_ptr<osg::Image> PictureMaker::picture(double seconds)
     if (m_followed)
         look(m_publisher.groundUnder(*m_followed, seconds));
     m_publisher.show(seconds);
-    m_stage.light(boxAround(m_publisher.placesNow()));
+    m_stage.light(boxWithGround(m_publisher.placesNow()));
     m_session.gate().close();
     osg::ref_ptr<osg::Image> image;
     try {

@@ -1,129 +1,106 @@
 #!/usr/bin/env bash
-# window.sh PLAYER MOTION: plays with the window under a display of its own and judges by the state file that the
-# player keeps, never by how long something took. Ends with 77 where xvfb-run or xdotool is missing.
+# window.sh PLAYER MOTION: plays with the window: time line, toggles, names, camera, pictures.
 set -euo pipefail
-
-for program in xvfb-run xdotool; do
-    if ! command -v "$program" >/dev/null; then
-        echo "skipped: $program is not installed"
-        exit 77
-    fi
-done
-if [[ "${KIV_GUI_DISPLAY:-}" != yes ]]; then
-    KIV_GUI_DISPLAY=yes exec xvfb-run -a -s "-screen 0 1400x900x24" "$0" "$@"
-fi
-
+# shellcheck source=tests/gui/hand.sh
+source "$(dirname "$(realpath "$0")")/hand.sh"
 player="$(realpath "$1")"
 motion="$(realpath "$2")"
-folder="$(mktemp -d)"
-cd "$folder"
-"$player" --quiet --state-file state.json "$motion" 2>errors.txt &
-running=$!
-trap 'kill "$running" 2>/dev/null || true; rm -rf "$folder"' EXIT
+on_a_display "$player" "$motion"
+in_a_folder
+play "$player" --report fit.json "$motion"
 
-fail() {
-    echo "FAILED: $1"
-    cat errors.txt state.json 2>/dev/null || true
-    exit 1
-}
+jq -e '.actors[0].matched | length > 0' fit.json >/dev/null || fail "the report is written once all is loaded"
+until_holds "it plays" .playing
+# The motion's own rate: what the clock gained is what passed, however many frames were drawn.
+from="$(date +%s%N)"
+key bracketleft bracketleft bracketleft ctrl+Home
+until_holds "brackets play slower" '.speed == 0.1 and .frame < .frames / 2'
+key ctrl+Home
+until_holds "it is at the start" '.time < 0.1 * .duration'
+start="$(tell .time)"
+from="$(date +%s%N)"
+after_frames 12
+gained="$(jq ".time - $start" state.json)"
+passed="$(awk -v a="$from" -v b="$(date +%s%N)" 'BEGIN { print (b - a) / 1e9 }')"
+awk -v g="$gained" -v p="$passed" 'BEGIN { exit !(g > 0.1 * p * 0.5 - 0.05 && g < 0.1 * p * 1.5 + 0.25) }' ||
+    fail "at a tenth of its rate $gained s were played in $passed s"
+echo "ok: it keeps the motion's own rate ($gained s played in $passed s at a tenth)"
+key bracketright bracketright bracketright
+until_holds "brackets play faster" '.speed == 1'
 
-# The state is written with one value a line; lists of numbers stand on the lines after their name.
-value() { sed -n "s/^ \"$1\": \(.*[^,]\),\{0,1\}\$/\1/p" state.json 2>/dev/null | head -n 1; }
-numbers() { # NAME COUNT: of the first list of that name
-    grep -m 1 -A "$2" "\"$1\": \[" state.json | tail -n "$2" | tr -d ' ,'
-}
-
-until_true() { # WHAT COMMAND...: a generous limit that only a failure reaches
-    local what="$1"
-    shift
-    for ((i = 0; i < 600; ++i)); do
-        if "$@"; then
-            echo "ok: $what"
-            return
-        fi
-        kill -0 "$running" 2>/dev/null || [[ -n "${quitting:-}" ]] || fail "$what: the player has ended"
-        sleep 0.05
-    done
-    fail "$what"
-}
-is() { [[ "$(value "$1")" == "$2" ]]; }
-has() { grep -q "$1" state.json; }
-loaded() { is loading false && has '"actorId": "0"' && has '"timeline"'; }
-near() { awk -v a="$1" -v b="$2" -v by="$3" 'BEGIN { d = a - b; exit !(d < by && d > -by) }'; }
-frame_is_near() { near "$(value frame)" "$1" 4; }
-gone() { ! kill -0 "$running" 2>/dev/null; }
-
-until_true "a figure is shown" loaded
-window="$(xdotool search --onlyvisible --name '^kivplayer$' | head -n 1)"
-[[ -n "$window" ]] || fail "there is a window of that name"
-point() { xdotool mousemove --window "$window" "${1%.*}" "${2%.*}"; }
-middle() { # NAME: of a control
-    mapfile -t box < <(numbers "$1" 4)
-    point "$(awk -v a="${box[0]}" -v b="${box[2]}" 'BEGIN { print a + b / 2 }')" \
-        "$(awk -v a="${box[1]}" -v b="${box[3]}" 'BEGIN { print a + b / 2 }')"
-}
-
-until_true "it plays" is playing true
 middle grid # where no key goes astray
-xdotool key space
-until_true "Space pauses" is playing false
-before="$(value frame)"
-xdotool key period
-until_true "a full stop steps one frame on" is frame "$((before + 1))"
-xdotool key ctrl+Home
-until_true "Ctrl+Home goes to the first frame" is frame 0
-frames="$(value frames)"
-xdotool key ctrl+End
-until_true "Ctrl+End goes to the last frame" is frame "$((frames - 1))"
+key space
+until_holds "Space pauses" '.playing == false'
+before="$(tell .frame)"
+key period
+until_holds "a full stop steps one frame on" ".frame == $before + 1"
+key comma
+until_holds "a comma steps one frame back" ".frame == $before"
+key ctrl+Home
+until_holds "Ctrl+Home goes to the first frame" '.frame == 0'
+key ctrl+End
+until_holds "Ctrl+End goes to the last frame" '.frame == .frames - 1'
+key l
+until_holds "l ends looping" '.looping == false'
 
-mapfile -t line < <(numbers timeline 4)
-along() { awk -v a="${line[0]}" -v w="${line[2]}" -v s="$1" 'BEGIN { print a + 7 + (w - 14) * s }'; }
-height="$(awk -v a="${line[1]}" 'BEGIN { print a + 11 }')"
+along() { tell ".places.timeline | .[0] + 7 + (.[2] - 14) * $1"; }
+height="$(tell '.places.timeline[1] + 11')"
 point "$(along 0.25)" "$height"
 xdotool mousedown 1
-until_true "the time line is pressed" frame_is_near "$((frames / 4))"
+until_holds "the time line is pressed" '(.frame - .frames / 4 | fabs) < 4'
 point "$(along 0.6)" "$height"
-until_true "the time line is dragged" frame_is_near "$((frames * 6 / 10))"
+until_holds "the time line is dragged" '(.frame - .frames * 0.6 | fabs) < 4'
 xdotool mouseup 1
 
-middle grid
-xdotool click 1
-until_true "a click takes the grid away" is grid false
-xdotool key g
-until_true "g brings it back" is grid true
-xdotool key m
-until_true "m shows the centre of mass" is centreOfMass true
-xdotool key c
-until_true "c shows contacts" is contacts true
-xdotool key bracketright
-until_true "a bracket plays faster" is speed 2.0
-xdotool key k
-until_true "k follows the actor" is followed 0
-xdotool key k
-until_true "k lets it go" is followed null
-xdotool key h
-until_true "h shows the keys" is help true
-xdotool key h
-until_true "h takes them away" is help false
+toggle() { # KEY STATE: a key puts it over and back again
+    local before
+    before="$(tell ".$2")"
+    key "$1"
+    until_holds "$1 puts $2 over" ".$2 != $before"
+    key "$1"
+    until_holds "$1 puts $2 back" ".$2 == $before"
+}
+click grid
+until_holds "a click takes the grid away" '.grid == false'
+key g
+until_holds "g brings it back" .grid
+toggle m centreOfMass
+toggle c contacts
+toggle b skeleton
+toggle n names
+toggle d shadows
+toggle r fit
+toggle s statistics
+toggle h help
 
-middle name0
-xdotool click 1
-until_true "the name is edited in place" is typing true
+key k
+until_holds "k follows the actor" '.followed == 0'
+target="$(tell '.camera.target | @json')"
+key ctrl+Home
+after_frames 3
+until_holds "the camera goes along" ".camera.target != $target"
+key k
+until_holds "k lets it go" '.followed == null'
+away="$(tell '.camera.eye | @json')"
+key Home
+until_holds "Home takes the camera back" ".camera.eye != $away"
+
+key F6
+until_holds "F6 gives the keyboard to the panels" '.panel == "##sidebar"'
+key F6
+until_holds "F6 gives it to the next one" '.panel == "##bar"'
+key Escape
+until_holds "Escape gives it back" '.panel == ""'
+
+click name0
+until_holds "the name is edited in place" .typing
 xdotool type "Anna"
-xdotool key Return
-until_true "Enter renames" has '"name": "Anna"'
-until_true "the keyboard is given back" is typing false
+key Return
+until_holds "Enter renames" '.actors[0].name == "Anna"'
+until_holds "the keyboard is given back" '.typing == false'
+key space
+until_holds "Space plays" .playing
 
-if has '"seenAt"'; then
-    xdotool key p
-    until_true "p shows the draggers" has '"dragger": true'
-fi
-
-xdotool key F12
+key F12
 until_true "F12 writes a picture" test -s kivplayer-0001.png
-
-quitting=yes
-xdotool key Escape
-until_true "Escape quits" gone
-wait "$running" || fail "it ends well"
-is running false || fail "the last state says so"
+quit

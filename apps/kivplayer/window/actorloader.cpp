@@ -39,6 +39,8 @@ bool ActorLoader::advance()
         m_motion = m_reading.get();
         if (m_motion)
             m_building = m_session.build(*m_motion);
+        else
+            m_failed = m_file;
     }
     bool changed = false;
     if (isReady(m_building)) {
@@ -48,7 +50,8 @@ bool ActorLoader::advance()
         } catch (const std::exception&) {
             built = false;  // finish says what became of the file
         }
-        m_session.finish(std::move(*m_motion), built);
+        if (!m_session.finish(std::move(*m_motion), built))
+            m_failed = m_file;
         m_motion.reset();
         changed = true;
     }

@@ -4,6 +4,7 @@
 #include <list>
 #include <optional>
 #include <string>
+#include <utility>
 
 #include "session.h"
 
@@ -27,6 +28,9 @@ public:
     /// The file that is being loaded; empty where none is.
     const std::string& file() const { return m_file; }
 
+    /// The file that could not be loaded since the last call; the session has said why. Empty: none.
+    std::string takeFailed() { return std::exchange(m_failed, {}); }
+
 private:
     struct Wanted
     {
@@ -40,6 +44,7 @@ private:
     Session& m_session;
     std::list<Wanted> m_waiting;
     std::string m_file;
+    std::string m_failed;
     std::future<std::optional<MotionFile>> m_reading;
     std::optional<MotionFile> m_motion;
     std::future<bool> m_building;

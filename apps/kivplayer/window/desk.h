@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "session.h"
+#include "window/framepace.h"
 #include "window/keytable.h"
 #include "window/propswatch.h"
 #include "window/transport.h"
@@ -21,18 +22,19 @@ struct ShownNow
     bool names = false;
     bool centreOfMass = false;
     bool contacts = false;
+    bool skeleton = false;
     bool grid = true;
     bool draggers = false;
+    bool contactDraggers = false;
+    bool fit = false;
     bool help = false;
     bool statistics = false;
 };
 
-/// How long the last frames took, milliseconds.
-struct FrameTimes
+struct LogLine
 {
-    double mean = 0.0;
-    double worst = 0.0;
-    unsigned long long frames = 0;
+    std::string text;
+    bool isError = false;
 };
 
 /// A place in the window, pixels from its top left corner.
@@ -50,7 +52,8 @@ public:
 
     virtual void perform(Action action) = 0;
     virtual void load(const std::string& file) = 0;
-    virtual void reload(unsigned actor) = 0;
+    /// Loads a file in place of an actor, which stays if the file cannot be read.
+    virtual void replace(unsigned actor, const std::string& file) = 0;
     virtual void remove(unsigned actor) = 0;
     virtual void rename(unsigned actor, const std::string& name) = 0;
     virtual void setVisible(unsigned actor, bool visible) = 0;
@@ -64,9 +67,10 @@ public:
     virtual bool isVisible(unsigned actor) const = 0;
     virtual std::optional<unsigned> followed() const = 0;
     virtual const ShownNow& shown() const = 0;
+    virtual bool shadows() const = 0;
     virtual const FrameTimes& frameTimes() const = 0;
     virtual std::string status() const = 0;
-    virtual const std::vector<std::string>& log() const = 0;
+    virtual const std::vector<LogLine>& log() const = 0;
     virtual const nlohmann::ordered_json& fitReport() = 0;
 
     Transport transport;

@@ -2,11 +2,14 @@
 
 #include <osg/Image>
 #include <osg/ref_ptr>
-#include <osgGA/GUIEventHandler>
 #include <osgViewer/View>
 
 #include <memory>
 #include <string>
+#include <vector>
+
+#include "window/desk.h"
+#include "window/orbitcamera.h"
 
 namespace KivPlayer {
 
@@ -27,12 +30,21 @@ public:
     /// The pixels at the left and at the bottom that belong to panels.
     void setPanels(int left, int bottom);
 
+    /// The places of panels that lie over the scene.
+    void setFloating(const std::vector<Place>& floating);
+
+    /// Gives the keyboard to the first panel, from there to the next one, and from the last one back to the
+    /// scene.
+    void focusNextPanel(const std::vector<std::string>& panels);
+    /// The panel that has the keyboard; empty: none.
+    std::string focusedPanel() const;
+
     /// Between begin and end the panels are described. Between frames of the viewer.
     void begin(int width, int height, double seconds);
     void end();
 
-    /// Asks for a picture of the scene alone from the next frame that is drawn.
-    void askForPicture();
+    /// Asks for a picture of the scene alone, in that area, from the next frame that is drawn.
+    void askForPicture(const FreeArea& area);
     /// @return the picture once it is there, then null again.
     osg::ref_ptr<osg::Image> takePicture();
 

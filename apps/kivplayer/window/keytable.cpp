@@ -17,15 +17,22 @@ const std::vector<KeyBinding>& keyBindings()
         {Action::LastFrame, Keys::KEY_End, true, "Ctrl+End", "Last frame"},
         {Action::Slower, Keys::KEY_Leftbracket, false, "[", "Slower"},
         {Action::Faster, Keys::KEY_Rightbracket, false, "]", "Faster"},
+        {Action::Loop, 'l', false, "l", "Play over and over, or once"},
         {Action::CameraHome, Keys::KEY_Home, false, "Home", "Camera home: the whole motion in view"},
         {Action::Follow, 'k', false, "k", "Follow the next actor, then none"},
         {Action::Names, 'n', false, "n", "Names"},
         {Action::CentreOfMass, 'm', false, "m", "Centre of mass"},
         {Action::Contacts, 'c', false, "c", "Contacts"},
+        {Action::Skeleton, 'b', false, "b", "Bones over the bodies"},
+        {Action::Shadows, 'd', false, "d", "Shadows"},
         {Action::Grid, 'g', false, "g", "Grid on the ground"},
         {Action::PropsDraggers, 'p', false, "p", "Draggers on the props"},
+        {Action::ContactDraggers, 'P', false, "Shift+p", "Draggers on the props' contact points"},
         {Action::Screenshot, Keys::KEY_F12, false, "F12", "Write a picture of the scene"},
+        {Action::Panels, Keys::KEY_F6, false, "F6",
+         "Keyboard to the next panel: arrows, Space, Enter; Esc gives it back"},
         {Action::Help, 'h', false, "h", "These keys"},
+        {Action::Fit, 'r', false, "r", "Fit report: how every actor was dressed"},
         {Action::Statistics, 's', false, "s", "Statistics"},
         {Action::Quit, Keys::KEY_Escape, false, "Esc", "Cancel a drag; otherwise quit"},
     };
@@ -35,9 +42,10 @@ const std::vector<KeyBinding>& keyBindings()
 const std::vector<MouseBinding>& mouseBindings()
 {
     static const std::vector<MouseBinding> bindings{
-        {"Left drag", "Orbit"},
+        {"Left drag", "Orbit; on a dragger: move or turn the props"},
         {"Middle drag", "Pan"},
         {"Right drag, wheel", "Zoom"},
+        {"Drop a file", "Load it"},
     };
     return bindings;
 }

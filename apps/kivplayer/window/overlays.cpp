@@ -48,6 +48,20 @@ void describeHelp(Desk& desk, int width, int height)
     ImGui::PopStyleVar(2);
 }
 
+void describeEmpty(int width, int height)
+{
+    const float x = 0.5f * static_cast<float>(width + kSidebarWidth);
+    const float y = 0.5f * static_cast<float>(height - kBarHeight);
+    ImGui::SetNextWindowPos({x, y}, ImGuiCond_Always, {0.5f, 0.5f});
+    ImGui::PushStyleVar(ImGuiStyleVar_WindowRounding, 8.0f);
+    ImGui::PushStyleVar(ImGuiStyleVar_WindowPadding, ImVec2(24, 20));
+    ImGui::Begin("##empty", nullptr, kStill | ImGuiWindowFlags_NoInputs);
+    ImGui::TextUnformatted("Drop motion files here");
+    ImGui::TextDisabled("or type a path at the left; h shows all keys");
+    ImGui::End();
+    ImGui::PopStyleVar(2);
+}
+
 void describeStatistics(const Desk& desk, int width)
 {
     ImGui::SetNextWindowPos({static_cast<float>(width) - 16, 16}, ImGuiCond_Always, {1.0f, 0.0f});
@@ -57,6 +71,7 @@ void describeStatistics(const Desk& desk, int width)
     ImGui::Text("%.1f frames per second", times.mean > 0.0 ? 1000.0 / times.mean : 0.0);
     ImGui::Text("%.1f ms mean, %.1f ms worst", times.mean, times.worst);
     ImGui::TextDisabled("over the last two seconds");
+    ImGui::Text("%.1f ms beside drawing", times.between);
     std::size_t joints = 0;
     for (const auto& [index, actor] : desk.actors())
         joints += actor.dressed.joints().size();

@@ -1,11 +1,8 @@
 #include "window/playerwindow.h"
 
-#include <osgViewer/GraphicsWindow>
-
 #include <algorithm>
 #include <cmath>
 #include <filesystem>
-#include <stdexcept>
 #include <thread>
 #include <utility>
 
@@ -13,6 +10,7 @@
 #include "KivErrorOperator/tavrincommonerrormsg.h"
 #include "KivMemoryShare/scenecfgshare.h"
 #include "KivRenderState/kivrenderstatemanager.h"
+#include "window/startup.h"
 
 namespace KivPlayer {
 
@@ -22,58 +20,9 @@ using KivRenderState::KivRenderStateManager;
 
 namespace {
 
-constexpr int kWidth = 1280;
-constexpr int kHeight = 800;
-constexpr unsigned kSamples = 4;
 /// A display that does not hold frames back shall not keep a whole processor busy.
 constexpr double kShortestFrame = 1.0 / 120.0;
 constexpr double kLongestStep = 1.0;  // seconds of playback that one frame may take
-
-/// Smooth edges cost a processor that draws by itself most of its frames.
-bool drawsInSoftware()
-{
-    osg::ref_ptr<osg::GraphicsContext::Traits> traits = new osg::GraphicsContext::Traits;
-    traits->readDISPLAY();
-    traits->width = 1;
-    traits->height = 1;
-    traits->pbuffer = true;
-    const osg::ref_ptr<osg::GraphicsContext> context =
-        osg::GraphicsContext::createGraphicsContext(traits.get());
-    if (!context || !context->realize() || !context->makeCurrent())
-        return true;
-    const GLubyte* renderer = glGetString(GL_RENDERER);
-    const std::string name = renderer ? reinterpret_cast<const char*>(renderer) : "";
-    context->releaseContext();
-    context->close();
-    return name.find("llvmpipe") != std::string::npos || name.find("softpipe") != std::string::npos;
-}
-
-/// Notes what keys ask for; it is done between frames, where commands get through the gate.
-class KeyHandler : public osgGA::GUIEventHandler
-{
-public:
-    explicit KeyHandler(std::vector<Action>& asked) : m_asked(asked) {}
-
-    bool handle(const osgGA::GUIEventAdapter& ea, osgGA::GUIActionAdapter&, osg::Object*,
-                osg::NodeVisitor*) override
-    {
-        if (ea.getEventType() == osgGA::GUIEventAdapter::CLOSE_WINDOW ||
-            ea.getEventType() == osgGA::GUIEventAdapter::QUIT_APPLICATION) {
-            m_asked.push_back(Action::Quit);
-            return true;
-        }
-        if (ea.getHandled() || ea.getEventType() != osgGA::GUIEventAdapter::KEYDOWN)
-            return false;
-        const bool control = (ea.getModKeyMask() & osgGA::GUIEventAdapter::MODKEY_CTRL) != 0;
-        const KeyBinding* binding = bindingFor(ea.getKey(), control);
-        if (binding)
-            m_asked.push_back(binding->action);
-        return binding != nullptr;
-    }
-
-private:
-    std::vector<Action>& m_asked;
-};
 
 }  // namespace
 
@@ -82,21 +31,32 @@ PlayerWindow::PlayerWindow(const Options& options, Session& session, Console& co
       m_session(session),
       m_console(console),
       m_loader(session),
+      m_commands(session, console),
       m_publisher(options.shown.contacts),
       m_stage(SceneCfgShare::instance()->getCharacterSceneNode()),
-      m_stateFile(options.stateFile)
+      m_spInterface(std::make_unique<InterfaceLayer>(session.fontPath())),
+      m_window(m_stage.root(), m_camera.manipulator()),
+      m_spNative(NativeWindow::of(m_window.context())),
+      m_detail(m_window.drawsInSoftware()),
+      m_watch(options.watch),
+      m_stateFile(options.stateFile),
+      m_avatar(
+          std::async(std::launch::async, [path = session.avatarPath()] { return AvatarFile::read(path); }))
 {
+    startUp().reached("window");
     m_shown.contacts = options.shown.contacts;
     m_shown.centreOfMass = options.shown.centreOfMass;
     m_shown.grid = options.shown.grid;
+    m_shown.skeleton = options.shown.skeleton;
     m_names = options.shown.names;
     m_stage.showGrid(m_shown.grid);
+    m_stage.showSkeleton(m_shown.skeleton);
     KivRenderStateManager::instance()->setCenterOfMassShow(m_shown.centreOfMass);
     CharacterizationManager::instance()->RegistPropsPropertyChangeNotify(&props);
+    SceneCfgShare::instance()->setCompositeViewer(&m_window.viewer());
     registerKeys();
-    m_spInterface = std::make_unique<InterfaceLayer>(session.fontPath());
     m_spInterface->setPanels(kSidebarWidth, kBarHeight);
-    openWindow();
+    m_spInterface->attach(m_window.view(), *m_stage.root());
     loadMotions();
 }
 
@@ -104,57 +64,8 @@ PlayerWindow::~PlayerWindow()
 {
     CharacterizationManager::instance()->UnRegistPropsPropertyChangeNotify(&props);
     SceneCfgShare::instance()->setCompositeViewer(nullptr);
-    osgViewer::ViewerBase::Contexts contexts;
-    m_spViewer->getContexts(contexts);
-    for (osg::GraphicsContext* context : contexts)
-        context->makeCurrent();
+    m_window.context().makeCurrent();
     m_spInterface.reset();
-}
-
-void PlayerWindow::openWindow()
-{
-    m_spViewer = new osgViewer::CompositeViewer;
-    m_spViewer->setThreadingModel(osgViewer::ViewerBase::SingleThreaded);
-    m_spViewer->setKeyEventSetsDone(0);
-    m_spViewer->setQuitEventSetsDone(false);
-    osg::ref_ptr<osg::GraphicsContext::Traits> traits = new osg::GraphicsContext::Traits;
-    traits->readDISPLAY();
-    traits->setUndefinedScreenDetailsToDefaultScreen();
-    traits->x = 60;
-    traits->y = 40;
-    traits->width = kWidth;
-    traits->height = kHeight;
-    traits->windowName = "kivplayer";
-    traits->windowDecoration = true;
-    traits->doubleBuffer = true;
-    traits->samples = drawsInSoftware() ? 0 : kSamples;
-    const osg::ref_ptr<osg::GraphicsContext> context =
-        osg::GraphicsContext::createGraphicsContext(traits.get());
-    if (!context)
-        throw std::runtime_error("no window can be opened on this display");
-    m_spView = new osgViewer::View;
-    osg::Camera* camera = m_spView->getCamera();
-    camera->setGraphicsContext(context.get());
-    camera->setViewport(0, 0, kWidth, kHeight);
-    camera->setProjectionResizePolicy(osg::Camera::FIXED);
-    m_spView->setSceneData(m_stage.root());
-    m_spView->setCameraManipulator(m_camera.manipulator(), false);
-    m_spView->addEventHandler(new KeyHandler(m_asked));
-    m_spInterface->attach(*m_spView, *m_stage.root());
-    m_spViewer->addView(m_spView);
-    SceneCfgShare::instance()->setCompositeViewer(m_spViewer);
-    m_spViewer->realize();
-}
-
-void PlayerWindow::loadMotions()
-{
-    m_nextActor = static_cast<unsigned>(m_options.motions.size());
-    for (std::size_t i = 0; i < m_options.motions.size(); ++i) {
-        const std::string& file = m_options.motions[i];
-        m_loader.load(
-            static_cast<unsigned>(i), file,
-            i < m_options.names.size() ? m_options.names[i] : std::filesystem::path(file).stem().string());
-    }
 }
 
 double PlayerWindow::now() const
@@ -164,45 +75,45 @@ double PlayerWindow::now() const
 
 FreeArea PlayerWindow::area() const
 {
-    const osg::Viewport* viewport = m_spView->getCamera()->getViewport();
-    return {static_cast<int>(viewport->width()), static_cast<int>(viewport->height()), kSidebarWidth,
-            kBarHeight};
+    return {m_window.width(), m_window.height(), kSidebarWidth, kBarHeight};
 }
 
 void PlayerWindow::run()
 {
     double last = now();
-    while (!m_quit && !m_spViewer->done()) {
+    while (!m_quit && !m_window.viewer().done()) {
         const double began = now();
         betweenFrames(began - last);
         last = began;
+        const double drawing = now();
         frame();
-        if (m_firstFrame < 0.0)
-            m_firstFrame = now();
-        if (m_firstFigure < 0.0 && !actors().empty())
-            m_firstFigure = now();
+        const double drawn = now() - drawing;
+        m_pace.note(drawn, drawing - began);
+        if (m_pace.times().frames == 1)
+            startUp().reached("first frame");
         const double spare = kShortestFrame - (now() - began);
         if (spare > 0.0)
             std::this_thread::sleep_for(std::chrono::duration<double>(spare));
     }
+    writeReport();
     writeState(true);
 }
 
 void PlayerWindow::betweenFrames(double passed)
 {
-    measure(passed);
+    takeDrops();
+    takeChangedFiles();
     if (m_loader.advance())
         takeActors();
-    if (m_starting && !m_loader.isBusy()) {
-        m_starting = false;
-        if (m_options.follow)
-            follow(static_cast<unsigned>(*m_options.follow));
-        if (m_options.shown.props)
-            perform(Action::PropsDraggers);
-    }
-    for (const Action action : std::exchange(m_asked, {}))
+    if (const std::string failed = m_loader.takeFailed(); !failed.empty())
+        say(std::filesystem::path(failed).filename().string() + ": not loaded; the log says why");
+    if (m_starting && !m_loader.isBusy())
+        endStarting();
+    for (const Action action : m_window.takeAsked())
         perform(action);
-    takeAnswers();
+    for (const std::string& what : m_commands.takeAnswers())
+        say("Could not be done: " + what);
+    watchDraggers();
     if (!m_starting)
         transport.advance(std::min(passed, kLongestStep));
     refreshLog();
@@ -211,12 +122,25 @@ void PlayerWindow::betweenFrames(double passed)
     writeState(false);
 }
 
+void PlayerWindow::endStarting()
+{
+    m_starting = false;
+    if (!actors().empty())
+        startUp().reached("actors");
+    m_console.note("start-up: " + startUp().text());
+    if (m_options.follow)
+        follow(static_cast<unsigned>(*m_options.follow));
+    if (m_options.shown.props)
+        perform(Action::PropsDraggers);
+    writeReport();
+}
+
 void PlayerWindow::frame()
 {
     m_session.gate().close();
     try {
         beforeDrawing();
-        m_spViewer->frame(now());
+        m_window.viewer().frame(now());
     } catch (...) {
         m_session.gate().open();
         throw;
@@ -227,16 +151,27 @@ void PlayerWindow::frame()
 void PlayerWindow::beforeDrawing()
 {
     m_publisher.show(std::min(transport.time(), transport.duration()));
-    osg::BoundingBox box;
-    for (const osg::Vec3d& place : m_publisher.placesNow())
-        box.expandBy(place);
-    m_stage.light(box);
+    m_stage.light(boxWithGround(m_publisher.placesNow()));
+    m_detail.judge(m_pace.times());
+    m_stage.setDetail(m_pictureWanted ? StageDetail::Fine : m_detail.detail());
+    if (std::exchange(m_pictureWanted, false))
+        m_spInterface->askForPicture(area());
     goAlong();
-    m_camera.project(*m_spView->getCamera(), area());
+    m_camera.project(m_window.camera(), area());
+    m_window.drawOnly(area());
+}
+
+/// What the draggers are doing, and that a drag ends when the keyboard goes to another window.
+void PlayerWindow::watchDraggers()
+{
+    const bool lost = props.isDragging() && m_spNative && !m_spNative->hasKeyboard();
+    const KivTaskCommand::SceneGate::Pass pass(m_session.gate());
     for (WatchedProps& one : props.all()) {
         osg::ref_ptr<KivManipulator::PropsGeode> geode;
         if (!one.geode.lock(geode))
             continue;
+        if (lost)
+            geode->finishDrag();
         one.draggerShown = geode->isPropsDraggerShown();
         one.contactDraggerShown = geode->isContactPointDraggerShown();
     }
@@ -249,29 +184,17 @@ void PlayerWindow::describePanels()
     m_spInterface->begin(whole.windowWidth, whole.windowHeight, now());
     m_sidebar.describe(*this, whole.windowHeight);
     describeBar(*this, whole.windowWidth, whole.windowHeight);
+    if (actors().empty() && !m_loader.isBusy())
+        describeEmpty(whole.windowWidth, whole.windowHeight);
+    if (m_shown.fit)
+        describeFit(*this, whole.windowWidth, whole.windowHeight);
     if (m_shown.statistics)
         describeStatistics(*this, whole.windowWidth);
     if (m_shown.help)
         describeHelp(*this, whole.windowWidth, whole.windowHeight);
     m_spInterface->end();
-}
-
-void PlayerWindow::measure(double passed)
-{
-    m_passed.push_back(passed);
-    ++m_frameTimes.frames;
-    double sum = 0.0;
-    double worst = 0.0;
-    for (const double one : m_passed) {
-        sum += one;
-        worst = std::max(worst, one);
-    }
-    m_frameTimes.mean = 1000.0 * sum / static_cast<double>(m_passed.size());
-    m_frameTimes.worst = 1000.0 * worst;
-    while (m_passed.size() > 1 && sum > 2.0) {
-        sum -= m_passed.front();
-        m_passed.pop_front();
-    }
+    const auto fit = places.find("fitReport");
+    m_spInterface->setFloating(fit != places.end() ? std::vector<Place>{fit->second} : std::vector<Place>());
 }
 
 void PlayerWindow::refreshLog()
@@ -279,7 +202,11 @@ void PlayerWindow::refreshLog()
     if (now() - m_logRead < 0.5)
         return;
     m_logRead = now();
-    m_log = KivErrorOperator::TavrinCommonErrorMsg::instance()->history();
+    m_log.clear();
+    for (const std::string& line : KivErrorOperator::TavrinCommonErrorMsg::instance()->history())
+        m_log.push_back({line, false});
+    for (const std::string& line : m_console.errorLines())
+        m_log.push_back({line, true});
 }
 
 void PlayerWindow::goAlong()

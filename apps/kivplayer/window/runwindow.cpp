@@ -6,6 +6,7 @@
 #include "avatartrial.h"
 #include "session.h"
 #include "window/playerwindow.h"
+#include "window/startup.h"
 
 namespace KivPlayer {
 
@@ -23,6 +24,7 @@ ExitCode runWindow(const Options& options, Console& console)
 {
     Session session(console, options.reading);
     startSession(session, options, console);
+    startUp().reached("avatar and font");
     {
         PlayerWindow window(options, session, console);
         window.run();

@@ -41,6 +41,10 @@ void setColours(ImVec4* colours)
     colours[ImGuiCol_Separator] = grey(0.22f);
     colours[ImGuiCol_ScrollbarBg] = grey(0.08f, 0.0f);
     colours[ImGuiCol_ScrollbarGrab] = grey(0.26f);
+    colours[ImGuiCol_Tab] = grey(0.155f);
+    colours[ImGuiCol_TabHovered] = grey(0.26f);
+    colours[ImGuiCol_TabActive] = grey(0.24f);
+    colours[ImGuiCol_NavHighlight] = kAccent;
     colours[ImGuiCol_TableHeaderBg] = grey(0.155f);
     colours[ImGuiCol_TableRowBgAlt] = grey(0.20f, 0.25f);
 }

@@ -1,6 +1,7 @@
 #include <imgui.h>
 
 #include "window/playerwindow.h"
+#include "window/startup.h"
 
 namespace KivPlayer {
 
@@ -27,8 +28,7 @@ void PlayerWindow::writeState(bool always)
 
 ordered_json PlayerWindow::propsState() const
 {
-    // Where a props is seen: its bone's frame holds its position.
-    const osg::Camera& camera = *m_spView->getCamera();
+    const osg::Camera& camera = m_window.camera();
     const osg::Matrixd toWindow =
         camera.getViewMatrix() * camera.getProjectionMatrix() * camera.getViewport()->computeWindowMatrix();
     ordered_json list = ordered_json::array();
@@ -44,13 +44,30 @@ ordered_json PlayerWindow::propsState() const
                            {"drags", one.drags}};
         osg::ref_ptr<KivManipulator::PropsGeode> geode;
         if (one.geode.lock(geode)) {
+            // What is told in the frame of the bone, where it is seen.
             const osg::MatrixList toWorld = geode->getWorldMatrices();
-            const osg::Vec3d seen =
-                one.position * (toWorld.empty() ? osg::Matrixd() : toWorld.front()) * toWindow;
-            entry["seenAt"] = {seen.x(), camera.getViewport()->height() - seen.y()};
+            const osg::Matrixd seen = (toWorld.empty() ? osg::Matrixd() : toWorld.front()) * toWindow;
+            const auto inWindow = [&](const osg::Vec3d& place) -> ordered_json {
+                const osg::Vec3d at = place * seen;
+                return {at.x(), camera.getViewport()->height() - at.y()};
+            };
+            entry["inScene"] = numbers(geode->getPropsGeometryMat().getTrans());
+            entry["seenAt"] = inWindow(one.position);
+            for (const osg::Vec3d& handle : geode->getPropsDraggerHandles())
+                entry["handles"].push_back(inWindow(handle));
+            for (const osg::Vec3d& handle : geode->getContactPointDraggerHandles())
+                entry["contactHandles"].push_back(inWindow(handle));
         }
         list.push_back(entry);
     }
+    return list;
+}
+
+ordered_json PlayerWindow::placesState() const
+{
+    ordered_json list = ordered_json::object();
+    for (const auto& [name, where] : places)
+        list[name] = {where.x, where.y, where.width, where.height};
     return list;
 }
 
@@ -61,15 +78,22 @@ ordered_json PlayerWindow::state() const
         actorList.push_back({{"actorId", actor.id()},
                              {"name", actor.name},
                              {"file", actor.file},
+                             {"frames", actor.frames()},
                              {"visible", isVisible(index)}});
-    ordered_json placeList = ordered_json::object();
-    for (const auto& [name, where] : places)
-        placeList[name] = {where.x, where.y, where.width, where.height};
+    ordered_json startList = ordered_json::object();
+    for (const auto& [part, seconds] : startUp().parts())
+        startList[part] = seconds;
+    ordered_json errors = ordered_json::array();
+    for (const LogLine& line : m_log)
+        if (line.isError)
+            errors.push_back(line.text);
     const CameraPose pose = m_camera.pose();
     const std::optional<unsigned> along = followed();
+    const FrameTimes& times = m_pace.times();
+    const FreeArea free = area();
     return {{"running", true},
             {"loading", m_starting || m_loader.isBusy()},
-            {"commands", m_pending.size()},
+            {"commands", m_commands.count()},
             {"playing", transport.isPlaying()},
             {"looping", transport.isLooping()},
             {"time", transport.time()},
@@ -81,19 +105,30 @@ ordered_json PlayerWindow::state() const
             {"grid", m_shown.grid},
             {"centreOfMass", m_shown.centreOfMass},
             {"contacts", m_shown.contacts},
+            {"skeleton", m_shown.skeleton},
+            {"shadows", m_detail.shadows()},
+            {"fit", m_shown.fit},
             {"help", m_shown.help},
             {"statistics", m_shown.statistics},
             {"typing", ImGui::GetIO().WantTextInput},
+            {"panel", m_spInterface->focusedPanel()},
             {"followed", along ? ordered_json(*along) : ordered_json(nullptr)},
             {"camera", {{"eye", numbers(pose.eye)}, {"target", numbers(pose.target)}}},
+            {"picture", {free.windowWidth - free.left, free.windowHeight - free.bottom}},
             {"actors", actorList},
             {"props", propsState()},
+            {"errors", errors},
+            {"said", status()},
             {"pictures", m_pictures},
-            {"places", placeList},
-            {"firstFrameAfter", m_firstFrame},
-            {"firstFigureAfter", m_firstFigure},
+            {"places", placesState()},
+            {"startUp", startList},
             {"frameTimes",
-             {{"frames", m_frameTimes.frames}, {"mean", m_frameTimes.mean}, {"worst", m_frameTimes.worst}}}};
+             {{"frames", times.frames},
+              {"mean", times.mean},
+              {"worst", times.worst},
+              {"between", times.between},
+              {"longestBetween", times.longestBetween},
+              {"longest", times.longest}}}};
 }
 
 }  // namespace KivPlayer
