@@ -105,13 +105,14 @@ Stage::Stage(osg::Group* figures)
       m_spRadius(new osg::Uniform("kivStageRadius", 300.0f)),
       m_spGridStep(new osg::Uniform("kivGridStep", 100.0f)),
       m_spShowGrid(new osg::Uniform("kivShowGrid", true)),
+      m_spPicture(new osg::Uniform("kivPicture", osg::Vec4f(0, 0, 1, 1))),
       m_spSkeleton(new SkeletonOverlay(figures)),
       m_shadow(figures, kShadowSide, true),
       m_footprint(figures, kFootprintSide, false)
 {
     osg::StateSet* shared = m_spRoot->getOrCreateStateSet();
     for (const auto& uniform : {m_spKeyDirection, m_spShadowMatrix, m_spFootprintMatrix, m_spFootprintDepth,
-                                m_spCentre, m_spRadius, m_spGridStep, m_spShowGrid})
+                                m_spCentre, m_spRadius, m_spGridStep, m_spShowGrid, m_spPicture})
         shared->addUniform(uniform);
     shared->addUniform(new osg::Uniform("kivShadowTexel", 1.0f / kShadowSide));
     shared->addUniform(new osg::Uniform("kivShadowMap", static_cast<int>(kShadowUnit)));
@@ -201,6 +202,11 @@ void Stage::setPrograms()
         makeProgram(kGroundVertex, litFragment(kGroundFragment, m_detail, "#define KIV_NEAR_FIGURES\n")));
     m_ground.farState().setAttributeAndModes(
         makeProgram(kGroundVertex, litFragment(kGroundFragment, m_detail)));
+}
+
+void Stage::fillPicture(const osg::Vec4d& area)
+{
+    m_spPicture->set(osg::Vec4f(area));
 }
 
 void Stage::showGrid(bool shown)

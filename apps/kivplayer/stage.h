@@ -3,6 +3,7 @@
 #include <osg/BoundingBox>
 #include <osg/Group>
 #include <osg/Uniform>
+#include <osg/Vec4d>
 #include <osg/ref_ptr>
 
 #include "depthview.h"
@@ -43,6 +44,10 @@ public:
     /// @param azimuth radians, counter-clockwise from the scene's x axis, from the figures to the eye.
     void setFront(double azimuth);
 
+    /// The part of the view that is a picture by itself, for the backdrop: its middle and half its sides, in
+    /// clip space. All of it at first.
+    void fillPicture(const osg::Vec4d& area);
+
     void showGrid(bool shown);
     /// The bones of the figures, over their bodies; off at first.
     void showSkeleton(bool shown);
@@ -63,6 +68,7 @@ private:
     osg::ref_ptr<osg::Uniform> m_spRadius;
     osg::ref_ptr<osg::Uniform> m_spGridStep;
     osg::ref_ptr<osg::Uniform> m_spShowGrid;
+    osg::ref_ptr<osg::Uniform> m_spPicture;
     osg::ref_ptr<SkeletonOverlay> m_spSkeleton;
     DepthView m_shadow;
     DepthView m_footprint;

@@ -21,9 +21,11 @@ vec3 decode(vec3 colour)
 {
     return mix(colour / 12.92, pow((colour + 0.055) / 1.055, vec3(2.4)), step(0.04045, colour));
 }
-// A studio wall: lighter behind the figures, darker above and towards the corners. Position is in -1..1.
-vec3 backdrop(vec2 position)
+uniform vec4 kivPicture;
+// A studio wall: lighter behind the figures, darker above and towards the corners. The place is in clip space.
+vec3 backdrop(vec2 place)
 {
+    vec2 position = (place - kivPicture.xy) / kivPicture.zw;
     float height = clamp(0.5 + 0.5 * position.y, 0.0, 1.0);
     vec3 wall = mix(vec3(0.080, 0.095, 0.116), vec3(0.022, 0.031, 0.047), smoothstep(0.10, 1.0, height));
     vec2 fromGlow = (position - vec2(0.0, -0.05)) * vec2(0.75, 0.95);

@@ -36,6 +36,14 @@ double FreeArea::aspect() const
     return static_cast<double>(width) / height;
 }
 
+osg::Vec4d FreeArea::inClipSpace() const
+{
+    const double across = std::max(1.0, static_cast<double>(windowWidth - left)) / std::max(1, windowWidth);
+    const double upright =
+        std::max(1.0, static_cast<double>(windowHeight - bottom)) / std::max(1, windowHeight);
+    return {1.0 - across, 1.0 - upright, across, upright};
+}
+
 OrbitCamera::OrbitCamera() : m_spOrbit(new KeylessOrbit)
 {
     setHome({osg::Vec3d(250, -600, 200), osg::Vec3d(0, 0, 90), osg::Vec3d(0, 0, 1)});
@@ -52,7 +60,7 @@ void OrbitCamera::goHome()
     m_spOrbit->home(0.0);
 }
 
-void OrbitCamera::project(osg::Camera& camera, const FreeArea& area) const
+void OrbitCamera::project(osg::Camera& camera, const FreeArea& area, const osg::Vec2d& aside) const
 {
     const double width = std::max(1, area.windowWidth);
     const double height = std::max(1, area.windowHeight);
@@ -60,7 +68,8 @@ void OrbitCamera::project(osg::Camera& camera, const FreeArea& area) const
     const double upright = std::max(1.0, height - area.bottom) / height;
     camera.setProjectionMatrix(osg::Matrixd::perspective(kFieldOfView, area.aspect(), 1.0, 10000.0) *
                                osg::Matrixd::scale(across, upright, 1.0) *
-                               osg::Matrixd::translate(1.0 - across, 1.0 - upright, 0.0));
+                               osg::Matrixd::translate(1.0 - across - 2.0 * aside.x() / width,
+                                                       1.0 - upright - 2.0 * aside.y() / height, 0.0));
 }
 
 void OrbitCamera::approach(const osg::Vec3d& point, double height)

@@ -1,7 +1,9 @@
 #pragma once
 
 #include <osg/Camera>
+#include <osg/Vec2d>
 #include <osg/Vec3d>
+#include <osg/Vec4d>
 #include <osg/ref_ptr>
 #include <osgGA/OrbitManipulator>
 
@@ -20,6 +22,8 @@ struct FreeArea
     int bottom = 0;  ///< taken at the bottom
 
     double aspect() const;
+    /// Its middle and half its sides, where the window goes from -1 to 1 with y upwards.
+    osg::Vec4d inClipSpace() const;
 };
 
 /// The camera of the window: orbits about a point with the z axis upright, knows its home, and goes along
@@ -38,7 +42,8 @@ public:
 
     /// Projects so that the middle of the picture is the middle of the free area, while the scene is drawn
     /// behind the panels, too.
-    void project(osg::Camera& camera, const FreeArea& area) const;
+    /// @param aside how far the camera is aside, pixels to the right and upwards.
+    void project(osg::Camera& camera, const FreeArea& area, const osg::Vec2d& aside = {}) const;
 
     /// Turns towards a point and comes near enough for a figure of that height to be seen well.
     void approach(const osg::Vec3d& point, double height);

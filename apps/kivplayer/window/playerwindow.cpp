@@ -114,10 +114,10 @@ void PlayerWindow::betweenFrames(double passed)
     for (const std::string& what : m_commands.takeAnswers())
         say("Could not be done: " + what);
     watchDraggers();
-    if (!m_starting)
+    if (!m_starting && !m_picture.isBusy())
         transport.advance(std::min(passed, kLongestStep));
     refreshLog();
-    savePicture();
+    takePicture();
     describePanels();
     writeState(false);
 }
@@ -153,11 +153,12 @@ void PlayerWindow::beforeDrawing()
     m_publisher.show(std::min(transport.time(), transport.duration()));
     m_stage.light(boxWithGround(m_publisher.placesNow()));
     m_detail.judge(m_pace.times());
-    m_stage.setDetail(m_pictureWanted ? StageDetail::Fine : m_detail.detail());
-    if (std::exchange(m_pictureWanted, false))
+    m_stage.setDetail(m_picture.isBusy() ? StageDetail::Fine : m_detail.detail());
+    if (m_picture.isBusy())
         m_spInterface->askForPicture(area());
     goAlong();
-    m_camera.project(m_window.camera(), area());
+    m_camera.project(m_window.camera(), area(), m_picture.isBusy() ? m_picture.offset() : osg::Vec2d());
+    m_stage.fillPicture(area().inClipSpace());
     m_window.drawOnly(area());
 }
 

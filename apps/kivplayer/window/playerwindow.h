@@ -22,6 +22,7 @@
 #include "window/panels.h"
 #include "window/pendingcommands.h"
 #include "window/statefile.h"
+#include "window/supersampler.h"
 #include "window/viewerwindow.h"
 
 namespace KivPlayer {
@@ -84,7 +85,8 @@ private:
     void toggleContactDraggers();
     void toggleShadows();
     void followNext();
-    void savePicture();
+    void takePicture();
+    void savePicture(const osg::Image& picture);
     void writeReport();
     void writeState(bool always);
     nlohmann::ordered_json state() const;
@@ -123,7 +125,7 @@ private:
     unsigned m_nextActor = 0;
     bool m_quit = false;
     bool m_starting = true;  ///< the motions of the command line are still being loaded
-    bool m_pictureWanted = false;
+    Supersampler m_picture;
     Clock::time_point m_start = Clock::now();
     std::vector<std::string> m_pictures;  ///< that were written
 };

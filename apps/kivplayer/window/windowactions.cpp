@@ -99,7 +99,7 @@ void PlayerWindow::perform(Action action)
             toggleContactDraggers();
             break;
         case Action::Screenshot:
-            m_pictureWanted = true;
+            m_picture.begin();
             break;
         case Action::Panels:
             m_spInterface->focusNextPanel({kSidebarWindow, kBarWindow});
@@ -200,13 +200,18 @@ void PlayerWindow::writeReport()
                            KivPlayer::fitReport(actors(), m_avatar.get(), m_console.errors()), m_console);
 }
 
-void PlayerWindow::savePicture()
+void PlayerWindow::takePicture()
 {
-    const osg::ref_ptr<osg::Image> picture = m_spInterface->takePicture();
-    if (!picture)
-        return;
+    const osg::ref_ptr<osg::Image> frame = m_spInterface->takePicture();
+    const osg::ref_ptr<osg::Image> picture = frame && m_picture.isBusy() ? m_picture.take(*frame) : nullptr;
+    if (picture)
+        savePicture(*picture);
+}
+
+void PlayerWindow::savePicture(const osg::Image& picture)
+{
     const std::string name = unusedPictureName();
-    const std::string problem = writePicture(*picture, name);
+    const std::string problem = writePicture(picture, name);
     if (problem.empty()) {
         m_pictures.push_back(name);
         say("Written: " + name);
