@@ -71,7 +71,7 @@ void FramePublisher::setActors(const std::map<unsigned, LoadedActor>& actors,
         const auto known = std::find_if(before.begin(), before.end(), [&actor = actor](const Body& body) {
             return body.root == &actor.dressed.root();
         });
-        m_bodies.push_back(known != before.end() ? std::move(*known) : makeBody(actor, shown));
+        m_bodies.push_back(known != before.end() && !shown ? std::move(*known) : makeBody(actor, shown));
         m_bodies.back().actor = &actor;
         m_duration = std::max(m_duration, actor.duration());
         if (actor.document.frameTime > 0.0)
