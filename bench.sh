@@ -30,8 +30,11 @@ count_instructions() { # One line a work: its instructions, its name.
     local counts="$PWD/$results/counts"
     rm -rf "$counts"
     mkdir -p "$counts"
-    # Addresses, environment and locale decide how maps are ordered and strings compared: all three are fixed.
-    (cd "$counts" && env -i LC_ALL=C HOME=/nonexistent PATH="$PATH" setarch "$(uname -m)" -R \
+    # Addresses, environment and locale decide how maps are ordered and strings compared: all three are fixed, the
+    # first where the system allows it.
+    local fixed=(setarch "$(uname -m)" -R)
+    "${fixed[@]}" true 2>/dev/null || fixed=()
+    (cd "$counts" && env -i LC_ALL=C HOME=/nonexistent PATH="$PATH" "${fixed[@]}" \
         valgrind --quiet --tool=callgrind --collect-atstart=no --callgrind-out-file=counted "$programs/kivinstructions")
     for file in $(ls "$counts"/counted.* | sort -t . -k 2 -n); do
         awk '/^desc: Trigger/ { sub(/.*Client Request: /, ""); name = $0 } /^totals:/ { print $2 "\t" name }' "$file"
