@@ -125,6 +125,7 @@ void PlayerWindow::betweenFrames(double passed)
 void PlayerWindow::endStarting()
 {
     m_starting = false;
+    m_pace.beginAnew();
     if (!actors().empty())
         startUp().reached("actors");
     m_console.note("start-up: " + startUp().text());
