@@ -48,6 +48,7 @@ INSTANTIATE_TEST_SUITE_P(
     testing::Values(
         Refused{"noMotion", {"--output", "a.png"}, "at least one motion file"},
         Refused{"nothingToDo", {"a.bvh"}, "nothing to do"},
+        Refused{"watchingWithoutAWindow", {"a.bvh", "--watch", "--output", "a.png"}, "needs the window"},
         Refused{"unknownOption", {"a.bvh", "--no-render", "--colour"}, "--colour"},
         Refused{"optionWithoutValue", {"a.bvh", "--output"}, "--output"},
         Refused{"otherPictureFormat", {"a.bvh", "--output", "a.jpg"}, "ends in .png"},
