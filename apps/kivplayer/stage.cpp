@@ -1,6 +1,5 @@
 #include "stage.h"
 
-#include <osg/Depth>
 #include <osg/Geometry>
 #include <osg/Program>
 
@@ -26,9 +25,9 @@ constexpr double kFootprintHeight = 90.0;
 constexpr double kKeyElevation = 0.78;
 constexpr double kKeyBeside = 0.95;  // radians to the left of the first look
 
+constexpr int kBackdropBin = -20;
 // After the figures, so that nothing is shaded that they hide; ahead of what is transparent.
 constexpr int kGroundBin = 5;
-constexpr int kBackdropBin = 6;
 
 osg::ref_ptr<osg::Program> makeProgram(const char* vertex, const std::string& fragment)
 {
@@ -64,13 +63,13 @@ public:
     osg::BoundingBox computeBound(const osg::Drawable&) const override { return osg::BoundingBox(); }
 };
 
-/// Stands at the far end of the depth range.
+/// Behind everything, whatever its depth.
 osg::ref_ptr<osg::Geometry> makeBackdrop()
 {
     osg::ref_ptr<osg::Geometry> backdrop = new osg::Geometry;
     osg::ref_ptr<osg::Vec3Array> corners = new osg::Vec3Array;
-    for (const float x : {-1.0f, 1.0f})
-        for (const float y : {-1.0f, 1.0f})
+    for (const float y : {-1.0f, 1.0f})
+        for (const float x : {-1.0f, 1.0f})
             corners->push_back({x, y, 0.0f});
     backdrop->setVertexArray(corners);
     backdrop->addPrimitiveSet(new osg::DrawArrays(GL_TRIANGLE_STRIP, 0, 4));
@@ -83,7 +82,7 @@ osg::ref_ptr<osg::Geometry> makeBackdrop()
     state->setAttributeAndModes(makeProgram(
         StageShaders::kBackdropVertex,
         std::string(StageShaders::kVersion) + StageShaders::kColours + StageShaders::kBackdropFragment));
-    state->setAttributeAndModes(new osg::Depth(osg::Depth::LEQUAL, 0.0, 1.0, false));
+    state->setMode(GL_DEPTH_TEST, osg::StateAttribute::OFF);
     state->setRenderBinDetails(kBackdropBin, "RenderBin");
     return backdrop;
 }

@@ -1,13 +1,14 @@
 #!/usr/bin/env bash
-# sameness.sh PLAYER MOTION: the window's picture of a frame is the one that is made without a display.
+# sameness.sh PLAYER MOTION OVERLAYS: the window's picture of a frame is the one that is made without a display.
 set -euo pipefail
 # shellcheck source=tests/gui/hand.sh
 source "$(dirname "$(realpath "$0")")/hand.sh"
 player="$(realpath "$1")"
 motion="$(realpath "$2")"
-on_a_display "$player" "$motion"
+overlays="$3"
+on_a_display "$player" "$motion" "$overlays"
 in_a_folder
-camera=(--camera-position 210,-420,150 --camera-target 0,20,85 --show "com,contacts,skeleton")
+camera=(--camera-position 210,-420,150 --camera-target 0,20,85 --show "$overlays")
 play "$player" "${camera[@]}" --frame 60 "$motion"
 key space
 until_holds "Space pauses" '.playing == false'

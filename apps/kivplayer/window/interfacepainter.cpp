@@ -42,11 +42,13 @@ osg::ref_ptr<osg::Image> InterfacePainter::takePicture()
 void InterfacePainter::paint(osg::State& state, ImDrawData& panels)
 {
     const auto* gl = state.get<osg::GLExtensions>();
+    // Through the state, so that it knows: what the scene draws first would read from the wrong buffer
+    // otherwise.
+    state.unbindVertexBufferObject();
+    state.unbindElementBufferObject();
     glPushClientAttrib(GL_CLIENT_ALL_ATTRIB_BITS);
     glPushAttrib(GL_ALL_ATTRIB_BITS);
     gl->glUseProgram(0);
-    gl->glBindBuffer(GL_ARRAY_BUFFER_ARB, 0);
-    gl->glBindBuffer(GL_ELEMENT_ARRAY_BUFFER_ARB, 0);
     for (unsigned unit = kTextureUnits; unit-- > 0;) {
         gl->glActiveTexture(GL_TEXTURE0 + unit);
         gl->glClientActiveTexture(GL_TEXTURE0 + unit);
@@ -54,10 +56,10 @@ void InterfacePainter::paint(osg::State& state, ImDrawData& panels)
         glDisableClientState(GL_TEXTURE_COORD_ARRAY);
     }
     ImGui_ImplOpenGL2_RenderDrawData(&panels);
+    // Modes are what they were and known to be; to call them dirty would turn what is known around.
     glPopAttrib();
     glPopClientAttrib();
     state.setLastAppliedProgramObject(nullptr);
-    state.dirtyAllModes();
     state.dirtyAllAttributes();
     state.dirtyAllVertexArrays();
 }

@@ -30,7 +30,7 @@ const std::vector<KeyBinding>& keyBindings()
         {Action::ContactDraggers, 'P', false, "Shift+p", "Draggers on the props' contact points"},
         {Action::Screenshot, Keys::KEY_F12, false, "F12", "Write a picture of the scene"},
         {Action::Panels, Keys::KEY_F6, false, "F6",
-         "Keyboard to the next panel: arrows, Space, Enter; Esc gives it back"},
+         "Keyboard to the next panel; Esc gives it back"},
         {Action::Help, 'h', false, "h", "These keys"},
         {Action::Fit, 'r', false, "r", "Fit report: how every actor was dressed"},
         {Action::Statistics, 's', false, "s", "Statistics"},
