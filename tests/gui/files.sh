@@ -47,6 +47,7 @@ until_holds "an actor is hidden" '.actors[1].visible == false'
 until_holds "it can be removed" '.places | has("remove1")'
 click remove1
 until_holds "and is gone" '.actors | length == 1'
+after_frames 3 # the panels have moved up
 click load
 until_holds "a path is typed" .typing
 xdotool type "nowhere.bvh"
