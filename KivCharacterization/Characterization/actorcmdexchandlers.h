@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "KivCharacterization/common/actorinfo.h"
+#include "KivCharacterization/common/commandonloan.h"
 #include "KivCommonDef/stickcontact.h"
 #include "KivTaskCommand/icmdexcdelegate.h"
 
@@ -31,6 +32,7 @@ public:
 
 private:
     ActorTable* m_pActors;
+    [[maybe_unused]] CommandOnLoan m_onLoan;
 };
 
 /// What is to be removed of one actor; gone already, it is skipped.
@@ -64,6 +66,7 @@ private:
     std::string m_strActorId;
     std::vector<SActorRemoval> m_vecRemovals;
     std::vector<std::string> m_vecRemovedKeys;
+    [[maybe_unused]] CommandOnLoan m_onLoan;
 };
 
 /// Changes the text of an actor's name label.
@@ -85,6 +88,7 @@ private:
     [[maybe_unused]] FontTable* m_pFonts;
     std::string m_strActorId;
     std::string m_strNewName;
+    [[maybe_unused]] CommandOnLoan m_onLoan;
 };
 
 /// Sets the contact colour of a joint.
@@ -105,6 +109,7 @@ private:
     ActorTable* m_pActors;
     KivCommonDef::KIV_STICKCONTACT_COLOR m_color;
     std::string m_strJointName;
+    [[maybe_unused]] CommandOnLoan m_onLoan;
 };
 
 }  // namespace KivCharacterization

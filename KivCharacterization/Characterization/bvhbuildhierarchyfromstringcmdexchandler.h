@@ -6,6 +6,7 @@
 #include <string>
 
 #include "KivCharacterization/common/actorinfo.h"
+#include "KivCharacterization/common/commandonloan.h"
 #include "KivCharacterization/common/iveinfo.h"
 #include "KivTaskCommand/icmdexcdelegate.h"
 
@@ -51,6 +52,7 @@ private:
     osg::observer_ptr<osg::Group> m_opOldRoot;
     osg::observer_ptr<KivAnimation::Animation> m_opOldAnimation;
     osg::observer_ptr<KivAnimation::Animation> m_opNewAnimation;
+    [[maybe_unused]] CommandOnLoan m_onLoan;
 };
 
 }  // namespace KivCharacterization

@@ -3,6 +3,7 @@
 #include <string>
 
 #include "KivCharacterization/common/actorinfo.h"
+#include "KivCharacterization/common/commandonloan.h"
 #include "KivTaskCommand/icmdexcdelegate.h"
 
 namespace KivCharacterization {
@@ -23,6 +24,7 @@ private:
     [[maybe_unused]] ActorTable* m_pActors;
     std::string m_strTraceId;
     bool m_bTraceOn;
+    [[maybe_unused]] CommandOnLoan m_onLoan;
 };
 
 /// Sends the cameras home.

@@ -1,5 +1,7 @@
 #include "KivCharacterization/characterizationmanager.h"
 
+#include <osg/Notify>
+
 #include "KivCharacterization/Characterization/actorcmdexchandlers.h"
 #include "KivCharacterization/Characterization/actorkey.h"
 #include "KivCharacterization/Characterization/bvhbuildhierarchyfromstringcmdexchandler.h"
@@ -8,6 +10,7 @@
 #include "KivCharacterization/Characterization/modelloading.h"
 #include "KivCharacterization/Characterization/propscmdexchandlers.h"
 #include "KivCharacterization/common/actorinfo.h"
+#include "KivCharacterization/common/commandonloan.h"
 #include "KivCharacterization/common/iveinfo.h"
 #include "KivCommonDef/kivfileutils.h"
 #include "KivErrorOperator/tavrincommonerrormsg.h"
@@ -32,6 +35,12 @@ CharacterizationManager* CharacterizationManager::instance()
 
 void CharacterizationManager::releaseIns()
 {
+#ifndef NDEBUG
+    if (m_pIns && CommandOnLoan::count() > 0) {
+        OSG_WARN << "CharacterizationManager::releaseIns: " << CommandOnLoan::count()
+                 << " commands still point into the manager; run or drop them first" << std::endl;
+    }
+#endif
     delete m_pIns;
     m_pIns = nullptr;
 }

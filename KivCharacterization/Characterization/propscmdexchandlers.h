@@ -5,6 +5,7 @@
 #include <string>
 
 #include "KivCharacterization/common/actorinfo.h"
+#include "KivCharacterization/common/commandonloan.h"
 #include "KivTaskCommand/icmdexcdelegate.h"
 
 namespace KivCharacterization {
@@ -40,6 +41,7 @@ private:
     PropsModifyKind m_eKind;
     bool m_bShow;
     KivManipulator::PropsGeode* m_pTarget = nullptr;
+    [[maybe_unused]] CommandOnLoan m_onLoan;
 };
 
 /// Sets a props' geometry matrix.
@@ -63,6 +65,7 @@ private:
     std::string m_strActorKey;
     std::unique_ptr<double[]> m_spMatrix;
     KivManipulator::PropsGeode* m_pTarget = nullptr;
+    [[maybe_unused]] CommandOnLoan m_onLoan;
 };
 
 }  // namespace KivCharacterization

@@ -49,7 +49,8 @@ public:
     /// The one manager, made by the first call.
     static CharacterizationManager* instance();
     /// Destroys the manager, and with it the registrations of props observers. Actors stay in the host's
-    /// scene: remove them by command first. No props of theirs may be dragged afterwards.
+    /// scene: remove them by command first. No props of theirs may be dragged afterwards. Every command that
+    /// the manager handed out must be gone by then; debug builds warn where one is not.
     static void releaseIns();
 
     /// Loads the avatar "Data/IVE/avatar.ive" and the label font "Data/Font/arial.ttf" from below a root

@@ -1,6 +1,10 @@
 #include "KivCharacterization/characterizationmanager.h"
 
 #include <gtest/gtest.h>
+#include <osg/Notify>
+
+#include <memory>
+#include <string>
 
 #include "KivCharacterization/Characterization/kivpropsproertymanager.h"
 #include "KivCharacterization/ipropspropertymodifynotify.h"
@@ -42,6 +46,36 @@ TEST_F(Manager, isOneUntilItIsReleasedAndThenAFreshOne)
     EXPECT_TRUE(access().fonts.empty());
     EXPECT_EQ(access().rootDir, "");
     EXPECT_FALSE(access().heldObject.valid());
+}
+
+class HeardWarnings : public osg::NotifyHandler
+{
+public:
+    void notify(osg::NotifySeverity, const char* message) override { text += message; }
+    std::string text;
+};
+
+TEST_F(Manager, warnsInDebugBuildsWhenItIsReleasedBeforeItsCommands)
+{
+#ifdef NDEBUG
+    GTEST_SKIP() << "only debug builds count commands";
+#endif
+    const osg::ref_ptr<HeardWarnings> heard = new HeardWarnings;
+    osg::NotifyHandler* const usual = osg::getNotifyHandler();
+    const osg::ref_ptr<osg::NotifyHandler> keepUsual = usual;
+    osg::setNotifyHandler(heard.get());
+
+    auto command = std::make_unique<KivTaskCommand::TaskCommand>();
+    manager().createLoadBVHCommand("HIERARCHY", 1, "One", command.get());
+    command.reset();
+    CharacterizationManager::releaseIns();
+    EXPECT_EQ(heard->text, "");
+
+    command = std::make_unique<KivTaskCommand::TaskCommand>();
+    manager().createLoadBVHCommand("HIERARCHY", 1, "One", command.get());
+    CharacterizationManager::releaseIns();
+    EXPECT_NE(heard->text.find("1 commands still point into the manager"), std::string::npos) << heard->text;
+    osg::setNotifyHandler(keepUsual.get());
 }
 
 TEST_F(Manager, canBeSwitchedOffAndOn)
