@@ -23,7 +23,7 @@ const char* const kSource = "KivCharacterization/Characterization/characterbvh";
 
 // A quarter turn about x takes the avatar's Y-up to the scene's Z-up. The angle is pi/2 as single precision
 // has it.
-constexpr double kUpAxisAngle = 1.5707963705062866;
+const osg::Matrixd kUpAxisTurn = osg::Matrixd::rotate(1.5707963705062866, osg::Vec3d(1.0, 0.0, 0.0));
 
 /// What the steps of a run share, for its length.
 struct SCurrentRun
@@ -72,28 +72,27 @@ osg::ref_ptr<KivManipulator::PropsGeode> buildProps(const std::string& joint, co
     return props;
 }
 
-/// Turns and stretches the piece of a bone segment.
+/// Turns and stretches the piece of a bone segment that both sides have.
 void fitToSegment(const std::string& segment, KivAnimation::Bone& bone, osg::MatrixTransform& holder,
                   KivManipulator::PropsGeode* props)
 {
     const BvhSegmentMap& skeletonSegments = currentRun.record->segmentMap;
     const IveSegmentMap& avatarSegments = currentRun.avatar->segmentMap;
-    osg::Matrixd matrix = holder.getMatrix();
-    AlignToSegment(matrix, segment, skeletonSegments, avatarSegments);
-    holder.setMatrix(matrix);
-
     const auto skeletonSegment = skeletonSegments.find(segment);
     const auto avatarSegment = avatarSegments.find(segment);
     if (skeletonSegment == skeletonSegments.end() || avatarSegment == avatarSegments.end()) {
         return;
     }
-    StretchToSegment(matrix, skeletonSegment->second, avatarSegment->second);
-    holder.setMatrix(matrix);
     if (props) {
         // The user places this piece: it starts out as it was modelled.
         holder.setMatrix(osg::Matrixd::identity());
         props->SetInitalBoneAndMatrix(&bone, bone.getInitialMatrix(), holder.getMatrix());
+        return;
     }
+    osg::Matrixd matrix = holder.getMatrix();
+    AlignToSegment(matrix, skeletonSegment->second, avatarSegment->second);
+    StretchToSegment(matrix, skeletonSegment->second, avatarSegment->second);
+    holder.setMatrix(matrix);
 }
 
 /// Hangs a copy of one piece under its bone.
@@ -103,7 +102,7 @@ osg::ref_ptr<osg::MatrixTransform> attachPiece(const std::string& joint, KivAnim
                                                const osg::MatrixTransform& piece, osg::StateSet& rescaling)
 {
     const std::string& name = piece.getName();
-    if (PieceBody(name).find('$') == std::string::npos) {
+    if (name.find('$', kPiecePrefixLength) == std::string::npos) {
         return nullptr;
     }
     osg::ref_ptr<osg::MatrixTransform> copy = copyPiece(piece);
@@ -111,7 +110,8 @@ osg::ref_ptr<osg::MatrixTransform> attachPiece(const std::string& joint, KivAnim
         return nullptr;
     }
     osg::ref_ptr<osg::MatrixTransform> wrapper = new osg::MatrixTransform;
-    osg::ref_ptr<osg::MatrixTransform> holder = new osg::MatrixTransform;
+    osg::ref_ptr<osg::MatrixTransform> holder = new osg::MatrixTransform(kUpAxisTurn);
+    holder->setStateSet(&rescaling);
     holder->addChild(copy.get());
     const bool alongSegment = ClassifySegmentPiece(name) != SegmentPieceKind::None;
     if (alongSegment) {
@@ -124,9 +124,6 @@ osg::ref_ptr<osg::MatrixTransform> attachPiece(const std::string& joint, KivAnim
     } else {
         wrapper->addChild(holder.get());
     }
-    holder->setMatrix(osg::Matrixd::rotate(kUpAxisAngle, osg::Vec3d(1.0, 0.0, 0.0)));
-    holder->setStateSet(&rescaling);
-    SpecialJointTable::instance().record(name, holder.get());
     if (alongSegment) {
         fitToSegment(PieceBaseName(name), bone, *holder, props.get());
     }
@@ -136,18 +133,28 @@ osg::ref_ptr<osg::MatrixTransform> attachPiece(const std::string& joint, KivAnim
 
 using Holders = std::set<const osg::MatrixTransform*>;
 
+/// @return the holders that the table of special joints shows from now on.
 Holders attachPieces()
 {
     Holders holders;
     const osg::ref_ptr<osg::StateSet> rescaling = new osg::StateSet;
     rescaling->setMode(GL_NORMALIZE, osg::StateAttribute::ON);
+    // Both tables are in the order of the names: one pass over the two finds every name that is in both.
+    const IveJointMap& avatarJoints = currentRun.avatar->jointMap;
+    auto entry = avatarJoints.begin();
     for (const auto& [joint, bone] : currentRun.record->jointMap) {
-        const auto entry = currentRun.avatar->jointMap.find(joint);
-        if (entry == currentRun.avatar->jointMap.end()) {
+        while (entry != avatarJoints.end() && entry->first < joint) {
+            ++entry;
+        }
+        if (entry == avatarJoints.end()) {
+            break;
+        }
+        if (entry->first != joint) {
             continue;
         }
         for (const osg::MatrixTransform* piece : entry->second.pieces) {
-            if (const auto holder = attachPiece(joint, *bone, *piece, *rescaling)) {
+            const auto holder = attachPiece(joint, *bone, *piece, *rescaling);
+            if (holder && SpecialJointTable::instance().record(piece->getName(), holder.get())) {
                 holders.insert(holder.get());
             }
         }

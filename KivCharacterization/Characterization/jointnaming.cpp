@@ -1,5 +1,7 @@
 #include "KivCharacterization/Characterization/jointnaming.h"
 
+#include <string_view>
+
 namespace KivCharacterization {
 
 const std::string kPiecePrefix = "Joint:";
@@ -18,7 +20,12 @@ std::string NormaliseJointName(const std::string& name)
 
 std::string SegmentKey(const std::string& parent, const std::string& child)
 {
-    return parent + "&" + child;
+    std::string key;
+    key.reserve(parent.size() + 1 + child.size());
+    key += parent;
+    key += '&';
+    key += child;
+    return key;
 }
 
 std::string PieceBody(const std::string& fullName)
@@ -28,19 +35,23 @@ std::string PieceBody(const std::string& fullName)
 
 std::string PieceBaseName(const std::string& fullName)
 {
-    const std::string body = PieceBody(fullName);
-    const std::size_t tagMark = body.find('#');
-    return body.substr(0, tagMark != std::string::npos ? tagMark : body.find('$'));
+    const std::size_t tagMark = fullName.find('#', kPiecePrefixLength);
+    const std::size_t endMark =
+        tagMark != std::string::npos ? tagMark : fullName.find('$', kPiecePrefixLength);
+    return PieceBody(fullName.substr(0, endMark));
 }
 
 SegmentPieceKind ClassifySegmentPiece(const std::string& fullName)
 {
     const std::size_t tagMark = fullName.find('#');
-    const std::size_t endMark = fullName.find('$');
-    if (tagMark == std::string::npos || endMark == std::string::npos || endMark < tagMark) {
+    if (tagMark == std::string::npos) {
         return SegmentPieceKind::None;
     }
-    const std::string tag = fullName.substr(tagMark + 1, endMark - tagMark - 1);
+    const std::size_t endMark = fullName.find('$');
+    if (endMark == std::string::npos || endMark < tagMark) {
+        return SegmentPieceKind::None;
+    }
+    const std::string_view tag = std::string_view(fullName).substr(tagMark + 1, endMark - tagMark - 1);
     if (tag == "Inner") {
         return SegmentPieceKind::Inner;
     }
@@ -85,12 +96,14 @@ osg::MatrixTransform* SpecialJointTable::find(const std::string& name)
     return m_mapEntries[name].get();
 }
 
-void SpecialJointTable::record(const std::string& name, osg::MatrixTransform* transform)
+bool SpecialJointTable::record(const std::string& name, osg::MatrixTransform* transform)
 {
     const auto entry = m_mapEntries.find(name);
-    if (entry != m_mapEntries.end()) {
-        entry->second = transform;
+    if (entry == m_mapEntries.end()) {
+        return false;
     }
+    entry->second = transform;
+    return true;
 }
 
 }  // namespace KivCharacterization

@@ -59,7 +59,8 @@ public:
     osg::MatrixTransform* find(const std::string& name);
 
     /// Replaces the transform of a name that the table has; other names are not entered.
-    void record(const std::string& name, osg::MatrixTransform* transform);
+    /// @return whether the table has the name.
+    bool record(const std::string& name, osg::MatrixTransform* transform);
 
     const Entries& entries() const { return m_mapEntries; }
 

@@ -30,18 +30,12 @@ float hipWidth(SegmentMap& segments)
 
 }  // namespace
 
-void AlignToSegment(osg::Matrixd& matrix, const std::string& segment, const BvhSegmentMap& skeleton,
-                    const IveSegmentMap& avatar)
+void AlignToSegment(osg::Matrixd& matrix, const BvhSegment& skeleton, const IveSegment& avatar)
 {
-    const auto target = skeleton.find(segment);
-    const auto source = avatar.find(segment);
-    if (target == skeleton.end() || source == avatar.end()) {
-        return;
-    }
-    const osg::Vec3f& offset = source->second.offset;
+    const osg::Vec3f& offset = avatar.offset;
     const osg::Vec3f from(zeroIfSmall(offset.x()), zeroIfSmall(-offset.z()), zeroIfSmall(offset.y()));
     osg::Quat turn;
-    turn.makeRotate(from, target->second.offset);
+    turn.makeRotate(from, skeleton.offset);
     matrix = matrix * osg::Matrixd::rotate(turn);
 }
 

@@ -2,8 +2,6 @@
 
 #include <osg/Matrixd>
 
-#include <string>
-
 #include "KivCharacterization/common/fittingmaps.h"
 
 namespace KivCharacterization {
@@ -12,10 +10,8 @@ namespace KivCharacterization {
 /// lengths are applied as they are.
 
 /// Appends the rotation that takes the avatar's segment direction to the skeleton's. The avatar's direction
-/// is taken to Z-up first; components of it under a thousandth count as 0. Left as it is where either side
-/// lacks the segment.
-void AlignToSegment(osg::Matrixd& matrix, const std::string& segment, const BvhSegmentMap& skeleton,
-                    const IveSegmentMap& avatar);
+/// is taken to Z-up first; components of it under a thousandth count as 0.
+void AlignToSegment(osg::Matrixd& matrix, const BvhSegment& skeleton, const IveSegment& avatar);
 
 /// Appends the uniform stretch to the skeleton's length and the move to the middle of its segment.
 void StretchToSegment(osg::Matrixd& matrix, const BvhSegment& skeleton, const IveSegment& avatar);

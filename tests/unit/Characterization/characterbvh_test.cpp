@@ -105,6 +105,26 @@ TEST_F(Dressing, leavesJointsWithoutAvatarNodeBareAndIgnoresAvatarNodesWithoutJo
     EXPECT_EQ(hips->getNumChildren(), 0u);
 }
 
+TEST_F(Dressing, findsEveryCommonNameAmongOthersOfEitherSide)
+{
+    for (const char* name : {"A", "C", "D", "F", "H"}) {
+        const auto node = avatarNode(name);
+        node->addChild(avatarPiece(std::string("Joint:") + name + "$"));
+        avatarRoot->addChild(node);
+    }
+    const auto hips = bone("7#B");
+    for (const char* name : {"7#H", "7#C", "7#E", "7#F", "7#I"}) {
+        hips->addChild(bone(name));
+    }
+    EXPECT_EQ(dress(skeletonOf(hips.get()).get()), 1u);
+    for (const char* name : {"C", "F", "H"}) {
+        EXPECT_TRUE(findPiece(*record.jointMap.at(name), std::string("Joint:") + name + "$").copy) << name;
+    }
+    for (const char* name : {"E", "I"}) {
+        EXPECT_EQ(record.jointMap.at(name)->getNumChildren(), 0u) << name;
+    }
+}
+
 TEST_F(Dressing, skipsPieceWhenItsNameHasNoDollar)
 {
     const auto head = avatarNode("Head");
@@ -219,6 +239,20 @@ TEST_F(Dressing, onlyConvertsASegmentPieceWhoseSegmentTheSkeletonLacks)
     arm->addChild(avatarNode("LeftForeArm", osg::Vec3d(28, 0, 0)));
     avatarRoot->addChild(arm);
     const auto armBone = bone("LeftArm");
+    dress(skeletonOf(armBone.get()).get());
+    const AttachedPiece piece = findPiece(*armBone, "Joint:LeftArm&LeftForeArm#Inner$");
+    ASSERT_TRUE(piece.copy);
+    EXPECT_EQ(piece.holder->getMatrix(), kUpAxis);
+    EXPECT_TRUE(piece.copy->getMatrix().isIdentity());
+}
+
+TEST_F(Dressing, onlyConvertsASegmentPieceWhoseSegmentTheAvatarLacks)
+{
+    const auto arm = avatarNode("LeftArm");
+    arm->addChild(avatarPiece("Joint:LeftArm&LeftForeArm#Inner$", osg::Matrixd::translate(5, 5, 5)));
+    avatarRoot->addChild(arm);
+    const auto armBone = bone("LeftArm");
+    armBone->addChild(bone("LeftForeArm", osg::Vec3d(14, 3, 1)));
     dress(skeletonOf(armBone.get()).get());
     const AttachedPiece piece = findPiece(*armBone, "Joint:LeftArm&LeftForeArm#Inner$");
     ASSERT_TRUE(piece.copy);
