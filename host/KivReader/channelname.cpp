@@ -11,10 +11,10 @@ std::optional<Channel> channelNamed(std::string_view name)
     const std::size_t axis = std::string_view("xyz").find(static_cast<char>(name.front() | 0x20));
     if (axis == std::string_view::npos)
         return std::nullopt;
-    if (sameWord(name.substr(1), "position"))
-        return static_cast<Channel>(axis);
     if (sameWord(name.substr(1), "rotation"))
         return static_cast<Channel>(axis + 3);
+    if (sameWord(name.substr(1), "position"))
+        return static_cast<Channel>(axis);
     return std::nullopt;
 }
 

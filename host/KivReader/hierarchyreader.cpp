@@ -20,6 +20,8 @@ constexpr std::size_t kUsualJoints = 96;  ///< with their end sites, of a figure
 /// Words and signs that can only begin the next item of a block.
 bool beginsAnItem(std::string_view token)
 {
+    if (!token.empty() && token.front() < 'A')
+        return false;  // a number, most often
     switch (token.size()) {
         case 0:
             return true;

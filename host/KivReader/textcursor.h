@@ -25,9 +25,10 @@ inline bool isBlank(char byte)
 /// @param word ASCII letters alone.
 bool startsWithWord(std::string_view text, std::string_view word);
 
+/// The usual spelling is seen without a call.
 inline bool sameWord(std::string_view text, std::string_view word)
 {
-    return text.size() == word.size() && startsWithWord(text, word);
+    return text.size() == word.size() && (text == word || startsWithWord(text, word));
 }
 
 std::string_view trimmed(std::string_view text);
