@@ -15,7 +15,7 @@ need() { # PROGRAM...
 on_a_display() { # "$@" of the script: begins it again under a display of its own
     need xvfb-run xdotool jq
     if [[ "${KIV_GUI_DISPLAY:-}" != yes ]]; then
-        KIV_GUI_DISPLAY=yes exec xvfb-run -a -s "-screen 0 1400x900x24" "$0" "$@"
+        KIV_GUI_DISPLAY=yes exec xvfb-run -a -s "-screen 0 1400x900x24 -noreset" "$0" "$@"
     fi
 }
 
