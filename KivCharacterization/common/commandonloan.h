@@ -12,12 +12,24 @@ class CommandOnLoan
 {
 #ifndef NDEBUG
 public:
-    CommandOnLoan() { ++m_count; }
-    CommandOnLoan(const CommandOnLoan&) { ++m_count; }
+    CommandOnLoan()
+    {
+        ++m_count;
+    }
+    CommandOnLoan(const CommandOnLoan&)
+    {
+        ++m_count;
+    }
     CommandOnLoan& operator=(const CommandOnLoan&) = default;
-    ~CommandOnLoan() { --m_count; }
+    ~CommandOnLoan()
+    {
+        --m_count;
+    }
 
-    static int count() { return m_count; }
+    static int count()
+    {
+        return m_count;
+    }
 
 private:
     static inline std::atomic<int> m_count{0};

@@ -60,8 +60,8 @@ ExitCode makeContactSheet(const Options& options, Console& console)
     std::unique_ptr<PictureMaker> spMaker;
     std::set<std::string> taken{kSheetName};
     Pictures rows;
-    Progress progress(console.stream(), Progress::styleFor(Progress::kErrorStream, console.isQuiet()), "motions",
-                      options.motions.size());
+    Progress progress(console.stream(), Progress::styleFor(Progress::kErrorStream, console.isQuiet()),
+                      "motions", options.motions.size());
     for (std::size_t i = 0; i < options.motions.size(); ++i) {
         const std::string name = nameFor(options.motions[i], taken);
         if (session.load(0, options.motions[i], name)) {

@@ -1,5 +1,5 @@
-// dropfile WINDOW FILE | WINDOW --text TEXT: drags a file onto a window and lets it go, as file managers do, or a text.
-// Ends with 0 if the window has taken it, 1 if it has refused it, 2 if it has never answered.
+// dropfile WINDOW FILE | WINDOW --text TEXT: drags a file onto a window and lets it go, as file managers do,
+// or a text. Ends with 0 if the window has taken it, 1 if it has refused it, 2 if it has never answered.
 #include <X11/Xatom.h>
 #include <X11/Xlib.h>
 
@@ -50,8 +50,8 @@ private:
         int format = 0;
         unsigned long count = 0, rest = 0;
         unsigned char* data = nullptr;
-        XGetWindowProperty(m_pDisplay, m_target, atom("XdndProxy"), 0, 1, False, XA_WINDOW, &type, &format, &count,
-                           &rest, &data);
+        XGetWindowProperty(m_pDisplay, m_target, atom("XdndProxy"), 0, 1, False, XA_WINDOW, &type, &format,
+                           &count, &rest, &data);
         const Window found = data && count == 1 ? *reinterpret_cast<Window*>(data) : m_target;
         if (data)
             XFree(data);
@@ -92,7 +92,8 @@ private:
     void give(const XSelectionRequestEvent& request)
     {
         XChangeProperty(m_pDisplay, request.requestor, request.property, m_type, 8, PropModeReplace,
-                        reinterpret_cast<const unsigned char*>(m_data.data()), static_cast<int>(m_data.size()));
+                        reinterpret_cast<const unsigned char*>(m_data.data()),
+                        static_cast<int>(m_data.size()));
         XEvent answer{};
         answer.xselection.type = SelectionNotify;
         answer.xselection.requestor = request.requestor;
