@@ -147,6 +147,7 @@ def main():
     listed = equivalents()
     everything = [mutant for name in names for mutant in mutants_of(name, texts[name])]
     mutants = [mutant for mutant in everything if not is_equivalent(mutant, texts[mutant.file], listed)]
+    left_out = len(everything) - len(mutants)
     if options.sample:
         mutants = random.Random(options.seed).sample(mutants, min(options.sample, len(mutants)))
     tree, build = prepare(options.jobs)
@@ -162,7 +163,7 @@ def main():
             print(f"{number} of {len(mutants)} mutants, {time.monotonic() - start:.0f} s", flush=True)
     judged = counts["caught"] + counts["survived"]
     share = counts["caught"] / judged if judged else 0.0
-    print(f"{len(everything)} places, {len(everything) - len(mutants)} left out; of {judged} mutants {counts['caught']} "
+    print(f"{len(everything)} places, {left_out} left out as equivalent; of {judged} mutants {counts['caught']} "
           f"caught ({100 * share:.1f} %), {counts['uncompiled']} did not compile")
     return 0 if share >= TARGET else 1
 
