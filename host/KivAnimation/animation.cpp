@@ -167,9 +167,13 @@ double Animation::duration() const
     return static_cast<double>(frameCount() - 1) * frameTime();
 }
 
-void Animation::setStartTime(double seconds)
+bool Animation::setStartTime(double seconds)
 {
+    if (!std::isfinite(seconds)) {
+        return false;
+    }
     m_spMotion->startTime = seconds;
+    return true;
 }
 
 double Animation::startTime() const

@@ -56,12 +56,16 @@ public:
     double frameTime() const;        ///< seconds; 0 for a skeleton at rest
     double duration() const;         ///< seconds from the first to the last frame
 
-    /// When on the manager's clock the first frame is shown; 0 at first.
-    void setStartTime(double seconds);
+    /// When on the manager's clock the first frame is shown, in seconds; 0 at first. Before it the actor
+    /// stands in its first frame, behind its end in its last one. With a time below 0 the motion is under way
+    /// when the clock begins, and what lies before that is never shown. The manager's clock lasts until the
+    /// last animation has ended; where it loops, all loop together, each waiting for its start anew.
+    /// @return false, and nothing changed, for a time that is not finite.
+    bool setStartTime(double seconds);
     double startTime() const;
 
-    /// Poses the bones at a time of the animation's own, held at both ends; between two rows rotations are
-    /// interpolated on the shorter arc and translations linearly. Allocates nothing.
+    /// Poses the bones at a time of the animation's own, 0 at its first frame, held at both ends; between two
+    /// rows rotations are interpolated on the shorter arc and translations linearly. Allocates nothing.
     void pose(double seconds);
 
 protected:

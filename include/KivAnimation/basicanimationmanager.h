@@ -15,9 +15,9 @@ namespace KivAnimation {
 /// Plays the registered animations against one clock. As the update callback of the character scene it poses
 /// all playing actors once a frame and then lets the traversal go on.
 ///
-/// The clock runs from 0 to the end of the longest animation. While it plays it follows the frame stamp's
-/// simulation time; several update traversals with one stamp advance it once. Registration and transport are
-/// called while no update traversal runs.
+/// The clock runs from 0 to the end of the animation that ends last, start times included. While it plays it
+/// follows the frame stamp's simulation time; several update traversals with one stamp advance it once.
+/// Registration and transport are called while no update traversal runs.
 class KIV_ANIMATION_API BasicAnimationManager : public osg::NodeCallback
 {
 public:
@@ -50,7 +50,7 @@ public:
     double speed() const;
     void setLooping(bool looping);
     bool isLooping() const;
-    double duration() const;  ///< seconds until the last animation has ended
+    double duration() const;  ///< seconds from 0 until the last animation has ended
 
     /// Advances the clock to a simulation time and poses.
     void update(double simulationTime);

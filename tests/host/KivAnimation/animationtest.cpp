@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
+
 #include "tests/host/KivAnimation/testactor.h"
 
 namespace {
@@ -19,6 +21,17 @@ TEST(AnimationTest, isOneFrameOfNoLengthWithoutMotion)
     EXPECT_EQ(animation->getAttachNodePtr(), nullptr);
     animation->pose(1.0);
     EXPECT_TRUE(animation->hasAnimationFrameDataFlag());
+}
+
+TEST(AnimationTest, refusesAStartThatIsNoTime)
+{
+    const osg::ref_ptr<Animation> animation = new Animation;
+    EXPECT_EQ(animation->startTime(), 0.0);
+    EXPECT_TRUE(animation->setStartTime(-2.5));
+    for (const double wrong : {std::nan(""), HUGE_VAL, -HUGE_VAL}) {
+        EXPECT_FALSE(animation->setStartTime(wrong));
+        EXPECT_EQ(animation->startTime(), -2.5);
+    }
 }
 
 TEST(AnimationTest, lastsFromItsFirstToItsLastFrame)

@@ -237,6 +237,59 @@ TEST_F(Manager, startsAnAnimationAtItsOwnStartTime)
     EXPECT_NEAR(m_long.place(), 4.0, 1e-5);
 }
 
+TEST_F(Manager, holdsAnActorInItsFirstFrameBeforeItStartsAndInItsLastFrameBehindItsEnd)
+{
+    m_short.animation->setStartTime(1.0);
+    playBoth();
+    EXPECT_EQ(m_manager->duration(), 4.0);
+    m_manager->update(100.7);
+    EXPECT_NEAR(m_short.place(), 0.0, 1e-5);
+    EXPECT_TRUE(m_short.attached->getValue(0)) << "it waits in sight";
+    m_manager->update(101.3);
+    EXPECT_NEAR(m_short.place(), 0.3, 1e-5);
+    m_manager->update(103.5);
+    EXPECT_NEAR(m_short.place(), 2.0, 1e-5);
+    EXPECT_NEAR(m_long.place(), 3.5, 1e-5);
+}
+
+TEST_F(Manager, beginsInTheMiddleOfAMotionThatStartedEarlier)
+{
+    m_short.animation->setStartTime(-0.5);
+    m_long.animation->setStartTime(-5.0);
+    playBoth();
+    EXPECT_EQ(m_manager->duration(), 1.5) << "what was over before the clock began does not count";
+    EXPECT_NEAR(m_short.place(), 0.5, 1e-5);
+    EXPECT_NEAR(m_long.place(), 4.0, 1e-5);
+    m_manager->update(101.0);
+    EXPECT_NEAR(m_short.place(), 1.5, 1e-5);
+    m_long.animation->setStartTime(-4.5);
+    m_short.animation->setStartTime(-3.0);
+    EXPECT_EQ(m_manager->duration(), 0.0);
+}
+
+TEST_F(Manager, loopsAllActorsTogetherSoThatEachWaitsForItsStartAnew)
+{
+    m_short.animation->setStartTime(3.0);
+    playBoth();
+    m_manager->update(104.5);
+    m_manager->update(105.5);
+    EXPECT_NEAR(m_manager->time(), 0.5, 1e-9);
+    EXPECT_NEAR(m_long.place(), 0.5, 1e-5);
+    EXPECT_NEAR(m_short.place(), 0.0, 1e-5);
+}
+
+TEST_F(Manager, followsAStartTimeThatChangesWhileItPlays)
+{
+    m_short.animation->setStartTime(3.0);
+    playBoth();
+    m_manager->setTime(5.0);
+    m_short.animation->setStartTime(0.0);
+    EXPECT_EQ(m_manager->duration(), 4.0);
+    m_manager->update(100.0);
+    EXPECT_EQ(m_manager->time(), 4.0) << "held at the new end";
+    EXPECT_NEAR(m_short.place(), 2.0, 1e-5);
+}
+
 TEST_F(Manager, comesBackIntoTheMotionThatIsLeft)
 {
     playBoth();
