@@ -15,6 +15,7 @@ namespace {
 constexpr double kShortestStep = 1.0 / 120.0;
 constexpr double kLongestStep = 1.0 / 15.0;
 constexpr double kCatchUp = 0.5;  ///< seconds of motion before a jump's goal that decide about contacts there
+constexpr double kNeverFollowed = -1e9;
 
 KivAnimation::BasicAnimationManager& playback()
 {
@@ -54,10 +55,11 @@ void FramePublisher::publishContacts(bool wanted)
     if (wanted == m_publishContacts)
         return;
     m_publishContacts = wanted;
-    m_followed = -1e9;
-    for (const Body& body : m_bodies)
+    for (Body& body : m_bodies) {
+        body.followed = kNeverFollowed;
         if (!wanted)
             KivMemoryShare::ActorFrameManager::Ins()->WriteActorStickContact(body.actor->index, nullptr, 0);
+    }
 }
 
 void FramePublisher::setActors(const std::map<unsigned, LoadedActor>& actors,
@@ -66,19 +68,15 @@ void FramePublisher::setActors(const std::map<unsigned, LoadedActor>& actors,
     std::vector<Body> before = std::move(m_bodies);
     m_bodies.clear();
     m_duration = 0.0;
-    m_step = kLongestStep;
     for (const auto& [index, actor] : actors) {
         const auto known = std::find_if(before.begin(), before.end(), [&actor = actor](const Body& body) {
             return body.root == &actor.dressed.root();
         });
         m_bodies.push_back(known != before.end() && !shown ? std::move(*known) : makeBody(actor, shown));
         m_bodies.back().actor = &actor;
-        m_duration = std::max(m_duration, actor.duration());
-        if (actor.document.frameTime > 0.0)
-            m_step = std::min(m_step, actor.document.frameTime);
+        m_bodies.back().followed = kNeverFollowed;
+        m_duration = std::max(m_duration, actor.end());
     }
-    m_step = std::max(m_step, kShortestStep);
-    m_followed = -1e9;
     playback().pause();
     findFront();
 }
@@ -88,8 +86,15 @@ FramePublisher::Body FramePublisher::makeBody(const LoadedActor& actor,
 {
     const std::vector<std::string> names = actor.dressed.jointNames();
     KivAnimation::Animation* animation = animationOf(actor.id());
-    Body body{&actor, &actor.dressed.root(), BodyMotion(names), ContactTracker(names),
-              sampleMotion(actor.dressed, animation, {0.0, actor.duration()})};
+    const double frameTime = actor.document.frameTime;
+    Body body{&actor,
+              &actor.dressed.root(),
+              BodyMotion(names),
+              ContactTracker(names),
+              sampleMotion(actor.dressed, animation, {0.0, actor.duration()}),
+              animation,
+              frameTime > 0.0 ? std::clamp(frameTime, kShortestStep, kLongestStep) : kLongestStep,
+              kNeverFollowed};
     const SampledMotion& sampled = body.sampled;
     for (std::size_t moment = 0; moment < sampled.moments(); ++moment) {
         const auto first = sampled.places.begin() + static_cast<std::ptrdiff_t>(moment * sampled.joints);
@@ -97,7 +102,8 @@ FramePublisher::Body FramePublisher::makeBody(const LoadedActor& actor,
     }
     // What counts as low does not depend on the part that is shown.
     if (shown)
-        body.sampled = sampleMotion(actor.dressed, animation, *shown);
+        body.sampled = sampleMotion(actor.dressed, animation,
+                                    {shown->first - actor.offset, shown->second - actor.offset});
     return body;
 }
 
@@ -122,7 +128,8 @@ void FramePublisher::pose(double seconds)
 void FramePublisher::show(double seconds)
 {
     if (m_publishContacts)
-        follow(seconds);
+        for (Body& body : m_bodies)
+            follow(body, seconds - body.actor->offset);
     pose(seconds);
     publish();
 }
@@ -135,20 +142,20 @@ const std::vector<osg::Vec3d>& FramePublisher::storePlaces(const Body& body)
     return m_places;
 }
 
-void FramePublisher::follow(double seconds)
+void FramePublisher::follow(Body& body, double seconds)
 {
-    // Contacts are judged on a fixed grid of times, whatever times are shown.
-    const double goal = std::floor(seconds / m_step + 1e-6);
-    if (goal < m_followed || (goal - m_followed) * m_step > 2.0 * kCatchUp) {
-        m_followed = std::max(-1.0, goal - std::ceil(kCatchUp / m_step) - 1.0);
-        for (Body& body : m_bodies)
-            body.contacts.restart();
+    // Contacts are judged on a fixed grid of the actor's own times, whatever times are shown and whenever the
+    // actor starts.
+    const double goal = std::floor(std::max(0.0, seconds) / body.step + 1e-6);
+    if (goal < body.followed || (goal - body.followed) * body.step > 2.0 * kCatchUp) {
+        body.followed = std::max(-1.0, goal - std::ceil(kCatchUp / body.step) - 1.0);
+        body.contacts.restart();
     }
-    while (m_followed < goal) {
-        m_followed += 1.0;
-        pose(m_followed * m_step);
-        for (Body& body : m_bodies)
-            body.contacts.advance(storePlaces(body), m_step);
+    while (body.followed < goal) {
+        body.followed += 1.0;
+        if (body.animation)
+            body.animation->pose(body.followed * body.step);
+        body.contacts.advance(storePlaces(body), body.step);
     }
 }
 

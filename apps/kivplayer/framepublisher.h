@@ -67,6 +67,9 @@ private:
         BodyMotion motion;
         ContactTracker contacts;
         SampledMotion sampled;
+        osg::ref_ptr<KivAnimation::Animation> animation;
+        double step;      ///< seconds between the poses that contacts are judged by
+        double followed;  ///< the last of these poses, counted from the actor's first frame
     };
 
     Body makeBody(const LoadedActor& actor, const std::optional<std::pair<double, double>>& shown) const;
@@ -74,14 +77,13 @@ private:
     void pose(double seconds);
     /// An actor's joints as the frame store has them, until the next call.
     const std::vector<osg::Vec3d>& storePlaces(const Body& body);
-    void follow(double seconds);
+    /// @param seconds counted from the actor's first frame.
+    void follow(Body& body, double seconds);
     void publish();
 
     bool m_publishContacts;
     std::vector<Body> m_bodies;
     double m_duration = 0.0;
-    double m_step = 0.0;  ///< seconds between the poses that contacts are judged by
-    double m_followed = -1e9;
     std::vector<osg::Vec3d> m_places;  ///< of one actor; kept for its memory
     double m_facing = 0.0;
 };

@@ -81,6 +81,8 @@ void loadAll(const Options& options, Session& session, Console& console)
 {
     Progress progress(console.stream(), Progress::styleFor(Progress::kErrorStream, console.isQuiet()),
                       "motions read", options.motions.size(), Progress::kPatience);
+    for (const auto& [actor, seconds] : options.offsets)
+        session.setOffset(actor, seconds);
     for (std::size_t i = 0; i < options.motions.size(); ++i) {
         sayThatItTakesLong(options.motions[i], console);
         session.load(static_cast<unsigned>(i), options.motions[i], labelOf(options, i));

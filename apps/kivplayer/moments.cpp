@@ -19,7 +19,7 @@ double momentOf(const Options& options, const std::map<unsigned, LoadedActor>& a
     if (options.time)
         return *options.time;
     if (options.frame && !actors.empty())
-        return static_cast<double>(*options.frame) * actors.begin()->second.document.frameTime;
+        return actors.begin()->second.timeOf(static_cast<double>(*options.frame));
     return 0.0;
 }
 

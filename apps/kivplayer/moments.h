@@ -20,7 +20,8 @@ struct Moments
 /// The part of a motion of that length that the options ask for.
 Moments momentsOf(const Options& options, double duration);
 
-/// The one moment that the options ask for; frames are those of the first actor.
+/// The one moment that the options ask for; frames are those of the first actor, wherever its offset puts
+/// them. Below 0 where a frame lies before the clock begins.
 double momentOf(const Options& options, const std::map<unsigned, LoadedActor>& actors);
 
 }  // namespace KivPlayer

@@ -117,12 +117,14 @@ void putFrameData(Cells& cells, const Columns& columns, unsigned actor, const Ce
             cells[columns.contact(touching[i])] = contacts[i].contact ? "1" : "0";
 }
 
-/// The frames of an actor whose times lie in the range: the first and the one after the last.
+/// The frames of an actor that the clock reaches and whose times lie in the range: the first and the one
+/// after the last.
 std::pair<std::size_t, std::size_t> framesIn(const LoadedActor& actor, const Range& range)
 {
     const auto inside = [&](std::size_t frame) {
-        const double time = static_cast<double>(frame) * actor.document.frameTime;
-        return !range || (time >= range->first - kSameTime && time <= range->second + kSameTime);
+        const double time = actor.timeOf(static_cast<double>(frame));
+        return time >= (range ? range->first : 0.0) - kSameTime &&
+               (!range || time <= range->second + kSameTime);
     };
     std::size_t first = 0;
     while (first < actor.frames() && !inside(first))
@@ -147,7 +149,7 @@ bool writeActor(std::ostream& stream, const LoadedActor& actor, const Columns& c
     const auto [first, end] = framesIn(actor, range);
     bool written = true;
     for (std::size_t frame = first; frame < end && written; ++frame) {
-        const double time = static_cast<double>(frame) * actor.document.frameTime;
+        const double time = actor.timeOf(static_cast<double>(frame));
         publisher.show(time);
         Cells cells{actor.id(), quoted(actor.name), std::to_string(frame), timeText(time)};
         cells.resize(columns.width());

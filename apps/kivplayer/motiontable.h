@@ -11,7 +11,9 @@ namespace KivPlayer {
 
 /// Writes what the actors do as one CSV table: a row for every frame of every actor's file, actors one below
 /// the other; a column for every number. Positions are in the scene's frame, centimetres, Z up. Cells of what
-/// an actor does not have are empty. Contacts are judged as they are for the overlays. Nothing is drawn.
+/// an actor does not have are empty. Contacts are judged as they are for the overlays. Times are those of the
+/// shared clock: an actor's offset moves its rows in time and changes nothing else in them; frames that lie
+/// before the clock begins have no row. Nothing is drawn.
 ///
 /// Poses the actors; no frame loop may run meanwhile.
 /// @param range only frames whose time lies in it, seconds.

@@ -20,13 +20,19 @@ void checkSheet(const Options& options, const OptionTexts& texts)
         {"--output", options.output.has_value()},    {"--time", options.time.has_value()},
         {"--frame", options.frame.has_value()},      {"--follow", options.follow.has_value()},
         {"--reference", !options.reference.empty()}, {"--report", !options.report.empty()},
-        {"--export", !options.exports.empty()},      {"--no-render", !options.render}};
+        {"--export", !options.exports.empty()},      {"--no-render", !options.render},
+        {"--offset", !options.offsets.empty()}};
     for (const auto& [name, given] : others)
         if (given)
             throw CLI::ValidationError(name, "excludes --contact-sheet");
 }
 
 }  // namespace
+
+void refuse(const std::string& option, const std::string& wanted, const std::string& given)
+{
+    throw CLI::ValidationError(option, "expected " + wanted + ", found \"" + given + "\"");
+}
 
 bool asksForNoPicture(const Options& options)
 {

@@ -1,9 +1,14 @@
 #pragma once
 
+#include <string>
+
 #include "options.h"
 #include "optiontexts.h"
 
 namespace KivPlayer {
+
+/// @throws CLI::Error that says what an option expects and what was given.
+[[noreturn]] void refuse(const std::string& option, const std::string& wanted, const std::string& given);
 
 /// Whether nothing is asked for that is made without a window.
 bool asksForNoPicture(const Options& options);

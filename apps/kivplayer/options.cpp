@@ -10,6 +10,7 @@
 #include "KivReader/humanoidprofile.h"
 #include "exports.h"
 #include "numbers.h"
+#include "offsetoption.h"
 #include "optionchecks.h"
 #include "optiontexts.h"
 #include "version.h"
@@ -29,11 +30,6 @@ constexpr double kUsualGifRate = 25.0;
 constexpr double kMostGifRate = 50.0;
 constexpr int kGifWidth = 640;
 constexpr int kGifHeight = 360;
-
-[[noreturn]] void refuse(const std::string& option, const std::string& wanted, const std::string& given)
-{
-    throw CLI::ValidationError(option, "expected " + wanted + ", found \"" + given + "\"");
-}
 
 double number(const std::string& option, const std::string& text, const std::string& wanted, double least)
 {
@@ -243,6 +239,7 @@ Parsing parseOptions(int argc, const char* const* argv, bool display)
             return parsing;
         }
         understandReading(texts, options);
+        understandOffsets(texts, options);
         understandTimes(texts, options);
         understandSize(texts, options);
         understandCamera(texts, options);

@@ -2,6 +2,7 @@
 
 #include <osg/Vec3d>
 
+#include <map>
 #include <optional>
 #include <string>
 #include <utility>
@@ -37,6 +38,7 @@ struct Options
 {
     std::vector<std::string> motions;
     std::vector<std::string> names;        ///< labels, in the order of the motions
+    std::map<unsigned, double> offsets;    ///< when a motion starts on the shared clock, seconds; else at 0
     std::string root;                      ///< empty: beside the program or where it is installed
     std::string ownProgram;                ///< this program, to try a given root's avatar; empty: untried
     std::string reading = "profile=auto";  ///< how skeletons from elsewhere are read, as the reader's words

@@ -107,6 +107,11 @@ void declareOptions(CLI::App& app, Options& options, OptionTexts& texts)
     app.add_option("--name", options.names, "Label of an actor; once for every motion, in their order")
         ->type_name("TEXT")
         ->allow_extra_args(false);
+    app.add_option("--offset", texts.offsets,
+                   "Start an actor, counted from 0, so many seconds later than the clock (below 0: earlier); "
+                   "once for an actor")
+        ->type_name("ACTOR=SECONDS")
+        ->allow_extra_args(false);
     app.add_option("--root", options.root, "Folder that holds Data/IVE/avatar.ive and Data/Font/arial.ttf")
         ->type_name("FOLDER");
     app.add_flag("--verbose", options.verbose, "Say what is being done");

@@ -17,7 +17,7 @@ struct OptionTexts
     std::string output, time, frame, range, fps, resolution, samples, camera, position, target, follow,
         threshold, moments;
     std::string profile = "auto", unit = "auto", up = "auto";
-    std::vector<std::string> show, hide;
+    std::vector<std::string> show, hide, offsets;
     bool firstFrameIsRest = false;
     bool noRender = false;
 };

@@ -55,7 +55,7 @@ PictureMaker::PictureMaker(const Options& options, Session& session, Console& co
 void PictureMaker::restart()
 {
     m_publisher.setActors(m_session.actors(), m_options.isMoving() ? m_options.range : std::nullopt);
-    warnOfTimesBeyondTheEnd();
+    warnOfTimesOutside();
     m_followed.reset();
     if (m_options.follow) {
         const auto actor = m_session.actors().find(static_cast<unsigned>(*m_options.follow));
@@ -138,14 +138,19 @@ void PictureMaker::look(const osg::Vec3d& along)
                                                           m_pose.up);
 }
 
-void PictureMaker::warnOfTimesBeyondTheEnd() const
+void PictureMaker::warnOfTimesOutside() const
 {
+    constexpr double kSameTime = 1e-6;
     const double latest = m_options.range ? m_options.range->first : momentOf(m_options, m_session.actors());
-    if (latest <= m_publisher.duration() + 1e-6)
-        return;
     std::ostringstream message;
     message.imbue(std::locale::classic());
-    message << "the motion ends after " << m_publisher.duration() << " s; its last frame is shown";
+    if (latest > m_publisher.duration() + kSameTime)
+        message << "the motion ends after " << m_publisher.duration() << " s; its last frame is shown";
+    else if (latest < -kSameTime)
+        message << "frame " << *m_options.frame << " lies " << -latest
+                << " s before the clock begins; what it begins with is shown";
+    else
+        return;
     m_console.warning({"", 0, 0, message.str()});
 }
 

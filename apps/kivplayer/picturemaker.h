@@ -48,7 +48,7 @@ private:
     void addLabels(const std::vector<osg::Vec3d>& heads, double compass,
                    std::vector<osg::Vec3d>& shown) const;
     void look(const osg::Vec3d& along);
-    void warnOfTimesBeyondTheEnd() const;
+    void warnOfTimesOutside() const;
 
     const Options& m_options;
     Session& m_session;

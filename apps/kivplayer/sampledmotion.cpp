@@ -48,8 +48,8 @@ SampledMotion sampleMotion(const DressedActor& actor, KivAnimation::Animation* a
     SampledMotion sampled;
     sampled.joints = actor.joints().size();
     const double end = animation ? animation->duration() : 0.0;
-    const double from = std::min(span.first, end);
-    const double to = std::min(span.second, end);
+    const double from = std::clamp(span.first, 0.0, end);
+    const double to = std::clamp(span.second, 0.0, end);
     const int moments = to > from ? kMoments : 1;
     for (int i = 0; i < moments; ++i) {
         if (animation)

@@ -26,7 +26,7 @@ struct SampledMotion
 
 /// Poses the actor alone, again and again, and leaves it in its last pose. Between frames.
 /// @param animation null: the actor stands still.
-/// @param span seconds; held within the motion.
+/// @param span seconds from the actor's first frame; held within the motion.
 SampledMotion sampleMotion(const DressedActor& actor, KivAnimation::Animation* animation,
                            const std::pair<double, double>& span);
 

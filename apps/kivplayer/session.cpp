@@ -2,6 +2,7 @@
 
 #include <osgDB/Options>
 
+#include <cmath>
 #include <exception>
 #include <filesystem>
 #include <fstream>
@@ -199,6 +200,7 @@ bool Session::finish(MotionFile motion, bool built)
         dressed = DressedActor::find(characterScene(), actor.id());
         if (dressed)
             describeSurfaces(dressed->root());
+        keepOffsets();
     }
     if (!dressed) {
         std::string reason = readersReason(motion.text);
@@ -209,6 +211,7 @@ bool Session::finish(MotionFile motion, bool built)
         return false;
     }
     actor.dressed = std::move(*dressed);
+    actor.offset = offsetOf(actor.index);
     m_console.note(actor.file + ": actor " + actor.id() + ", " +
                    std::to_string(actor.dressed.joints().size()) + " joints, " +
                    std::to_string(actor.frames()) + " frames");
@@ -219,6 +222,7 @@ bool Session::finish(MotionFile motion, bool built)
 void Session::forget(unsigned index)
 {
     m_actors.erase(index);
+    m_offsets.erase(index);
     KivMemoryShare::ActorFrameManager::Ins()->RemoveActor(index);
 }
 
@@ -245,6 +249,34 @@ bool Session::rename(unsigned index, const std::string& name)
     if (renamed)
         noteName(index, name);
     return renamed;
+}
+
+double Session::offsetOf(unsigned index) const
+{
+    const auto offset = m_offsets.find(index);
+    return offset != m_offsets.end() ? offset->second : 0.0;
+}
+
+bool Session::setOffset(unsigned index, double seconds)
+{
+    if (!(std::abs(seconds) <= kLargestOffset))
+        return false;
+    const KivTaskCommand::SceneGate::Pass pass(m_gate);
+    m_offsets[index] = seconds;
+    const auto actor = m_actors.find(index);
+    if (actor != m_actors.end())
+        actor->second.offset = seconds;
+    keepOffsets();
+    return true;
+}
+
+void Session::keepOffsets() const
+{
+    for (KivAnimation::Animation* animation :
+         SceneCfgShare::instance()->getBaseAnimationManager()->animations())
+        for (const auto& [index, seconds] : m_offsets)
+            if (animation->getId() == std::to_string(index))
+                animation->setStartTime(seconds);
 }
 
 bool Session::showPropsDraggers(bool shown)

@@ -26,6 +26,7 @@ struct LoadedActor
     unsigned index = 0;
     std::string file;
     std::string name;
+    double offset = 0.0;                 ///< when on the shared clock its first frame is shown, seconds
     KivReader::MotionDocument document;  ///< without its values
     KivReader::ProfileRecord profile;    ///< what reading did to the joints
     DressedActor dressed;
@@ -33,7 +34,13 @@ struct LoadedActor
     std::string id() const { return std::to_string(index); }
     std::size_t frames() const { return document.frames > 0 ? document.frames : 1; }
     double duration() const { return static_cast<double>(frames() - 1) * document.frameTime; }
+    /// Times on the shared clock, seconds.
+    double timeOf(double frame) const { return offset + frame * document.frameTime; }
+    double end() const { return offset + duration(); }
 };
+
+/// No actor starts further from the beginning of the clock, earlier or later: a day, in seconds.
+constexpr double kLargestOffset = 86400.0;
 
 /// A motion file that has been read and is no actor yet.
 struct MotionFile
@@ -78,6 +85,17 @@ public:
     void forget(unsigned index);
     void noteName(unsigned index, const std::string& name);
     bool rename(unsigned index, const std::string& name);
+
+    /// Sets when the actor of that index starts on the shared clock, be it there or still to come; another
+    /// file in its place starts then, too. What is forgotten starts at 0 again. Between frames.
+    /// @param seconds positive: later, negative: earlier.
+    /// @return false, and nothing changed, for what is not within kLargestOffset.
+    bool setOffset(unsigned index, double seconds);
+    double offsetOf(unsigned index) const;
+    /// Gives the playback the offsets. An actor that is being built may play before finish knows of it: a
+    /// frame loop that goes on meanwhile calls this before each frame, the gate closed.
+    void keepOffsets() const;
+
     bool showPropsDraggers(bool shown);
     /// Overrides what the module does with the name labels by itself.
     void showNames(bool shown);
@@ -99,6 +117,7 @@ private:
     KivTaskCommand::SceneGate m_gate;
     std::unique_ptr<KivTaskCommand::CommandThread> m_spCommands;
     std::map<unsigned, LoadedActor> m_actors;
+    std::map<unsigned, double> m_offsets;  ///< seconds; 0 for everybody else
     std::string m_avatarPath;
     std::string m_fontPath;
     KivReader::ProfileOptions m_profile;

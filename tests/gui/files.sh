@@ -13,7 +13,7 @@ in_a_folder
 mkdir "with space"
 cp "$motion" "with space/walk 1.bvh"
 cp "$motion" watched.bvh
-play "$player" --watch watched.bvh
+play "$player" --watch --offset 0=0.25 watched.bvh
 
 frames="$(tell '.actors[0].frames')"
 "$dropper" "$window" "$folder/with space/walk 1.bvh" || fail "the window takes a dropped file"
@@ -25,6 +25,7 @@ echo "ok: what is no file is refused"
 cp "$other" part && mv part watched.bvh
 until_holds "a changed file is loaded again as the same actor" \
     ".actors[0].frames != $frames and (.actors | length == 2) and .actors[0].actorId == \"0\""
+holds '.actors[0].offset == 0.25' || fail "it starts when it did"
 frames="$(tell '.actors[0].frames')"
 echo "HIERARCHY nonsense" >watched.bvh
 until_holds "a file that does not parse is told of" '.errors | length > 0'
@@ -36,11 +37,36 @@ until_holds "and is loaded once it does" ".actors[0].frames != $frames"
 
 click more1
 until_holds "an actor's details open" '.places | has("replace1")'
+before="$(tell .duration)"
+middle offset1
+xdotool click --repeat 2 --delay 60 1
+until_holds "the start of an actor is typed" .typing
+xdotool type "70.5"
+key Return
+until_holds "it starts then" '.actors[1].offset == 70.5'
+holds ".duration > $before and .duration > 70.5" || fail "the time line is as long as that"
+until_holds "the keyboard is given back" '.typing == false'
+middle grid # the mouse points at nothing of it
+key F6
+until_holds "F6 gives the keyboard to the panel" '.panel == "##sidebar"'
+for arrow in Down Up; do # they move from where the last edit was
+    key "$arrow"
+    after_frames 3
+done
+key Return
+until_holds "Enter edits the start, too" .typing
+xdotool type -- "-1.5"
+key Return
+until_holds "an actor can start before the clock" '.actors[1].offset == -1.5'
+until_holds "the number is no longer typed" '.typing == false'
+key Escape
+until_holds "Escape gives the keyboard back" '.panel == ""'
 click replace1
 until_holds "a path is typed" .typing
 xdotool type "$other"
 key Return
 until_holds "another file takes the actor's place" ".actors[1].file == \"$other\" and (.actors | length == 2)"
+holds '.actors[1].offset == -1.5' || fail "which starts at the same time"
 until_holds "the keyboard is given back" '.typing == false'
 click visible1
 until_holds "an actor is hidden" '.actors[1].visible == false'

@@ -57,6 +57,8 @@ public:
     virtual void remove(unsigned actor) = 0;
     virtual void rename(unsigned actor, const std::string& name) = 0;
     virtual void setVisible(unsigned actor, bool visible) = 0;
+    /// When the actor starts on the clock, seconds.
+    virtual void setOffset(unsigned actor, double seconds) = 0;
     virtual void follow(std::optional<unsigned> actor) = 0;
     virtual void showDragger(const WatchedProps& props, bool shown) = 0;
     virtual void showContactDragger(const WatchedProps& props, bool shown) = 0;

@@ -25,6 +25,7 @@ private:
     void actor(Desk& desk, const LoadedActor& actor);
     void name(Desk& desk, const LoadedActor& actor);
     void details(Desk& desk, const LoadedActor& actor);
+    static void offset(Desk& desk, const LoadedActor& actor);
     void overlays(Desk& desk);
     void contactColours(Desk& desk);
     void log(Desk& desk);

@@ -151,6 +151,8 @@ void PlayerWindow::frame()
 
 void PlayerWindow::beforeDrawing()
 {
+    if (m_loader.isBusy())
+        m_session.keepOffsets();
     m_publisher.show(std::min(transport.time(), transport.duration()));
     m_stage.light(boxWithGround(m_publisher.placesNow()));
     m_detail.judge(m_pace.times());

@@ -47,6 +47,7 @@ public:
     void remove(unsigned actor) override;
     void rename(unsigned actor, const std::string& name) override;
     void setVisible(unsigned actor, bool visible) override;
+    void setOffset(unsigned actor, double seconds) override;
     void follow(std::optional<unsigned> actor) override;
     void showDragger(const WatchedProps& props, bool shown) override;
     void showContactDragger(const WatchedProps& props, bool shown) override;

@@ -87,7 +87,7 @@ void Sidebar::actor(Desk& desk, const LoadedActor& actor)
         m_replacement.clear();
     }
     notePlace(desk, "more" + actor.id());
-    tip("File, follow, replace, remove");
+    tip("File, follow, start, replace, remove");
     if (open)
         details(desk, actor);
 }
@@ -129,6 +129,7 @@ void Sidebar::details(Desk& desk, const LoadedActor& actor)
     ImGui::SameLine();
     const bool gone = ImGui::Button("Remove");
     notePlace(desk, "remove" + actor.id());
+    offset(desk, actor);
     ImGui::SetNextItemWidth(-1);
     if (ImGui::InputTextWithHint("##replace", "Replace by: path, then Enter", &m_replacement,
                                  ImGuiInputTextFlags_EnterReturnsTrue) &&
@@ -142,6 +143,21 @@ void Sidebar::details(Desk& desk, const LoadedActor& actor)
         m_open.erase(index);
         desk.remove(index);
     }
+}
+
+void Sidebar::offset(Desk& desk, const LoadedActor& actor)
+{
+    double seconds = actor.offset;
+    const double least = -kLargestOffset;
+    ImGui::AlignTextToFramePadding();
+    ImGui::TextDisabled("Starts at");
+    ImGui::SameLine();
+    ImGui::SetNextItemWidth(-1);
+    if (ImGui::DragScalar("##offset", ImGuiDataType_Double, &seconds, 0.01f, &least, &kLargestOffset,
+                          "%.3f s", ImGuiSliderFlags_AlwaysClamp))
+        desk.setOffset(actor.index, seconds);
+    notePlace(desk, "offset" + actor.id());
+    tip("On the clock; drag, or type after a double click");
 }
 
 void Sidebar::overlays(Desk& desk)

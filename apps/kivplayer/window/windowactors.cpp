@@ -4,6 +4,7 @@
 
 #include "KivCharacterization/characterizationmanager.h"
 #include "framing.h"
+#include "moments.h"
 #include "window/playerwindow.h"
 
 namespace KivPlayer {
@@ -27,6 +28,8 @@ std::string stemOf(const std::string& file)
 void PlayerWindow::loadMotions()
 {
     m_nextActor = static_cast<unsigned>(m_options.motions.size());
+    for (const auto& [actor, seconds] : m_options.offsets)
+        m_session.setOffset(actor, seconds);
     for (std::size_t i = 0; i < m_options.motions.size(); ++i)
         m_loader.load(static_cast<unsigned>(i), m_options.motions[i],
                       i < m_options.names.size() ? m_options.names[i] : stemOf(m_options.motions[i]));
@@ -61,10 +64,8 @@ void PlayerWindow::takeActors()
     }
     showLabels();
     transport.setMotion(m_publisher.duration(), frameTime);
-    if (m_starting && m_options.time)
-        transport.setTime(*m_options.time);
-    if (m_starting && m_options.frame)
-        transport.setTime(static_cast<double>(*m_options.frame) * frameTime);
+    if (m_starting && (m_options.time || m_options.frame))
+        transport.setTime(momentOf(m_options, actors()));
     m_stage.setUp(boxWithGround(m_publisher.sampledBox()));
     // Somebody who has looked around already is left where they are.
     if (m_starting || actors().size() == 1) {
@@ -157,6 +158,14 @@ void PlayerWindow::setVisible(unsigned actor, bool visible)
     const KivTaskCommand::SceneGate::Pass pass(m_session.gate());
     if (found != actors().end())
         found->second.dressed.root().setNodeMask(visible ? ~0u : 0u);
+}
+
+void PlayerWindow::setOffset(unsigned actor, double seconds)
+{
+    if (!m_session.setOffset(actor, seconds))
+        return;
+    m_publisher.setActors(actors());
+    transport.setMotion(m_publisher.duration(), transport.frameTime());
 }
 
 void PlayerWindow::follow(std::optional<unsigned> actor)

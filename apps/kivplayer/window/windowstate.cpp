@@ -79,6 +79,7 @@ ordered_json PlayerWindow::state() const
                              {"name", actor.name},
                              {"file", actor.file},
                              {"frames", actor.frames()},
+                             {"offset", actor.offset},
                              {"visible", isVisible(index)}});
     ordered_json startList = ordered_json::object();
     for (const auto& [part, seconds] : startUp().parts())

@@ -88,4 +88,63 @@ TEST_F(FramePublisherTest, judgesContactsTheSameWhateverPartIsShown)
     EXPECT_EQ(found, expected);
 }
 
+TEST_F(FramePublisherTest, showsAnActorThatStartsLaterAsItWasThenAndHeldBeforeAndBehind)
+{
+    FramePublisher publisher(true);
+    publisher.setActors(m_session.actors());
+    const auto showing = [&](double time) {
+        publisher.show(time);
+        return std::make_pair(publisher.placesNow(), contacts());
+    };
+    const double end = publisher.duration();
+    const auto first = showing(0.0);
+    const auto middle = showing(2.0);
+    const auto last = showing(end);
+    ASSERT_NE(first, middle);
+    ASSERT_TRUE(m_session.setOffset(0, 1.25));
+    publisher.setActors(m_session.actors());
+    EXPECT_EQ(publisher.duration(), end + 1.25);
+    EXPECT_EQ(showing(3.25), middle);
+    EXPECT_EQ(showing(1.25), first);
+    EXPECT_EQ(showing(0.6), first) << "before it starts";
+    EXPECT_EQ(showing(end + 1.25), last);
+    ASSERT_TRUE(m_session.setOffset(0, -1.25));
+    publisher.setActors(m_session.actors());
+    EXPECT_EQ(publisher.duration(), end - 1.25);
+    EXPECT_EQ(showing(0.75), middle);
+    EXPECT_EQ(showing(end).first, last.first) << "behind its end";
+}
+
+TEST_F(FramePublisherTest, judgesContactsOfAnActorTheSameWhenItStartsBetweenTheOthersFrames)
+{
+    ASSERT_TRUE(m_session.load(1, sample("juggle"), "Bob"));
+    FramePublisher publisher(true);
+    publisher.setActors(m_session.actors());
+    const auto following = [&](double offset) {
+        std::string all;
+        for (double time = 1.0; time < 2.5; time += 0.02) {
+            publisher.show(offset + time);
+            all += contacts() + " ";
+        }
+        return all;
+    };
+    const std::string expected = following(0.0);
+    ASSERT_TRUE(m_session.setOffset(0, 0.7042));
+    publisher.setActors(m_session.actors());
+    EXPECT_EQ(following(0.7042), expected);
+}
+
+TEST_F(FramePublisherTest, samplesOfAnActorThatStartsLaterWhatThePartShows)
+{
+    FramePublisher publisher(false);
+    publisher.setActors(m_session.actors(), std::make_pair(1.0, 2.0));
+    const std::vector<osg::Vec3d> expected = publisher.sampledPlaces();
+    ASSERT_TRUE(m_session.setOffset(0, 0.5));
+    publisher.setActors(m_session.actors(), std::make_pair(1.5, 2.5));
+    EXPECT_EQ(publisher.sampledPlaces(), expected);
+    publisher.setActors(m_session.actors(), std::make_pair(0.0, 0.4));
+    EXPECT_EQ(publisher.sampledPlaces().size(), m_session.actors().at(0).dressed.joints().size())
+        << "it stands still";
+}
+
 }  // namespace

@@ -217,6 +217,42 @@ TEST_F(MotionTable, followsTheFileFrameByFrameWithinARange)
         << "judged with what was before";
 }
 
+TEST_F(MotionTable, movesTheRowsOfAnActorThatStartsLaterAndChangesNothingElseInThem)
+{
+    ASSERT_TRUE(m_session.load(0, file("planted.bvh", plantedFoot()), "Ann"));
+    const Table before = written();
+    ASSERT_TRUE(m_session.setOffset(0, 0.2537));
+    const Table after = written();
+    ASSERT_EQ(after.rows.size(), before.rows.size());
+    for (std::size_t row = 0; row < before.rows.size(); ++row) {
+        auto expected = before.rows[row];
+        EXPECT_NEAR(after.number(row, "time_s"), before.number(row, "time_s") + 0.2537, 1e-9);
+        expected["time_s"] = after.rows[row].at("time_s");
+        EXPECT_EQ(after.rows[row], expected) << row;
+    }
+    const Table part = written(std::make_pair(0.5, 0.6));
+    ASSERT_EQ(part.rows.size(), 10u) << "the range is one of the shared clock";
+    EXPECT_EQ(part.rows.front().at("frame"), "25");
+    EXPECT_EQ(part.rows.front().at("time_s"), "0.5037");
+}
+
+TEST_F(MotionTable, hasNoRowForFramesBeforeTheClockBegins)
+{
+    ASSERT_TRUE(m_session.load(0, file("planted.bvh", plantedFoot()), "Ann"));
+    const Table before = written();
+    ASSERT_TRUE(m_session.setOffset(0, -0.3));
+    const Table after = written();
+    ASSERT_EQ(after.rows.size(), 70u);
+    EXPECT_EQ(KivPlayer::rowsOfMotionTable(m_session, {}), 70u);
+    EXPECT_EQ(after.rows.front().at("frame"), "30");
+    EXPECT_EQ(after.rows.front().at("time_s"), "0");
+    EXPECT_EQ(after.rows.front().at("LeftFoot_y_cm"), before.rows[30].at("LeftFoot_y_cm"));
+    EXPECT_EQ(after.rows.front().at("LeftFoot_contact"), before.rows[30].at("LeftFoot_contact"));
+    EXPECT_EQ(after.rows.back().at("time_s"), "0.69");
+    ASSERT_TRUE(m_session.setOffset(0, -5.0));
+    EXPECT_TRUE(written().rows.empty());
+}
+
 TEST_F(MotionTable, putsActorsBelowEachOtherAndLeavesEmptyWhatOneDoesNotHave)
 {
     ASSERT_TRUE(m_session.load(0, file("planted.bvh", plantedFoot()), "Ann"));

@@ -18,6 +18,11 @@ using testing::HasSubstr;
 
 class SessionOnTheSamples : public PlayerFixture
 {
+protected:
+    static double playbackDuration()
+    {
+        return KivMemoryShare::SceneCfgShare::instance()->getBaseAnimationManager()->duration();
+    }
 };
 
 const char* const kBroken =
@@ -129,6 +134,50 @@ TEST_F(SessionOnTheSamples, dressesRenamesAndRemovesActors)
     EXPECT_TRUE(session.remove(0));
     EXPECT_EQ(actorsInTheScene(), 1u);
     EXPECT_EQ(session.actors().size(), 1u);
+}
+
+TEST_F(SessionOnTheSamples, refusesAnOffsetThatIsNoTimeOrBeyondADay)
+{
+    Session session(m_console);
+    ASSERT_TRUE(session.start(KIV_RUNTIME_ROOT)) << m_said.str();
+    ASSERT_TRUE(session.load(0, sample("walk"), "Walker"));
+    ASSERT_TRUE(session.setOffset(0, 1.5));
+    for (const double wrong : {std::nan(""), HUGE_VAL, -HUGE_VAL, 86400.5, -1e300})
+        EXPECT_FALSE(session.setOffset(0, wrong)) << wrong;
+    EXPECT_EQ(session.actors().at(0).offset, 1.5);
+    EXPECT_EQ(playbackDuration(), session.actors().at(0).duration() + 1.5);
+}
+
+TEST_F(SessionOnTheSamples, keepsAnOffsetWhenTheActorIsReplacedAndForgetsItWhenItIsRemoved)
+{
+    Session session(m_console);
+    ASSERT_TRUE(session.start(KIV_RUNTIME_ROOT)) << m_said.str();
+    ASSERT_TRUE(session.setOffset(2, 1.5)) << "before there is an actor";
+    ASSERT_TRUE(session.load(2, sample("walk"), "Walker"));
+    EXPECT_EQ(session.actors().at(2).offset, 1.5);
+    EXPECT_EQ(playbackDuration(), session.actors().at(2).end());
+    ASSERT_TRUE(session.load(2, sample("wave"), "Waver"));
+    EXPECT_EQ(session.actors().at(2).offset, 1.5);
+    EXPECT_EQ(playbackDuration(), session.actors().at(2).duration() + 1.5);
+    EXPECT_FALSE(session.load(2, file("broken.bvh", kBroken), "B"));
+    EXPECT_EQ(session.actors().at(2).offset, 1.5);
+    EXPECT_TRUE(session.remove(2));
+    ASSERT_TRUE(session.load(2, sample("walk"), "Walker"));
+    EXPECT_EQ(session.actors().at(2).offset, 0.0);
+    EXPECT_EQ(playbackDuration(), session.actors().at(2).duration());
+}
+
+TEST_F(SessionOnTheSamples, keepsTheOffsetOfAnActorThatPlaysBeforeItIsTakenIn)
+{
+    Session session(m_console);
+    ASSERT_TRUE(session.start(KIV_RUNTIME_ROOT)) << m_said.str();
+    ASSERT_TRUE(session.setOffset(0, 1.5));
+    auto motion = session.read(0, sample("walk"), "Walker");
+    ASSERT_TRUE(motion);
+    const bool built = session.build(*motion).get();
+    session.keepOffsets();
+    EXPECT_EQ(playbackDuration(), motion->actor.duration() + 1.5);
+    EXPECT_TRUE(session.finish(std::move(*motion), built));
 }
 
 TEST_F(SessionOnTheSamples, leavesNothingBehindAndStartsAgain)
