@@ -1,29 +1,17 @@
 #include "depthview.h"
 
 #include <osg/ColorMask>
-#include <osg/NodeVisitor>
 #include <osg/PolygonOffset>
 #include <osg/Program>
 
 #include <cmath>
 
+#include "drawnonly.h"
 #include "stageshaders.h"
 
 namespace KivPlayer {
 
 namespace {
-
-/// Lets only culling through: without it a second parent would make every update callback below run twice a
-/// frame.
-class DrawnAgain : public osg::Group
-{
-public:
-    void traverse(osg::NodeVisitor& visitor) override
-    {
-        if (visitor.getVisitorType() == osg::NodeVisitor::CULL_VISITOR)
-            osg::Group::traverse(visitor);
-    }
-};
 
 osg::ref_ptr<osg::Texture2D> depthTexture(int side, bool comparing)
 {
@@ -70,7 +58,8 @@ DepthView::DepthView(osg::Node* figures, int side, bool comparing)
     state->setMode(GL_BLEND, osg::StateAttribute::OFF | osg::StateAttribute::OVERRIDE);
     state->addUniform(new osg::Uniform("kivCastsNoShadow", false));
 
-    osg::ref_ptr<DrawnAgain> again = new DrawnAgain;
+    // A second parent would make every update callback below run twice a frame.
+    osg::ref_ptr<DrawnOnly> again = new DrawnOnly;
     again->addChild(figures);
     m_spCamera->addChild(again);
 }

@@ -111,7 +111,8 @@ std::string withoutQualifier(const std::string& boneName)
 
 std::optional<DressedActor> DressedActor::find(osg::Group& characterScene, const std::string& actorId)
 {
-    for (unsigned i = 0; i < characterScene.getNumChildren(); ++i) {
+    // Who is looked for is most often the one that came last.
+    for (unsigned i = characterScene.getNumChildren(); i-- > 0;) {
         SkeletonFinder finder;
         characterScene.getChild(i)->accept(finder);
         if (!finder.m_pFound)

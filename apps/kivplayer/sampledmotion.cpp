@@ -1,7 +1,9 @@
 #include "sampledmotion.h"
 
 #include <algorithm>
+#include <optional>
 #include <string>
+#include <utility>
 
 namespace KivPlayer {
 
@@ -9,37 +11,64 @@ namespace {
 
 constexpr int kMoments = 96;
 
-/// Where a figure faces, from its hips or, failing these, its shoulders; of length 1, or 0 where nothing
-/// tells.
-osg::Vec3d frontOf(const std::vector<DressedActor::Joint>& joints, const std::vector<osg::Vec3d>& places)
+using Joints = std::vector<DressedActor::Joint>;
+using Places = std::vector<osg::Vec3d>;
+
+std::optional<std::size_t> jointOf(const Joints& joints, const std::string& name)
 {
-    for (const char* pair : {"UpLeg", "Arm"}) {
-        const osg::Vec3d* left = nullptr;
-        const osg::Vec3d* right = nullptr;
-        for (std::size_t i = 0; i < joints.size(); ++i) {
-            left = joints[i].name == std::string("Left") + pair ? &places[i] : left;
-            right = joints[i].name == std::string("Right") + pair ? &places[i] : right;
-        }
-        if (left && right) {
-            osg::Vec3d front = (*left - *right) ^ osg::Vec3d(0, 0, 1);
-            front.normalize();
-            return front;
-        }
+    for (std::size_t i = 0; i < joints.size(); ++i)
+        if (joints[i].name == name)
+            return i;
+    return std::nullopt;
+}
+
+std::optional<std::size_t> headJointOf(const Joints& joints)
+{
+    for (std::size_t i = 0; i < joints.size(); ++i)
+        if (joints[i].name.find("Head") != std::string::npos)
+            return i;
+    return std::nullopt;
+}
+
+/// A joint of the left and the right side whose places tell where a figure faces: of its hips or, failing
+/// these, its shoulders.
+using SidePair = std::pair<std::size_t, std::size_t>;
+
+std::optional<SidePair> sidesOf(const Joints& joints)
+{
+    for (const std::string pair : {"UpLeg", "Arm"}) {
+        const auto left = jointOf(joints, "Left" + pair);
+        const auto right = jointOf(joints, "Right" + pair);
+        if (left && right)
+            return SidePair(*left, *right);
     }
-    return {};
+    return std::nullopt;
+}
+
+/// Of length 1, or 0 where nothing tells.
+osg::Vec3d frontOf(const std::optional<SidePair>& sides, const Places& places)
+{
+    if (!sides)
+        return {};
+    osg::Vec3d front = (places[sides->first] - places[sides->second]) ^ osg::Vec3d(0, 0, 1);
+    front.normalize();
+    return front;
+}
+
+osg::Vec3d headAt(const std::optional<std::size_t>& head, const Places& places)
+{
+    if (head)
+        return places[*head];
+    const auto highest = std::max_element(
+        places.begin(), places.end(), [](const osg::Vec3d& a, const osg::Vec3d& b) { return a.z() < b.z(); });
+    return highest == places.end() ? osg::Vec3d() : *highest;
 }
 
 }  // namespace
 
-osg::Vec3d headOf(const std::vector<DressedActor::Joint>& joints, const std::vector<osg::Vec3d>& places)
+osg::Vec3d headOf(const Joints& joints, const Places& places)
 {
-    std::size_t head = 0;
-    for (std::size_t i = 0; i < joints.size(); ++i) {
-        if (joints[i].name.find("Head") != std::string::npos)
-            return places[i];
-        head = places[i].z() > places[head].z() ? i : head;
-    }
-    return places.empty() ? osg::Vec3d() : places[head];
+    return headAt(headJointOf(joints), places);
 }
 
 SampledMotion sampleMotion(const DressedActor& actor, KivAnimation::Animation* animation,
@@ -51,13 +80,17 @@ SampledMotion sampleMotion(const DressedActor& actor, KivAnimation::Animation* a
     const double from = std::clamp(span.first, 0.0, end);
     const double to = std::clamp(span.second, 0.0, end);
     const int moments = to > from ? kMoments : 1;
+    const std::optional<std::size_t> head = headJointOf(actor.joints());
+    const std::optional<SidePair> sides = sidesOf(actor.joints());
+    Places places;
+    sampled.places.reserve(sampled.joints * static_cast<std::size_t>(moments));
     for (int i = 0; i < moments; ++i) {
         if (animation)
             animation->pose(moments > 1 ? from + (to - from) * i / (moments - 1) : from);
-        const std::vector<osg::Vec3d> places = actor.positions();
+        actor.readPositions(places);
         sampled.places.insert(sampled.places.end(), places.begin(), places.end());
-        sampled.heads.push_back(headOf(actor.joints(), places));
-        sampled.front += frontOf(actor.joints(), places);
+        sampled.heads.push_back(headAt(head, places));
+        sampled.front += frontOf(sides, places);
         for (const osg::Vec3d& place : places)
             sampled.box.expandBy(place);
     }

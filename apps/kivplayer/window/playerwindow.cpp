@@ -30,12 +30,10 @@ PlayerWindow::PlayerWindow(const Options& options, Session& session, Console& co
     : m_options(options),
       m_session(session),
       m_console(console),
-      m_loader(session),
       m_commands(session, console),
-      m_publisher(options.shown.contacts),
-      m_stage(SceneCfgShare::instance()->getCharacterSceneNode()),
+      m_scene(session, options.shown.contacts),
       m_spInterface(std::make_unique<InterfaceLayer>(session.fontPath())),
-      m_window(m_stage.root(), m_camera.manipulator()),
+      m_window(m_scene.stage().root(), m_camera.manipulator()),
       m_spNative(NativeWindow::of(m_window.context())),
       m_detail(m_window.drawsInSoftware()),
       m_watch(options.watch),
@@ -49,14 +47,15 @@ PlayerWindow::PlayerWindow(const Options& options, Session& session, Console& co
     m_shown.grid = options.shown.grid;
     m_shown.skeleton = options.shown.skeleton;
     m_names = options.shown.names;
-    m_stage.showGrid(m_shown.grid);
-    m_stage.showSkeleton(m_shown.skeleton);
+    m_scene.stage().showGrid(m_shown.grid);
+    m_scene.stage().showSkeleton(m_shown.skeleton);
     KivRenderStateManager::instance()->setCenterOfMassShow(m_shown.centreOfMass);
     CharacterizationManager::instance()->RegistPropsPropertyChangeNotify(&props);
     SceneCfgShare::instance()->setCompositeViewer(&m_window.viewer());
     registerKeys();
     m_spInterface->setPanels(kSidebarWidth, kBarHeight);
-    m_spInterface->attach(m_window.view(), *m_stage.root());
+    m_spInterface->attach(m_window.view(), *m_scene.stage().root());
+    m_scene.drawWith(m_window.camera());
     loadMotions();
 }
 
@@ -103,11 +102,11 @@ void PlayerWindow::betweenFrames(double passed)
 {
     takeDrops();
     takeChangedFiles();
-    if (m_loader.advance())
+    if (m_scene.loader().advance())
         takeActors();
-    if (const std::string failed = m_loader.takeFailed(); !failed.empty())
+    if (const std::string failed = m_scene.loader().takeFailed(); !failed.empty())
         say(std::filesystem::path(failed).filename().string() + ": not loaded; the log says why");
-    if (m_starting && !m_loader.isBusy())
+    if (m_starting && !m_scene.loader().isBusy())
         endStarting();
     for (const Action action : m_window.takeAsked())
         perform(action);
@@ -151,17 +150,14 @@ void PlayerWindow::frame()
 
 void PlayerWindow::beforeDrawing()
 {
-    if (m_loader.isBusy())
-        m_session.keepOffsets();
-    m_publisher.show(std::min(transport.time(), transport.duration()));
-    m_stage.light(boxWithGround(m_publisher.placesNow()));
+    m_scene.show(std::min(transport.time(), transport.duration()), m_picture.isBusy());
     m_detail.judge(m_pace.times());
-    m_stage.setDetail(m_picture.isBusy() ? StageDetail::Fine : m_detail.detail());
+    m_scene.stage().setDetail(m_picture.isBusy() ? StageDetail::Fine : m_detail.detail());
     if (m_picture.isBusy())
         m_spInterface->askForPicture(area());
     goAlong();
     m_camera.project(m_window.camera(), area(), m_picture.isBusy() ? m_picture.offset() : osg::Vec2d());
-    m_stage.fillPicture(area().inClipSpace());
+    m_scene.stage().fillPicture(area().inClipSpace());
     m_window.drawOnly(area());
 }
 
@@ -188,7 +184,7 @@ void PlayerWindow::describePanels()
     m_spInterface->begin(whole.windowWidth, whole.windowHeight, now());
     m_sidebar.describe(*this, whole.windowHeight);
     describeBar(*this, whole.windowWidth, whole.windowHeight);
-    if (actors().empty() && !m_loader.isBusy())
+    if (actors().empty() && !m_scene.loader().isBusy())
         describeEmpty(whole.windowWidth, whole.windowHeight);
     if (m_shown.fit)
         describeFit(*this, whole.windowWidth, whole.windowHeight);
@@ -245,8 +241,8 @@ std::optional<unsigned> PlayerWindow::followed() const
 
 std::string PlayerWindow::status() const
 {
-    if (m_loader.isBusy())
-        return "Loading " + std::filesystem::path(m_loader.file()).filename().string() + " ...";
+    if (m_scene.loader().isBusy())
+        return "Loading " + std::filesystem::path(m_scene.loader().file()).filename().string() + " ...";
     return now() - m_saidAt < 5.0 ? m_said : std::string();
 }
 

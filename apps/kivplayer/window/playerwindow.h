@@ -9,10 +9,7 @@
 
 #include "avatarfile.h"
 #include "console.h"
-#include "framepublisher.h"
 #include "options.h"
-#include "stage.h"
-#include "window/actorloader.h"
 #include "window/desk.h"
 #include "window/filewatch.h"
 #include "window/framepace.h"
@@ -21,6 +18,7 @@
 #include "window/orbitcamera.h"
 #include "window/panels.h"
 #include "window/pendingcommands.h"
+#include "window/playedscene.h"
 #include "window/statefile.h"
 #include "window/supersampler.h"
 #include "window/viewerwindow.h"
@@ -100,10 +98,8 @@ private:
     const Options& m_options;
     Session& m_session;
     Console& m_console;
-    ActorLoader m_loader;
     PendingCommands m_commands;
-    FramePublisher m_publisher;
-    Stage m_stage;
+    PlayedScene m_scene;
     OrbitCamera m_camera;
     std::unique_ptr<InterfaceLayer> m_spInterface;
     ViewerWindow m_window;

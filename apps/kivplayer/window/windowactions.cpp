@@ -79,18 +79,18 @@ void PlayerWindow::perform(Action action)
             break;
         case Action::Contacts:
             m_shown.contacts = !m_shown.contacts;
-            m_publisher.publishContacts(m_shown.contacts);
+            m_scene.publisher().publishContacts(m_shown.contacts);
             break;
         case Action::Skeleton:
             m_shown.skeleton = !m_shown.skeleton;
-            m_stage.showSkeleton(m_shown.skeleton);
+            m_scene.stage().showSkeleton(m_shown.skeleton);
             break;
         case Action::Shadows:
             m_detail.setShadows(!m_detail.shadows());
             break;
         case Action::Grid:
             m_shown.grid = !m_shown.grid;
-            m_stage.showGrid(m_shown.grid);
+            m_scene.stage().showGrid(m_shown.grid);
             break;
         case Action::PropsDraggers:
             toggleDraggers();

@@ -31,8 +31,8 @@ void PlayerWindow::loadMotions()
     for (const auto& [actor, seconds] : m_options.offsets)
         m_session.setOffset(actor, seconds);
     for (std::size_t i = 0; i < m_options.motions.size(); ++i)
-        m_loader.load(static_cast<unsigned>(i), m_options.motions[i],
-                      i < m_options.names.size() ? m_options.names[i] : stemOf(m_options.motions[i]));
+        m_scene.loader().load(static_cast<unsigned>(i), m_options.motions[i],
+                              i < m_options.names.size() ? m_options.names[i] : stemOf(m_options.motions[i]));
 }
 
 void PlayerWindow::takeDrops()
@@ -44,7 +44,7 @@ void PlayerWindow::takeDrops()
 
 void PlayerWindow::takeChangedFiles()
 {
-    if (m_loader.isBusy())
+    if (m_scene.loader().isBusy())
         return;
     for (const unsigned actor : m_watch.changed(actors(), now()))
         replace(actor, actors().at(actor).file);
@@ -53,7 +53,7 @@ void PlayerWindow::takeChangedFiles()
 void PlayerWindow::takeActors()
 {
     const KivTaskCommand::SceneGate::Pass pass(m_session.gate());
-    m_publisher.setActors(actors());
+    m_scene.takeActors();
     props.setActors(actors());
     m_reportIsOld = true;
     double frameTime = 0.0;
@@ -63,10 +63,9 @@ void PlayerWindow::takeActors()
             frameTime = actor.document.frameTime;
     }
     showLabels();
-    transport.setMotion(m_publisher.duration(), frameTime);
+    transport.setMotion(m_scene.publisher().duration(), frameTime);
     if (m_starting && (m_options.time || m_options.frame))
         transport.setTime(momentOf(m_options, actors()));
-    m_stage.setUp(boxWithGround(m_publisher.sampledBox()));
     // Somebody who has looked around already is left where they are.
     if (m_starting || actors().size() == 1) {
         findHome();
@@ -86,16 +85,16 @@ void PlayerWindow::findHome()
 {
     if (actors().empty())
         return;
-    std::vector<osg::Vec3d> shown = m_publisher.sampledPlaces();
+    std::vector<osg::Vec3d> shown = m_scene.publisher().sampledPlaces();
     const std::size_t joints = shown.size();
     for (std::size_t i = 0; i < joints; ++i)
         shown.emplace_back(shown[i].x(), shown[i].y(), std::min(0.0, shown[i].z()));
     if (m_shown.names)
-        for (const osg::Vec3d& head : m_publisher.sampledHeads())
+        for (const osg::Vec3d& head : m_scene.publisher().sampledHeads())
             shown.push_back(head + osg::Vec3d(0, 0, kLabelHeight));
-    const osg::BoundingBox box = boxWithGround(m_publisher.sampledBox());
+    const osg::BoundingBox box = boxWithGround(m_scene.publisher().sampledBox());
     const double height = static_cast<double>(box.zMax() - box.zMin());
-    const double compass = m_publisher.facing() + m_options.view.azimuth;
+    const double compass = m_scene.publisher().facing() + m_options.view.azimuth;
     CameraPose pose = frameAll(shown, compass, m_options.view.elevation, OrbitCamera::kFieldOfView,
                                area().aspect(), std::max(kFlesh * std::min(height, 200.0), 0.02 * height));
     if (m_options.cameraTarget)
@@ -103,14 +102,14 @@ void PlayerWindow::findHome()
     if (m_options.cameraPosition)
         pose.eye = *m_options.cameraPosition;
     m_camera.setHome(pose);
-    m_stage.setFront(std::atan2(pose.eye.y() - pose.target.y(), pose.eye.x() - pose.target.x()));
-    m_stage.setUp(box);
+    m_scene.stage().setFront(std::atan2(pose.eye.y() - pose.target.y(), pose.eye.x() - pose.target.x()));
+    m_scene.stage().setUp(box);
 }
 
 void PlayerWindow::load(const std::string& file)
 {
     const unsigned next = actors().empty() ? 0 : actors().rbegin()->first + 1;
-    m_loader.load(std::max(next, m_nextActor), file, stemOf(file));
+    m_scene.loader().load(std::max(next, m_nextActor), file, stemOf(file));
     m_nextActor = std::max(next, m_nextActor) + 1;
 }
 
@@ -121,7 +120,7 @@ void PlayerWindow::replace(unsigned actor, const std::string& file)
         return;
     const LoadedActor& old = found->second;
     // A name that came from the old file goes with it.
-    m_loader.load(actor, file, old.name == stemOf(old.file) ? stemOf(file) : old.name);
+    m_scene.loader().load(actor, file, old.name == stemOf(old.file) ? stemOf(file) : old.name);
 }
 
 void PlayerWindow::remove(unsigned actor)
@@ -164,8 +163,8 @@ void PlayerWindow::setOffset(unsigned actor, double seconds)
 {
     if (!m_session.setOffset(actor, seconds))
         return;
-    m_publisher.setActors(actors());
-    transport.setMotion(m_publisher.duration(), transport.frameTime());
+    m_scene.publisher().setActors(actors());
+    transport.setMotion(m_scene.publisher().duration(), transport.frameTime());
 }
 
 void PlayerWindow::follow(std::optional<unsigned> actor)

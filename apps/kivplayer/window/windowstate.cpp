@@ -93,7 +93,7 @@ ordered_json PlayerWindow::state() const
     const FrameTimes& times = m_pace.times();
     const FreeArea free = area();
     return {{"running", true},
-            {"loading", m_starting || m_loader.isBusy()},
+            {"loading", m_starting || m_scene.loader().isBusy()},
             {"commands", m_commands.count()},
             {"playing", transport.isPlaying()},
             {"looping", transport.isLooping()},

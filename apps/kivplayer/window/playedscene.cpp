@@ -1,0 +1,31 @@
+#include "window/playedscene.h"
+
+#include "KivMemoryShare/scenecfgshare.h"
+#include "framing.h"
+
+namespace KivPlayer {
+
+PlayedScene::PlayedScene(Session& session, bool contacts)
+    : m_session(session),
+      m_loader(session),
+      m_publisher(contacts),
+      m_arrivals(KivMemoryShare::SceneCfgShare::instance()->getCharacterSceneNode()),
+      m_stage(m_arrivals.root())
+{}
+
+void PlayedScene::takeActors()
+{
+    m_publisher.setActors(m_session.actors());
+    m_stage.setUp(boxWithGround(m_publisher.sampledBox()));
+}
+
+void PlayedScene::show(double seconds, bool complete)
+{
+    complete ? m_arrivals.receiveAtOnce() : m_arrivals.receive();
+    if (m_loader.isBusy())
+        m_session.keepOffsets();
+    m_publisher.show(seconds);
+    m_stage.light(boxWithGround(m_publisher.placesNow()));
+}
+
+}  // namespace KivPlayer

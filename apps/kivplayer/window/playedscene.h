@@ -1,0 +1,44 @@
+#pragma once
+
+#include "framepublisher.h"
+#include "session.h"
+#include "stage.h"
+#include "window/actorloader.h"
+#include "window/arrivals.h"
+
+namespace KivPlayer {
+
+/// The figures of a session on their stage, played while others are loaded. On the thread that draws.
+class PlayedScene
+{
+public:
+    /// @param contacts whether contacts are published.
+    PlayedScene(Session& session, bool contacts);
+
+    ActorLoader& loader() { return m_loader; }
+    const ActorLoader& loader() const { return m_loader; }
+    FramePublisher& publisher() { return m_publisher; }
+    const FramePublisher& publisher() const { return m_publisher; }
+    Stage& stage() { return m_stage; }
+    const Arrivals& arrivals() const { return m_arrivals; }
+
+    /// Draws with this camera what hangs below the stage's root.
+    void drawWith(osg::Camera& camera) { m_arrivals.uploadWith(camera); }
+
+    /// Takes over the session's actors as they are now, and lays the stage out for them. Inside a pass of
+    /// the gate.
+    void takeActors();
+
+    /// Poses and lights what the next frame shows. The gate closed.
+    /// @param complete whether a figure that has just come must be seen at once.
+    void show(double seconds, bool complete = false);
+
+private:
+    Session& m_session;
+    ActorLoader m_loader;
+    FramePublisher m_publisher;
+    Arrivals m_arrivals;
+    Stage m_stage;
+};
+
+}  // namespace KivPlayer
