@@ -22,10 +22,9 @@ cmake --build --preset release
 player=build/release/bin/kivplayer
 samples=build/release/root/Data/BVH
 
-picture() { # NAME ARGUMENT...: one picture, named on stdout
+picture() { # NAME ARGUMENT...: one picture, named on stdout once it is there
     local file="out/$1.png"
-    "$player" --quiet --output "$file" "${@:2}"
-    echo "$file"
+    "$player" --quiet --output "$file" "${@:2}" && echo "$file"
 }
 
 if [[ -n "${DISPLAY:-}" ]]; then
