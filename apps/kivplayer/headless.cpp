@@ -1,6 +1,5 @@
 #include "headless.h"
 
-#include <cstdint>
 #include <exception>
 #include <filesystem>
 #include <locale>
@@ -10,9 +9,9 @@
 #include "contactsheet.h"
 #include "exports.h"
 #include "fitreport.h"
+#include "loadingprogress.h"
 #include "picturefile.h"
 #include "picturemaker.h"
-#include "progress.h"
 #include "reportfile.h"
 #include "session.h"
 #include "summary.h"
@@ -67,26 +66,16 @@ std::string labelOf(const Options& options, std::size_t index)
     return std::filesystem::path(options.motions[index]).stem().string();
 }
 
-/// Before a file whose reading takes more than a moment.
-void sayThatItTakesLong(const std::string& file, Console& console)
-{
-    constexpr std::uintmax_t kMegabyte = 1000000;
-    std::error_code unknown;
-    const std::uintmax_t size = std::filesystem::file_size(file, unknown);
-    if (!unknown && size >= 20 * kMegabyte)
-        console.say("kivplayer: reading " + file + ", " + std::to_string(size / kMegabyte) + " MB\n");
-}
-
 void loadAll(const Options& options, Session& session, Console& console)
 {
-    Progress progress(console.stream(), Progress::styleFor(Progress::kErrorStream, console.isQuiet()),
-                      "motions read", options.motions.size(), Progress::kPatience);
+    LoadingProgress progress(console, options.motions.size(),
+                             Progress::styleFor(Progress::kErrorStream, console.isQuiet()));
     for (const auto& [actor, seconds] : options.offsets)
         session.setOffset(actor, seconds);
     for (std::size_t i = 0; i < options.motions.size(); ++i) {
-        sayThatItTakesLong(options.motions[i], console);
+        progress.begin(options.motions[i]);
         session.load(static_cast<unsigned>(i), options.motions[i], labelOf(options, i));
-        progress.done(i + 1);
+        progress.end();
     }
 }
 

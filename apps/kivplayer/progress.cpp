@@ -26,12 +26,13 @@ Progress::Style Progress::styleFor(int descriptor, bool quiet)
 }
 
 Progress::Progress(std::ostream& stream, Style style, std::string job, unsigned long long total,
-                   std::chrono::milliseconds patience)
+                   std::chrono::milliseconds patience, Unit unit)
     : m_stream(stream),
       m_style(style),
       m_job(std::move(job)),
       m_total(std::max(1ULL, total)),
-      m_speaksFrom(std::chrono::steady_clock::now() + patience)
+      m_speaksFrom(std::chrono::steady_clock::now() + patience),
+      m_unit(unit)
 {}
 
 Progress::~Progress()
@@ -46,7 +47,9 @@ void Progress::done(unsigned long long count)
         return;
     const auto percent = static_cast<unsigned>(std::min(count, m_total) * 100 / m_total);
     if (m_style == Style::Terminal) {
-        m_stream << "\r" << m_job << " " << count << "/" << m_total << " (" << percent << " %)" << std::flush;
+        // What another line has left behind it is wiped away.
+        m_stream << "\r" << m_job << " " << count / m_unit.size << "/" << m_total / m_unit.size
+                 << (*m_unit.name ? " " : "") << m_unit.name << " (" << percent << " %)\x1b[K" << std::flush;
         m_lineOpen = true;
     } else if (m_style == Style::Lines && percent / 10 > m_shown / 10) {
         m_stream << "kivplayer: " << m_job << " " << percent << " %" << std::endl;

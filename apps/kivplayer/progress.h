@@ -19,6 +19,13 @@ public:
     };
 
     static constexpr int kErrorStream = 2;
+    /// What is counted, where that is no thing by itself: so many make one.
+    struct Unit
+    {
+        const char* name = "";
+        unsigned long long size = 1;
+    };
+
     /// For jobs that are mostly over at once: nothing is said before.
     static constexpr std::chrono::milliseconds kPatience{400};
 
@@ -26,7 +33,7 @@ public:
     static Style styleFor(int descriptor, bool quiet);
 
     Progress(std::ostream& stream, Style style, std::string job, unsigned long long total,
-             std::chrono::milliseconds patience = std::chrono::milliseconds(0));
+             std::chrono::milliseconds patience = std::chrono::milliseconds(0), Unit unit = {"", 1});
     ~Progress();
     Progress(const Progress&) = delete;
     Progress& operator=(const Progress&) = delete;
@@ -39,6 +46,7 @@ private:
     std::string m_job;
     unsigned long long m_total;
     std::chrono::steady_clock::time_point m_speaksFrom;
+    Unit m_unit;
     unsigned m_shown = 0;  ///< percent
     bool m_lineOpen = false;
 };

@@ -6,7 +6,7 @@
 #include <exception>
 #include <filesystem>
 #include <fstream>
-#include <iterator>
+#include <istream>
 #include <utility>
 
 #include "KivCharacterization/characterizationmanager.h"
@@ -41,6 +41,20 @@ std::string readersReason(const std::string& text)
     const osg::ref_ptr<osg::Node> holdNode = node;
     const osg::ref_ptr<KivAnimation::Animation> holdAnimation = animation;
     return read ? std::string() : KivReader::ReaderWriterBVH::lastError();
+}
+
+/// In large pieces, since pipes do not tell how long they are.
+bool readAll(std::istream& stream, std::string& text)
+{
+    constexpr std::size_t kPiece = 1 << 20;
+    std::size_t length = 0;
+    do {
+        text.resize(length + kPiece);
+        stream.read(text.data() + length, kPiece);
+        length += static_cast<std::size_t>(stream.gcount());
+    } while (stream);
+    text.resize(length);
+    return !stream.bad();
 }
 
 /// The reader's words about a table, "FILE, line 3: reason" or "FILE: reason", with the place taken out.
@@ -132,9 +146,8 @@ bool Session::readMotion(const std::string& file, std::string& text, LoadedActor
         return false;
     }
     std::ifstream stream(file, std::ios::binary);
-    if (stream)
-        text.assign(std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>());
-    if (!stream.is_open() || stream.bad()) {
+    const bool read = stream && readAll(stream, text);
+    if (!read) {
         m_console.error(
             {file, 0, 0, std::filesystem::exists(file, problem) ? "cannot be read" : "no such file"});
         return false;

@@ -8,6 +8,7 @@
 #include "host/KivReader/motionrowreader.h"
 #include "host/KivReader/placefinder.h"
 #include "host/KivReader/positionconvention.h"
+#include "host/KivReader/readingprogress.h"
 #include "host/KivReader/refusal.h"
 #include "host/KivReader/textcursor.h"
 
@@ -124,11 +125,13 @@ MotionReading readMotionDocument(std::string_view text)
     MotionDocument document;
     try {
         readText(cursor, places, document);
+        reportReading(text.size(), text.size());
         reading.document = std::move(document);
     } catch (const Refusal& refusal) {
         const Refusal named = withNulNamed(text, refusal);
         reading.error = places.at(named.offset, named.message);
     }
+    reportReadingEnded();
     return reading;
 }
 

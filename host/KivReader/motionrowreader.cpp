@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "host/KivReader/numbertext.h"
+#include "host/KivReader/readingprogress.h"
 #include "host/KivReader/textcursor.h"
 
 namespace KivReader {
@@ -79,11 +80,16 @@ void MotionRowReader::read(std::size_t offset)
         m_columns > 0 ? (static_cast<std::size_t>(m_end - at) / 2 + 1) / m_columns : 0;
     m_values.reserve(static_cast<std::size_t>(std::min<std::uint64_t>(m_declaredFrames, mostRows)) *
                      m_columns);
+    std::size_t reported = 0;
     while (true) {
         at = std::find_if_not(at, m_end, isSpace);
         if (at == m_end)
             break;
         const auto lineOffset = static_cast<std::size_t>(at - m_begin);
+        if (lineOffset >= reported + kBytesBetweenReports) {
+            reported = lineOffset;
+            reportReading(lineOffset, static_cast<std::size_t>(m_end - m_begin));
+        }
         const std::size_t before = m_values.size();
         at = readLine(at);
         const std::size_t values = m_values.size() - before;

@@ -31,7 +31,18 @@ TEST(Progress, writesOverOneLineOnATerminalAndEndsIt)
         progress.done(1);
         progress.done(2);
     }
-    EXPECT_EQ(said.str(), "\rpictures 1/4 (25 %)\rpictures 2/4 (50 %)\n");
+    EXPECT_EQ(said.str(), "\rpictures 1/4 (25 %)\x1b[K\rpictures 2/4 (50 %)\x1b[K\n");
+}
+
+TEST(Progress, countsInAUnit)
+{
+    std::ostringstream said;
+    {
+        Progress progress(said, Progress::Style::Terminal, "reading", 87654321, std::chrono::milliseconds(0),
+                          {"MB", 1000000});
+        progress.done(12345678);
+    }
+    EXPECT_EQ(said.str(), "\rreading 12/87 MB (14 %)\x1b[K\n");
 }
 
 TEST(Progress, saysNothingWhenSilentOrWhenNothingIsToBeDone)
