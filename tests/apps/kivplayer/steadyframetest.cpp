@@ -1,53 +1,15 @@
-// A program of its own: it replaces the allocation functions, for the libraries that it loads, too.
 #include <osgUtil/UpdateVisitor>
-
-#include <atomic>
-#include <cstdlib>
-#include <new>
 
 #include "KivMemoryShare/actorframemanager.h"
 #include "KivRenderState/kivrenderstatemanager.h"
 #include "framepublisher.h"
 #include "tests/apps/kivplayer/playerfixture.h"
-
-namespace {
-
-std::atomic<long> g_allocations{0};
-
-}  // namespace
-
-// The compiler may inline one half of a pair and then takes it for a mismatch.
-#if defined(__GNUC__) && !defined(__clang__)
-#pragma GCC diagnostic ignored "-Wmismatched-new-delete"
-#endif
-
-void* operator new(std::size_t size)
-{
-    ++g_allocations;
-    if (void* memory = std::malloc(size))
-        return memory;
-    throw std::bad_alloc();
-}
-
-void* operator new(std::size_t size, const std::nothrow_t&) noexcept
-{
-    ++g_allocations;
-    return std::malloc(size);
-}
-
-void operator delete(void* memory) noexcept
-{
-    std::free(memory);
-}
-
-void operator delete(void* memory, std::size_t) noexcept
-{
-    std::free(memory);
-}
+#include "tests/support/countedallocations.h"
 
 namespace {
 
 using namespace KivPlayer;
+using KivTestSupport::allocationsOf;
 
 /// Two dressed actors with names, centre of mass and contacts, played frame by frame as the player does it.
 class SteadyFrame : public PlayerFixture
@@ -73,15 +35,6 @@ protected:
             m_publisher.show(frame / 50.0);
             scene.accept(*m_visitor);
         }
-    }
-
-    /// How many allocations the work makes.
-    template <typename Work>
-    static long allocationsOf(Work&& work)
-    {
-        const long before = g_allocations;
-        work();
-        return g_allocations - before;
     }
 
     std::optional<Session> m_session;
