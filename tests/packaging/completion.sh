@@ -1,17 +1,47 @@
 #!/usr/bin/env bash
-# completion.sh PLAYER COMPLETION: asks the completion as bash would.
+# completion.sh PLAYER SHELL COMPLETION: asks the completion as that shell would: bash, zsh or fish. 77: it is not there.
 set -euo pipefail
-# shellcheck source=/dev/null
-source "$2"
-compopt() { :; } # it works inside a real completion only
+player="$(realpath "$1")"
+shell="$2"
+completion="$(realpath "$3")"
+here="$(dirname "$(realpath "$0")")"
+if ! command -v "$shell" >/dev/null; then
+    echo "skipped: $shell is not installed"
+    exit 77
+fi
+PATH="$(dirname "$player"):$PATH"
+folder="$(mktemp -d)"
+trap 'rm -rf "$folder"' EXIT
+export HOME="$folder/home" TERM=dumb
+mkdir -p "$HOME" "$folder/work/takes"
+cd "$folder/work"
+touch dance.bvh WALK.BVH notes.txt
 
-player="$1"
-complete_words() { # WORD...: what the last word may become, one a line
-    COMP_WORDS=("$player" "$@")
-    COMP_CWORD=$#
-    COMPREPLY=()
-    _kivplayer
-    printf '%s\n' "${COMPREPLY[@]}"
+# complete_words WORD...: what the last word may become, one a line. "--option" "=" "value" is one word but to bash.
+case "$shell" in
+    bash)
+        # shellcheck source=/dev/null
+        source "$completion"
+        compopt() { :; } # it works inside a real completion only
+        complete_words() {
+            COMP_WORDS=(kivplayer "$@")
+            COMP_CWORD=$#
+            COMPREPLY=()
+            _kivplayer
+            printf '%s\n' "${COMPREPLY[@]}"
+        }
+        ;;
+    zsh) complete_words() { zsh -f "$here/completion.zsh" "$completion" "$(line_of "$@")"; } ;;
+    fish)
+        complete_words() {
+            fish --no-config -c 'source $argv[1]; complete -C "$argv[2]"' "$completion" "$(line_of "$@")" |
+                cut -f 1 | sed 's/^--[a-z-]*=//; s/\/$//'
+        }
+        ;;
+esac
+line_of() { # WORD...
+    local line="kivplayer $*"
+    echo "${line// = /=}"
 }
 expect() { # WHAT FOUND WANTED
     if [[ "$2" != "$3" ]]; then
@@ -20,12 +50,6 @@ expect() { # WHAT FOUND WANTED
     fi
     echo "ok: $1"
 }
-
-folder="$(mktemp -d)"
-trap 'rm -rf "$folder"' EXIT
-cd "$folder"
-mkdir takes
-touch dance.bvh WALK.BVH notes.txt
 help="$("$player" --help)"
 
 expect "motions and folders are offered, other files are not" \
