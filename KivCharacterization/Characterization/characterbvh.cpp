@@ -3,7 +3,8 @@
 #include <osg/Group>
 #include <osg/MatrixTransform>
 
-#include <set>
+#include <algorithm>
+#include <vector>
 
 #include "KivAnimation/bone.h"
 #include "KivAnimation/skeleton.h"
@@ -131,7 +132,7 @@ osg::ref_ptr<osg::MatrixTransform> attachPiece(const std::string& joint, KivAnim
     return holder;
 }
 
-using Holders = std::set<const osg::MatrixTransform*>;
+using Holders = std::vector<const osg::MatrixTransform*>;
 
 /// @return the holders that the table of special joints shows from now on.
 Holders attachPieces()
@@ -155,7 +156,7 @@ Holders attachPieces()
         for (const osg::MatrixTransform* piece : entry->second.pieces) {
             const auto holder = attachPiece(joint, *bone, *piece, *rescaling);
             if (holder && SpecialJointTable::instance().record(piece->getName(), holder.get())) {
-                holders.insert(holder.get());
+                holders.push_back(holder.get());
             }
         }
     }
@@ -167,7 +168,7 @@ Holders attachPieces()
 void scaleSpecialJoint(const std::string& name, float ratio, const Holders& ownHolders)
 {
     osg::MatrixTransform* holder = SpecialJointTable::instance().find(name);
-    if (holder && ownHolders.count(holder) != 0) {
+    if (holder && std::find(ownHolders.begin(), ownHolders.end(), holder) != ownHolders.end()) {
         holder->setMatrix(holder->getMatrix() * osg::Matrixd::scale(ratio, ratio, ratio));
     }
 }

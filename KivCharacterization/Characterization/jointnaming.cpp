@@ -1,7 +1,5 @@
 #include "KivCharacterization/Characterization/jointnaming.h"
 
-#include <string_view>
-
 namespace KivCharacterization {
 
 const std::string kPiecePrefix = "Joint:";
@@ -12,13 +10,18 @@ bool HasPiecePrefix(const std::string& name)
     return name.compare(0, kPiecePrefixLength, kPiecePrefix) == 0;
 }
 
-std::string NormaliseJointName(const std::string& name)
+std::string_view UnqualifiedJointName(std::string_view name)
 {
     const std::size_t mark = name.find('#');
-    return mark == std::string::npos ? name : name.substr(mark + 1);
+    return mark == std::string_view::npos ? name : name.substr(mark + 1);
 }
 
-std::string SegmentKey(const std::string& parent, const std::string& child)
+std::string NormaliseJointName(const std::string& name)
+{
+    return std::string(UnqualifiedJointName(name));
+}
+
+std::string SegmentKey(std::string_view parent, std::string_view child)
 {
     std::string key;
     key.reserve(parent.size() + 1 + child.size());

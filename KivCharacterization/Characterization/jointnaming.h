@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <map>
 #include <string>
+#include <string_view>
 
 namespace KivCharacterization {
 
@@ -17,11 +18,15 @@ extern const std::size_t kPiecePrefixLength;
 /// Whether a name begins with the piece prefix; a name that is the prefix alone does.
 bool HasPiecePrefix(const std::string& name);
 
-/// The name of a skeleton joint without its qualifier: the text after the first "#", or all of it.
+/// The part of a skeleton joint's name that counts: what follows the qualifier, the text up to the first "#",
+/// or all of it. It lives as long as the name.
+std::string_view UnqualifiedJointName(std::string_view name);
+
+/// The same as a text of its own.
 std::string NormaliseJointName(const std::string& name);
 
 /// The key of the bone segment between two joints: `<parent>&<child>`.
-std::string SegmentKey(const std::string& parent, const std::string& child);
+std::string SegmentKey(std::string_view parent, std::string_view child);
 
 /// The body of a piece's full name: the text behind the prefix; empty for a name shorter than it.
 std::string PieceBody(const std::string& fullName);

@@ -3,6 +3,7 @@
 #include <osg/MatrixTransform>
 
 #include <cmath>
+#include <string_view>
 
 #include "KivAnimation/bone.h"
 #include "KivCharacterization/Characterization/jointnaming.h"
@@ -41,14 +42,14 @@ void CBVhCalBoneLenNodeVisitor::apply(osg::Node& node)
         traverse(node);
         return;
     }
-    const std::string parentName = NormaliseJointName(bone->getName());
+    const std::string_view parentName = UnqualifiedJointName(bone->getName());
     for (unsigned int i = 0; i < bone->getNumChildren(); ++i) {
         const auto* child = dynamic_cast<const KivAnimation::Bone*>(bone->getChild(i));
         if (!child) {
             continue;
         }
         const osg::Vec3f offset(child->getInitialMatrix().getTrans());
-        BvhSegment& segment = (*m_pSegments)[SegmentKey(parentName, NormaliseJointName(child->getName()))];
+        BvhSegment& segment = (*m_pSegments)[SegmentKey(parentName, UnqualifiedJointName(child->getName()))];
         segment.offset = offset;
         segment.length = std::sqrt(offset * offset);
     }
