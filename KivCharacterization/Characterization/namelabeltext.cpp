@@ -1,7 +1,8 @@
 #include "KivCharacterization/Characterization/namelabeltext.h"
 
 #include <OpenThreads/ScopedLock>
-#include <osg/Version>
+
+#include "KivCharacterization/Characterization/glyphfront.h"
 
 namespace KivCharacterization {
 
@@ -34,11 +35,21 @@ void NameLabelText::drawImplementation(osg::RenderInfo& renderInfo) const
 void NameLabelText::computeGlyphRepresentation()
 {
     osgText::Text3D::computeGlyphRepresentation();
-#if OSG_VERSION_GREATER_OR_EQUAL(3, 6, 0)
-    // Without thickness the back lies in the front's plane, and the two would speckle.
-    _backPrimitiveSetList.clear();
-    _wallPrimitiveSetList.clear();
-#endif
+    if (reduceGlyphs()) {
+        osgText::Text3D::computeGlyphRepresentation();
+    }
+}
+
+/// @return whether a glyph of the text was one that the font had not shown in a label yet.
+bool NameLabelText::reduceGlyphs()
+{
+    bool reduced = false;
+    for (const LineRenderInfo& line : _textRenderInfo) {
+        for (const GlyphRenderInfo& glyph : line) {
+            reduced = (glyph._glyphGeometry && KeepFrontOnly(*glyph._glyphGeometry)) || reduced;
+        }
+    }
+    return reduced;
 }
 
 }  // namespace KivCharacterization

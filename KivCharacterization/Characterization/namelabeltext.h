@@ -7,7 +7,8 @@ namespace KivCharacterization {
 
 /// A name in the scene. Where it stands and how it turns is up to the nodes above it (a transform and a
 /// billboard), whatever its own auto-rotation and size mode say: 3-D text of OpenSceneGraph up to 3.4
-/// ignored both, while 3.6 with both of them on draws the text edge-on and a unit high.
+/// ignored both, while 3.6 with both of them on draws the text edge-on and a unit high. Of the glyphs only
+/// the front is kept, for all labels of the font: a label's style has no thickness.
 class NameLabelText : public osgText::Text3D
 {
 public:
@@ -22,6 +23,8 @@ protected:
     void computeGlyphRepresentation() override;
 
 private:
+    bool reduceGlyphs();
+
     mutable OpenThreads::Mutex m_drawMutex;
 };
 
