@@ -66,6 +66,35 @@ until_holds "and moves or turns" ".props[0].position != $place or (.props[0].ang
 xdotool mouseup 1
 until_holds "until it is let go" '.props[0].dragged == false'
 
+# A drag ends where it is when the keyboard goes to another window.
+"$player" --quiet 2>/dev/null &
+other=$!
+until_true "another window opens" eval '(( $(xdotool search --onlyvisible --name "^kivplayer$" | wc -l) == 2 ))'
+away="$(xdotool search --onlyvisible --name '^kivplayer$' | grep -vx "$window")"
+xdotool windowmove "$away" 1390 890 # out of the way
+drags="$(tell '.props[0].drags')"
+xdotool windowfocus --sync "$window"
+pull handles 30
+until_holds "a drag is under way" '.props[0].dragged'
+xdotool windowfocus --sync "$away"
+until_holds "another window's keyboard ends it, and its observer is told" \
+    ".props[0].dragged == false and .props[0].drags == $drags + 1"
+place="$(tell '.props[0].position | @json')"
+xdotool mousemove_relative -- 25 25
+after_frames 5
+holds ".props[0].position == $place and .props[0].dragged == false" || fail "the pointer moves it no more"
+echo "ok: the pointer moves it no more"
+xdotool mouseup 1
+kill "$other"
+wait "$other" || true
+xdotool windowfocus --sync "$window"
+after_frames 3
+holds ".props[0].drags == $drags + 1" || fail "letting go of the button is no second end"
+pull handles 20
+xdotool mouseup 1
+until_holds "the next drag is one like any other" \
+    ".props[0].dragged == false and .props[0].drags == $drags + 2"
+
 key p
 until_holds "p hides the draggers" '.props[0].dragger == false'
 key P

@@ -89,6 +89,8 @@ void notePlace(Desk& desk, const std::string& name)
     const ImVec2 from = ImGui::GetItemRectMin();
     const ImVec2 to = ImGui::GetItemRectMax();
     desk.places[name] = {from.x, from.y, to.x - from.x, to.y - from.y};
+    if (ImGui::IsItemFocused())
+        desk.control = name;
 }
 
 void describeBar(Desk& desk, int width, int height)

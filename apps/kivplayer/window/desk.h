@@ -78,6 +78,7 @@ public:
     Transport transport;
     PropsWatch props;
     std::map<std::string, Place> places;  ///< of the controls that were described last, by name
+    std::string control;                  ///< that of them the keyboard works; empty: none
 };
 
 }  // namespace KivPlayer

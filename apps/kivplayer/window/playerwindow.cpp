@@ -181,6 +181,7 @@ void PlayerWindow::describePanels()
 {
     const FreeArea whole = area();
     places.clear();
+    control.clear();
     m_spInterface->begin(whole.windowWidth, whole.windowHeight, now());
     m_sidebar.describe(*this, whole.windowHeight);
     describeBar(*this, whole.windowWidth, whole.windowHeight);

@@ -13,6 +13,13 @@ namespace {
 constexpr float kSecond = 150.0f;  // where a row's second box stands
 constexpr float kMore = 34.0f;     // width of the button that opens an actor's details
 
+/// Whether the control that was described last lies inside the part of a list that is seen.
+bool isSeenWhole()
+{
+    const float top = ImGui::GetWindowPos().y;
+    return ImGui::GetItemRectMin().y >= top && ImGui::GetItemRectMax().y <= top + ImGui::GetWindowHeight();
+}
+
 }  // namespace
 
 bool section(const char* title, bool open)
@@ -40,7 +47,9 @@ void Sidebar::describe(Desk& desk, int height)
         overlays(desk);
     if (!desk.props.all().empty() && section("Props", true))
         describeProps(desk);
-    if (section("Contact colours", false))
+    const bool painting = section("Contact colours", false);
+    notePlace(desk, "contactColours");
+    if (painting)
         contactColours(desk);
     log(desk);
     ImGui::End();
@@ -189,14 +198,20 @@ void Sidebar::contactColours(Desk& desk)
         for (const auto& [index, one] : desk.actors())
             for (const DressedActor::Joint& joint : one.dressed.joints())
                 names.insert(joint.name);
-        for (const std::string& name : names)
+        for (const std::string& name : names) {
             if (ImGui::Selectable(name.c_str(), name == m_contactJoint))
                 m_contactJoint = name;
+            if (isSeenWhole())
+                notePlace(desk, "joint:" + name);
+        }
         ImGui::EndCombo();
+    } else {
+        notePlace(desk, "contactJoint");
     }
     ImGui::ColorEdit3("##colour", m_contactColour);
     if (ImGui::Button("Paint") && !m_contactJoint.empty())
         desk.paintContact(m_contactJoint, m_contactColour);
+    notePlace(desk, "paint");
     tip("Mark this joint in this colour, on every actor");
 }
 

@@ -1,5 +1,6 @@
 #include <imgui.h>
 
+#include "KivRenderState/kivrenderstatemanager.h"
 #include "window/playerwindow.h"
 #include "window/startup.h"
 
@@ -12,6 +13,16 @@ namespace {
 ordered_json numbers(const osg::Vec3d& vector)
 {
     return {vector.x(), vector.y(), vector.z()};
+}
+
+/// Of the joints that somebody has painted.
+ordered_json contactColours()
+{
+    ordered_json list = ordered_json::object();
+    for (const auto& [joint, colour] :
+         KivRenderState::KivRenderStateManager::instance()->getBVHContactColor())
+        list[joint] = {colour.red, colour.green, colour.blue};
+    return list;
 }
 
 }  // namespace
@@ -113,6 +124,8 @@ ordered_json PlayerWindow::state() const
             {"statistics", m_shown.statistics},
             {"typing", ImGui::GetIO().WantTextInput},
             {"panel", m_spInterface->focusedPanel()},
+            {"control", control},
+            {"contactColours", contactColours()},
             {"followed", along ? ordered_json(*along) : ordered_json(nullptr)},
             {"camera", {{"eye", numbers(pose.eye)}, {"target", numbers(pose.target)}}},
             {"picture", {free.windowWidth - free.left, free.windowHeight - free.bottom}},
