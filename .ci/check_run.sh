@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
-# Does what the README tells a newcomer to do first, without a display, in a copy of the tracked files that is built on
-# its own: build/newcomer. The copy stays, so that a second time builds only what has changed.
+# Does what README.md and CONTRIBUTING.md tell a newcomer to do first, without a display, in a copy of the tracked files
+# that is built on its own: build/newcomer. The copy stays, so that a second time builds only what has changed. What is
+# left out is ./test.sh, which .ci/run begins with.
 set -euo pipefail
 cd "$(dirname "$(realpath "$0")")/.."
 unset DISPLAY WAYLAND_DISPLAY
@@ -61,3 +62,10 @@ ends 1 "$tree/run.sh" broken.bvh "their motions/a walk.bvh"
 says errors.txt "broken.bvh:137:1:"
 ! grep -F "out/broken.png" said.txt || { echo "FAILED: it names a picture that is not there" && exit 1; }
 pictured "a walk"
+
+cd "$tree"
+while read -r command; do
+    ends 0 bash -c "$command"
+done < <(sed -n '/^```console/,/^```$/ s/^\$ //p' CONTRIBUTING.md)
+[[ -n "${command+read}" ]] && grep -q "100% tests passed" said.txt ||
+    { echo "FAILED: the last of them runs tests" && exit 1; }

@@ -29,6 +29,10 @@ function(kiv_add_test name)
         KIV_SOURCE_DIR="${KivCharacterization_SOURCE_DIR}"
         KIV_RUNTIME_ROOT="${KIV_RUNTIME_ROOT}")
     target_link_libraries(${name} PRIVATE ${ARG_LINK} GTest::gmock GTest::gtest_main)
+    # A test that was built by itself finds what it runs on.
+    if(TARGET KivRoot)
+        add_dependencies(${name} KivRoot)
+    endif()
     set(properties TIMEOUT ${ARG_TIMEOUT})
     if(ARG_LABELS)
         list(APPEND properties LABELS "${ARG_LABELS}")
