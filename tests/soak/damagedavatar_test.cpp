@@ -1,14 +1,8 @@
 #include <gtest/gtest.h>
 #include <osg/Geometry>
 #include <osg/MatrixTransform>
-#include <osg/Notify>
 #include <osg/TriangleIndexFunctor>
 #include <osgDB/Registry>
-
-#include <signal.h>
-#include <sys/resource.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
 #include <cmath>
 #include <cstdlib>
@@ -17,7 +11,7 @@
 
 #include "KivCharacterization/Characterization/modelloading.h"
 #include "KivCharacterization/Characterization/osgreaders.h"
-#include "tests/soak/heapuse.h"
+#include "tests/soak/limitedchild.h"
 #include "tests/support/contentfolder.h"
 #include "tests/support/corruption.h"
 #include "tests/support/figures.h"
@@ -75,15 +69,6 @@ private:
     }
 };
 
-enum Outcome
-{
-    LoadedAndSound,
-    Refused,
-    LoadedUnsound,
-    OutOfTime,
-    Crashed
-};
-
 /// What the child process does with the file.
 enum class Reader
 {
@@ -104,19 +89,9 @@ protected:
     Outcome load(const std::string& bytes, Reader reader = Reader::Ours)
     {
         m_content.writeAvatarBytes(bytes);
-        const pid_t child = fork();
-        if (child == 0) {
-            limitChild(reader == Reader::Ours ? kSeconds : kSeconds / 2);
-            _exit(kFirstExitCode + (reader == Reader::Ours ? loadInChild() : readInChild()));
-        }
-        int status = 0;
-        waitpid(child, &status, 0);
-        const int code = WIFEXITED(status) ? WEXITSTATUS(status) - kFirstExitCode : -1;
-        if (code >= LoadedAndSound && code <= LoadedUnsound) {
-            return static_cast<Outcome>(code);
-        }
-        const int signal = WIFSIGNALED(status) ? WTERMSIG(status) : 0;
-        return signal == SIGXCPU || signal == SIGALRM ? OutOfTime : Crashed;
+        const bool ours = reader == Reader::Ours;
+        return inLimitedChild(ours ? kSeconds : kSeconds / 2,
+                              [&] { return ours ? loadInChild() : readInChild(); });
     }
 
     void count(const std::string& bytes, const std::string& what)
@@ -140,12 +115,6 @@ protected:
                   << " crashed" << std::endl;
     }
 
-    /// The short run of every build takes a sample; KIV_SOAK_ROUNDS asks for a full one.
-    static int rounds(int usual)
-    {
-        const char* named = std::getenv("KIV_SOAK_ROUNDS");
-        return named ? std::atoi(named) : usual;
-    }
     static bool isFullRun() { return std::getenv("KIV_SOAK_ROUNDS") != nullptr; }
 
     std::string m_whole;
@@ -154,25 +123,8 @@ protected:
 
 private:
     static constexpr unsigned int kSeconds = 2;
-    static constexpr int kFirstExitCode = 40;  // the lower ones are those of sanitizers, too
 
-    static void limitChild(unsigned int seconds)
-    {
-        osg::setNotifyLevel(osg::ALWAYS);
-        if (kHeapIsMeasured) {  // a sanitizer's shadow takes more address space than any limit
-            const rlimit limit{rlim_t{4} << 30, rlim_t{4} << 30};
-            setrlimit(RLIMIT_AS, &limit);
-        }
-        const rlimit noDump{0, 0};
-        setrlimit(RLIMIT_CORE, &noDump);
-        // Of the processor's time: a busy machine must not look like a loop. The alarm ends what waits for
-        // ever.
-        const rlimit processorTime{seconds, seconds + 1};
-        setrlimit(RLIMIT_CPU, &processorTime);
-        alarm(30 * seconds);
-    }
-
-    int readInChild() const
+    Outcome readInChild() const
     {
         osgDB::ReaderWriter* plugin = osgDB::Registry::instance()->getReaderWriterForExtension("ive");
         try {
@@ -183,7 +135,7 @@ private:
         return LoadedAndSound;
     }
 
-    int loadInChild() const
+    Outcome loadInChild() const
     {
         auto result =
             KivCharacterization::ReaderWriterIVE().readNode(m_content.avatarFile().string(), nullptr);
@@ -219,7 +171,7 @@ TEST_F(DamagedAvatar, aFileCutAnywhereIsRefusedOrSound)
 // unknown origin are tried in a process of their own first.
 TEST_F(DamagedAvatar, aCorruptFileIsRefusedOrSound)
 {
-    const int files = rounds(100);
+    const int files = damagedFiles(100);
     for (int seed = 1; seed <= files; ++seed) {
         count(corrupted(m_whole, static_cast<unsigned int>(seed)), "corruption " + std::to_string(seed));
     }
