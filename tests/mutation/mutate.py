@@ -51,7 +51,7 @@ class Mutant:
 
     def describe(self, text):
         line = text.split("\n")[self.line - 1].strip()
-        return f"{self.file}:{self.line}: '{self.before.strip()}' -> '{self.after.strip()}' in: {line}"
+        return f"{self.file}:{self.line}:{self.column + 1}: '{self.before.strip()}' -> '{self.after.strip()}' in: {line}"
 
 
 def blanked(line):
@@ -97,7 +97,7 @@ def prepare(jobs):
     subprocess.run(["cmake", "-S", tree, "-B", build, "-G", "Ninja", "-DCMAKE_BUILD_TYPE=Debug",
                     "-DCMAKE_CXX_FLAGS=-O0 -g0", "-DKIV_BUILD_TESTS=ON", "-DKIV_BUILD_APPS=OFF"],
                    check=True, stdout=subprocess.DEVNULL)
-    subprocess.run(["ninja", "-C", build, f"-j{jobs}", "all"], check=True, stdout=subprocess.DEVNULL)
+    subprocess.run(["ninja", "-C", build, f"-j{jobs}", "KivRoot", *PROGRAMS], check=True, stdout=subprocess.DEVNULL)
     for program, limit in PROGRAMS.items():
         if run_program(build, program, limit) != 0:
             sys.exit(f"mutate.py: {program} fails before anything is changed; mend that first")

@@ -133,6 +133,53 @@ TEST_F(CentreOfMass, isHiddenWhenAMarkerIsNoTransform)
     EXPECT_FALSE(shown());
 }
 
+TEST_F(CentreOfMass, isHiddenWhenAMarkerIsMissing)
+{
+    publish(1, 2, 3);
+    for (unsigned int left : {1u, 0u}) {
+        update(*markers);
+        markers->removeChildren(left, markers->getNumChildren() - left);
+        update(*markers);
+        EXPECT_FALSE(shown()) << left << " markers";
+    }
+}
+
+/// The first marker alone tells whether there is something to hide.
+class HidingTheCentreOfMass : public CentreOfMass
+{
+protected:
+    void expectThatTheFirstMarkerDecides()
+    {
+        markers->setValue(0, true);
+        markers->setValue(1, false);
+        update(*markers);
+        EXPECT_FALSE(markers->getValue(0));
+
+        markers->setValue(0, false);
+        markers->setValue(1, true);
+        update(*markers);
+        EXPECT_TRUE(markers->getValue(1));
+    }
+};
+
+TEST_F(HidingTheCentreOfMass, goesByTheFirstMarkerWhenNotWanted)
+{
+    KivRenderStateManager::instance()->setCenterOfMassShow(false);
+    expectThatTheFirstMarkerDecides();
+}
+
+TEST_F(HidingTheCentreOfMass, goesByTheFirstMarkerWhenAReadFails)
+{
+    expectThatTheFirstMarkerDecides();
+}
+
+TEST_F(HidingTheCentreOfMass, goesByTheFirstMarkerWhenAMarkerIsNoTransform)
+{
+    publish(1, 2, 3);
+    markers->setChild(1, new osg::Group);
+    expectThatTheFirstMarkerDecides();
+}
+
 TEST_F(CentreOfMass, doesNothingOnceItsSwitchIsGone)
 {
     osg::ref_ptr<GravityUpdateCallback> callback = new GravityUpdateCallback(markers.get(), "3");
@@ -195,6 +242,18 @@ TEST_F(StickContacts, scaleMetresToCentimetresAndTurnUpright)
     EXPECT_NEAR((positionOf(*spheres, 1) - osg::Vec3d(0, 0, 50)).length(), 0.0, 1e-5);
     EXPECT_TRUE(spheres->getValue(0));
     EXPECT_TRUE(spheres->getValue(1));
+}
+
+TEST_F(StickContacts, areSpheresOfOneAndAHalfCentimetres)
+{
+    publish({kTouching});
+    update(*spheres);
+    const osg::Drawable* drawable = spheres->getChild(0)->asGroup()->getChild(0)->asDrawable();
+    ASSERT_TRUE(drawable);
+    const auto* shape = dynamic_cast<const osg::Sphere*>(drawable->getShape());
+    ASSERT_TRUE(shape);
+    EXPECT_EQ(shape->getRadius(), 1.5f);
+    EXPECT_EQ(shape->getCenter(), osg::Vec3());
 }
 
 TEST_F(StickContacts, areRedInContactAndBlueElsewhere)
@@ -367,6 +426,25 @@ TEST_F(NameLabel, doesNothingOnceItsTransformIsGone)
     const osg::ref_ptr<CountingCallback> below = addCountedChild(*head);
     update(*neck);
     EXPECT_EQ(below->calls, 1);
+}
+
+TEST_F(NameLabel, doesNothingOnceItsAnchorIsGone)
+{
+    osg::ref_ptr<osg::Group> other = new osg::Group;
+    other->addUpdateCallback(callback.get());
+    neck->removeChild(head);
+    head = nullptr;
+    const osg::ref_ptr<CountingCallback> below = addCountedChild(*other);
+    update(*other);
+    EXPECT_EQ(below->calls, 1);
+    EXPECT_EQ(label->getMatrix(), kBefore);
+}
+
+TEST_F(NameLabel, staysWhereItIsAboveAnAnchorWithoutParent)
+{
+    neck->removeChild(head);
+    update(*head);
+    EXPECT_EQ(label->getMatrix(), kBefore);
 }
 
 TEST_F(NameLabel, letsTheTraversalGoOn)

@@ -285,16 +285,25 @@ protected:
         hips->addChild(avatarNode("LeftUpLeg", osg::Vec3d(10, 0, 0)));
         hips->addChild(avatarNode("RightUpLeg", osg::Vec3d(-10, 0, 0)));
         const auto leftHand = avatarNode("LeftHand");
-        leftHand->addChild(avatarPiece("Joint:LeftHand$"));
-        leftHand->addChild(avatarPiece("Joint:LeftHand#3$"));
+        addHandPieces(*leftHand);
         const auto metacarpal = avatarNode("LeftInHandRing");
         metacarpal->addChild(avatarNode("LeftHandRing1", osg::Vec3d(5, 0, 0)));
         leftHand->addChild(metacarpal);
         const auto rightHand = avatarNode("RightHand");
-        rightHand->addChild(avatarPiece("Joint:RightHand$"));
+        addHandPieces(*rightHand);
         hips->addChild(leftHand);
         hips->addChild(rightHand);
         avatarRoot->addChild(hips);
+    }
+
+    /// The six numbered pieces that are sized with the hand, and a seventh, which is not.
+    static void addHandPieces(osg::MatrixTransform& hand)
+    {
+        const std::string name = "Joint:" + hand.getName();
+        hand.addChild(avatarPiece(name + "$"));
+        for (char number = '1'; number <= '7'; ++number) {
+            hand.addChild(avatarPiece(name + "#" + number + "$"));
+        }
     }
 
     struct Figure
@@ -335,8 +344,13 @@ TEST_F(Proportions, scaleTheTorsoByHipWidthAndBothHandsByTheLeftRingMetacarpal)
     EXPECT_NEAR(made.factor(*made.hips, "Joint:Hips&Spine$"), 1.5, 1e-6);
     EXPECT_NEAR(made.factor(*made.hips, "Joint:Hips$"), 1.0, 1e-6);
     EXPECT_NEAR(made.factor(*made.leftHand, "Joint:LeftHand$"), 0.4, 1e-6);
-    EXPECT_NEAR(made.factor(*made.leftHand, "Joint:LeftHand#3$"), 0.4, 1e-6);
     EXPECT_NEAR(made.factor(*made.rightHand, "Joint:RightHand$"), 0.4, 1e-6);
+    for (char number = '1'; number <= '7'; ++number) {
+        const std::string tag = std::string("#") + number + "$";
+        const double expected = number <= '6' ? 0.4 : 1.0;
+        EXPECT_NEAR(made.factor(*made.leftHand, "Joint:LeftHand" + tag), expected, 1e-6) << tag;
+        EXPECT_NEAR(made.factor(*made.rightHand, "Joint:RightHand" + tag), expected, 1e-6) << tag;
+    }
 }
 
 TEST_F(Proportions, applyAMissingReferenceSegmentAsZero)

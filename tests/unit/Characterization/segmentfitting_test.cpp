@@ -45,6 +45,13 @@ TEST(SegmentAlignment, takesComponentsUnderAThousandthAsZero)
     EXPECT_NE(above, exactly);
 }
 
+TEST(SegmentAlignment, keepsAComponentOfAThousandth)
+{
+    osg::Matrixd matrix;
+    AlignToSegment(matrix, skeletonSegment({0, 0, 5}), avatarSegment({0.001f, 0, 0}));
+    expectNear(osg::Vec3d(1, 0, 0) * matrix, osg::Vec3d(0, 0, 1));
+}
+
 TEST(SegmentAlignment, turnsHalfwayRoundWhereTheDirectionsAreOpposite)
 {
     osg::Matrixd matrix;
