@@ -25,7 +25,7 @@ echo "== Packages"
 packaging/install-packages.sh packaging/build-packages.txt packaging/bench-packages.txt
 echo "== Build (build/bench)"
 cmake --preset bench >/dev/null
-cmake --build --preset bench --target kivbenchmarks kivframeloop kivinstructions
+cmake --build --preset bench --target kivbenchmarks kivdrawnframes kivframeloop kivinstructions
 
 # What a count depends on beside the sources: the C library chooses its routines by the processor.
 made_by() { echo "$(g++ --version | head -n 1), $(uname -m), $(sed -n 's/^model name[^:]*: //p' /proc/cpuinfo | head -n 1)"; }
@@ -91,5 +91,8 @@ echo "== frame loop"
 long_motion="${KIV_MOTION_LIBRARY:-../shared/bvh}/real/derived_large_cmu_daz_3x.bvh"
 [[ -f "$long_motion" ]] || { echo "no long motion: $long_motion is not there"; long_motion=; }
 "${ahead[@]}" "$programs/kivframeloop" ${long_motion:+"$long_motion"} >"$results/frameloop.txt"
+echo "== drawn frames"
+LIBGL_ALWAYS_SOFTWARE=1 "${ahead[@]}" "$programs/kivdrawnframes" build/bench/root/Data/BVH/walk.bvh \
+    >"$results/drawnframes.txt"
 echo "== Table (docs/performance.md)"
 python3 benchmarks/maketable.py "$results" build/bench/CMakeCache.txt docs/performance.md

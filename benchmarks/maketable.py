@@ -7,6 +7,8 @@ import sys
 from dataclasses import dataclass
 from typing import Optional
 
+import drawntable
+
 BEGIN, END = "<!-- results: written by bench.sh -->", "<!-- end of results -->"
 MICROSECONDS = {"ns": 1e-3, "us": 1.0, "ms": 1e3, "s": 1e6}
 
@@ -88,6 +90,7 @@ ROWS = [
         "loop:longest stage inside the gate, processor time", limit=1, unit="ms"),
     Row("… median stall", "loop:median stall while 100 actors load", "loop:median stall with nothing to load",
         "nothing to load", unit="ms"),
+    *drawntable.rows(Row),
     Row("a long real motion, shown after reading", "loop:long motion: shown after reading",
         "loop:long motion: reading", "reading", limit=100, unit="ms"),
     Row("memory of an actor in the shipped dress", "scale/memory:bytes", "scale/memory:bytes of the copies",
@@ -117,10 +120,11 @@ def read_results(folder):
         for line in lines:
             count, name = line.rstrip("\n").split("\t")
             figures["counted:" + name] = int(count)
-    with open(os.path.join(folder, "frameloop.txt"), encoding="utf-8") as lines:
-        for line in lines:
-            value, name = line.rstrip("\n").split("\t")
-            figures["loop:" + name] = float(value)
+    for prefix, file in (("loop:", "frameloop.txt"), ("drawn:", "drawnframes.txt")):
+        with open(os.path.join(folder, file), encoding="utf-8") as lines:
+            for line in lines:
+                value, name = line.rstrip("\n").split("\t")
+                figures[prefix + name] = float(value)
     values = 16 * 183
     figures["counted:per value"] = (figures["counted:read 16 rows of motion"] -
                                     figures["counted:read a hierarchy"]) / values
@@ -189,7 +193,7 @@ def main(folder, cache, page):
     table = [BEGIN, "", machine(context, cache), "",
              "| work | figure | beside | ratio | target | |", "|---|---|---|---|---|---|"]
     table += [line(row, figures) for row in ROWS]
-    table += ["", *stalls(figures), "", *start(figures), "", END]
+    table += ["", *stalls(figures), "", *drawntable.tables(figures), "", *start(figures), "", END]
     with open(page, encoding="utf-8") as stream:
         text = stream.read()
     before, rest = text.split(BEGIN, 1)
