@@ -1,5 +1,6 @@
 #include "window/actorloader.h"
 
+#include <algorithm>
 #include <chrono>
 #include <exception>
 #include <utility>
@@ -16,6 +17,16 @@ bool isReady(const std::future<Answer>& future)
 
 }  // namespace
 
+ActorLoader::ActorLoader(Session& session)
+    : m_session(session),
+      m_listener(
+          [this](std::size_t bytes, std::size_t of) {
+              const auto share = static_cast<int>(50 * bytes / std::max<std::size_t>(1, of));
+              m_percent = m_isReadAgain ? 50 + share : share;
+          },
+          [this] { m_isReadAgain = true; })
+{}
+
 void ActorLoader::load(unsigned index, const std::string& file, const std::string& name)
 {
     m_waiting.push_back({index, file, name});
@@ -29,6 +40,8 @@ void ActorLoader::start()
     const Wanted wanted = m_waiting.front();
     m_waiting.pop_front();
     m_file = wanted.file;
+    m_percent = 0;
+    m_isReadAgain = false;
     m_reading = std::async(std::launch::async,
                            [this, wanted] { return m_session.read(wanted.index, wanted.file, wanted.name); });
 }

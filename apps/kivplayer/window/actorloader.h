@@ -1,11 +1,13 @@
 #pragma once
 
+#include <atomic>
 #include <future>
 #include <list>
 #include <optional>
 #include <string>
 #include <utility>
 
+#include "KivReader/readinglistener.h"
 #include "session.h"
 
 namespace KivPlayer {
@@ -15,7 +17,7 @@ namespace KivPlayer {
 class ActorLoader
 {
 public:
-    explicit ActorLoader(Session& session) : m_session(session) {}
+    explicit ActorLoader(Session& session);
 
     /// Queues a file to become the actor of that index, in place of an earlier one.
     void load(unsigned index, const std::string& file, const std::string& name);
@@ -27,6 +29,9 @@ public:
     bool isBusy() const { return m_reading.valid() || m_building.valid() || !m_waiting.empty(); }
     /// The file that is being loaded; empty where none is.
     const std::string& file() const { return m_file; }
+    /// How much of it has been read, in percent: it is read here first and then, to be dressed, by the
+    /// module.
+    int percent() const { return m_percent; }
 
     /// The file that could not be loaded since the last call; the session has said why. Empty: none.
     std::string takeFailed() { return std::exchange(m_failed, {}); }
@@ -48,6 +53,9 @@ private:
     std::future<std::optional<MotionFile>> m_reading;
     std::optional<MotionFile> m_motion;
     std::future<bool> m_building;
+    std::atomic<int> m_percent{0};
+    std::atomic<bool> m_isReadAgain{false};
+    KivReader::ReadingListener m_listener;
 };
 
 }  // namespace KivPlayer

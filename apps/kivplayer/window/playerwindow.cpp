@@ -243,7 +243,8 @@ std::optional<unsigned> PlayerWindow::followed() const
 std::string PlayerWindow::status() const
 {
     if (m_scene.loader().isBusy())
-        return "Loading " + std::filesystem::path(m_scene.loader().file()).filename().string() + " ...";
+        return "Loading " + std::filesystem::path(m_scene.loader().file()).filename().string() + ", " +
+               std::to_string(m_scene.loader().percent()) + " %";
     return now() - m_saidAt < 5.0 ? m_said : std::string();
 }
 
