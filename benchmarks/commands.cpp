@@ -84,6 +84,28 @@ void remove(benchmark::State& state)
         state.SkipWithError("an actor is missing");
 }
 
+void rename(benchmark::State& state)
+{
+    const ModuleHost host(lightAvatar());
+    const int actors = static_cast<int>(state.range(0));
+    host.loadMany(hierarchy(), actors);
+    int actor = 0;
+    for (auto _ : state) {
+        state.SetIterationTime(secondsOf([&] { host.rename(actor, "Actor 0"); }));
+        actor = (actor + 1) % actors;
+    }
+}
+
+/// Every actor is touched.
+void colour(benchmark::State& state)
+{
+    const ModuleHost host(lightAvatar());
+    const int actors = static_cast<int>(state.range(0));
+    host.loadMany(hierarchy(), actors);
+    for (auto _ : state)
+        state.SetIterationTime(secondsOf([&] { host.paintContacts("LeftHand"); }) / actors);
+}
+
 void atWork(benchmark::internal::Benchmark* registered)
 {
     registered->UseManualTime()->Unit(benchmark::kMicrosecond);
@@ -100,5 +122,7 @@ BENCHMARK_CAPTURE(load, props, hierarchyText(Props::Left), false)->Name("command
 BENCHMARK(copies)->Name("commands/load/copies")->Apply(atWork);
 BENCHMARK(replace)->Name("commands/replace")->Apply(sizes);
 BENCHMARK(remove)->Name("commands/remove")->Apply(sizes);
+BENCHMARK(rename)->Name("commands/rename")->Apply(sizes);
+BENCHMARK(colour)->Name("commands/colour")->Apply(sizes);
 
 }  // namespace

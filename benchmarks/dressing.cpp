@@ -2,6 +2,7 @@
 // before and thrown away after is not measured.
 #include <benchmark/benchmark.h>
 
+#include <cstdint>
 #include <functional>
 
 #include "KivCharacterization/Characterization/characterbvh.h"
@@ -78,6 +79,18 @@ SIveInfo of5000()
     return meshAvatar(5000);
 }
 
+/// Light pieces: what a piece costs beside the copying of its triangles must not grow with their number.
+SIveInfo piecesOf8(std::int64_t pieces)
+{
+    return meshAvatar(8, static_cast<std::size_t>(pieces));
+}
+
+void light(benchmark::State& state)
+{
+    ours(state, [&state] { return piecesOf8(state.range(0)); });
+}
+
+BENCHMARK(light)->Name("dressing/light")->Arg(15)->Arg(60)->Arg(240)->Apply(atWork);
 BENCHMARK_CAPTURE(ours, 500, of500)->Name("dressing/500/ours")->Apply(atWork);
 BENCHMARK_CAPTURE(copies, 500, of500)->Name("dressing/500/copies")->Apply(atWork);
 BENCHMARK_CAPTURE(ours, 5000, of5000)->Name("dressing/5000/ours")->Apply(atWork);

@@ -24,6 +24,7 @@ class Row:
     faster: Optional[float] = None  # at least so many times faster than the peer
     limit: Optional[float] = None  # of the figure itself, in its unit
     per: float = 1.0
+    peer_per: Optional[float] = None  # of the peer, where it differs
     unit: str = "µs"
 
 
@@ -63,6 +64,8 @@ ROWS = [
     dressing("500", "60 pieces of 500 triangles", 1.25),
     dressing("5000", "60 pieces of 5 000 triangles", 1.08),
     dressing("shipped", "the shipped avatar", None),
+    *[Row(f"… of {n} light pieces, per piece", f"dressing/light/{n}", "dressing/light/60", "of 60", per=n, peer_per=60)
+      for n in (15, 60, 240)],
     Row("load command, hierarchy, shipped avatar", "commands/load/ours", "commands/load/copies", "deep copies",
         at_most=1.4),
     Row("… of the first actor", "commands/load/first", "commands/load/copies", "deep copies"),
@@ -71,6 +74,10 @@ ROWS = [
       for n in (10, 100, 1000)],
     *[Row(f"remove an actor among {n}", f"commands/remove/{n}", "commands/remove/1", "among 1")
       for n in (10, 100, 1000)],
+    *[Row(f"rename an actor among {n}", f"commands/rename/{n}", "commands/rename/1", "among 1")
+      for n in (1, 10, 100, 1000)],
+    *[Row(f"colour a joint of {n} actors, per actor", f"commands/colour/{n}", "commands/colour/1", "of 1")
+      for n in (1, 10, 100, 1000)],
     *posing("whole", "on rows"),
     *posing("blended", "between rows"),
     Row("overlays of one actor, 20 contacts, per frame", "overlays/frame/0", limit=3.0),
@@ -141,7 +148,7 @@ def line(row, figures):
     if row.figure not in figures:
         return f"| {row.work} | not measured | | | | |"
     figure = figures[row.figure] / row.per
-    beside = figures[row.beside] / row.per if row.beside else None
+    beside = figures[row.beside] / (row.peer_per or row.per) if row.beside else None
     ratio = figure / beside if beside else None
     target, met = "", ""
     if row.limit is not None:

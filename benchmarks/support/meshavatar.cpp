@@ -66,6 +66,25 @@ void addPiece(osg::Group& joint, const std::string& name, unsigned triangles)
     joint.addChild(piece);
 }
 
+using Joints = std::map<std::string, osg::ref_ptr<osg::MatrixTransform>>;
+
+/// The rest figure, bare.
+osg::ref_ptr<osg::Group> restJoints(Joints& joints)
+{
+    osg::ref_ptr<osg::Group> model = new osg::Group;
+    for (const KivFigure::RestJoint& source : KivFigure::restJoints()) {
+        osg::ref_ptr<osg::MatrixTransform> joint = new osg::MatrixTransform(
+            osg::Matrixd::translate(source.offset[0], source.offset[1], source.offset[2]));
+        joint->setName(source.name);
+        osg::Group* parent = model.get();
+        if (!source.parent.empty())
+            parent = joints.at(source.parent).get();
+        parent->addChild(joint);
+        joints[source.name] = joint;
+    }
+    return model;
+}
+
 SIveInfo analysed(osg::Node* model)
 {
     SIveInfo info;
@@ -79,20 +98,24 @@ SIveInfo analysed(osg::Node* model)
 
 SIveInfo meshAvatar(unsigned triangles)
 {
-    const osg::ref_ptr<osg::Group> model = new osg::Group;
-    std::map<std::string, osg::ref_ptr<osg::MatrixTransform>> joints;
-    for (const KivFigure::RestJoint& source : KivFigure::restJoints()) {
-        osg::ref_ptr<osg::MatrixTransform> joint = new osg::MatrixTransform(
-            osg::Matrixd::translate(source.offset[0], source.offset[1], source.offset[2]));
-        joint->setName(source.name);
-        addPiece(*joint, "Joint:" + source.name + "$", triangles);
-        osg::Group* parent = model.get();
-        if (!source.parent.empty())
-            parent = joints.at(source.parent).get();
-        parent->addChild(joint);
-        joints[source.name] = joint;
-    }
+    Joints joints;
+    const osg::ref_ptr<osg::Group> model = restJoints(joints);
+    for (const auto& [name, joint] : joints)
+        addPiece(*joint, "Joint:" + name + "$", triangles);
     addPiece(*joints.at("Hips"), "Joint:Hips&Spine$", triangles);
+    return analysed(model);
+}
+
+SIveInfo meshAvatar(unsigned triangles, std::size_t pieces)
+{
+    Joints joints;
+    const osg::ref_ptr<osg::Group> model = restJoints(joints);
+    auto joint = joints.begin();
+    for (std::size_t piece = 0; piece < pieces; ++piece) {
+        addPiece(*joint->second, "Joint:" + joint->first + "#" + std::to_string(piece) + "$", triangles);
+        if (++joint == joints.end())
+            joint = joints.begin();
+    }
     return analysed(model);
 }
 

@@ -13,6 +13,9 @@ namespace KivBenchmark {
 /// @param triangles of each piece, about.
 KivCharacterization::CommonTypeDef::SIveInfo meshAvatar(unsigned triangles);
 
+/// The same with another number of pieces, spread over the joints.
+KivCharacterization::CommonTypeDef::SIveInfo meshAvatar(unsigned triangles, std::size_t pieces);
+
 /// The avatar that the build ships.
 KivCharacterization::CommonTypeDef::SIveInfo shippedAvatar();
 

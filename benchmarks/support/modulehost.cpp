@@ -68,6 +68,20 @@ void ModuleHost::removeAll()
     run(command);
 }
 
+void ModuleHost::rename(int actor, const std::string& name)
+{
+    KivTaskCommand::TaskCommand command;
+    manager().createChangeActorNameCommand(static_cast<unsigned>(actor), name, &command);
+    run(command);
+}
+
+void ModuleHost::paintContacts(const std::string& joint)
+{
+    KivTaskCommand::TaskCommand command;
+    manager().ChangeActorStactColorCommand(joint, {{0.1f, 0.2f, 0.3f}, 0.4f, 0.5f, 0.6f}, &command);
+    run(command);
+}
+
 void ModuleHost::run(KivTaskCommand::TaskCommand& command)
 {
     if (!command.run())

@@ -31,6 +31,9 @@ public:
     static void loadMany(const std::string& motion, int actors);
     static void remove(int actor);
     static void removeAll();
+    static void rename(int actor, const std::string& name);
+    /// Gives a joint's contact marker its colour, for all actors.
+    static void paintContacts(const std::string& joint);
 
 private:
     static void run(KivTaskCommand::TaskCommand& command);

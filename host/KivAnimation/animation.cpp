@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cmath>
 #include <stdexcept>
+#include <string_view>
 #include <utility>
 
 #include "host/KivAnimation/contactmarkers.h"
@@ -35,7 +36,7 @@ struct Animation::Motion
     /// The first bone of this unqualified name; null if there is none any more.
     Bone* findBone(const std::string& jointName) const
     {
-        const std::string wanted = withoutQualifier(jointName);
+        const std::string_view wanted = withoutQualifier(jointName);
         for (const PoseProgram::Joint& joint : program.joints) {
             Bone* bone = joint.bone.get();
             if (bone && withoutQualifier(bone->getName()) == wanted) {

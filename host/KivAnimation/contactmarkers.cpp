@@ -36,14 +36,14 @@ void paintSphere(osg::ShapeDrawable& sphere, const osg::Vec4f& color)
 
 }  // namespace
 
-std::string withoutQualifier(const std::string& name)
+std::string_view withoutQualifier(std::string_view name)
 {
     return name.substr(name.find('#') + 1);  // where there is none, npos + 1 is the beginning
 }
 
 void ContactMarkers::paint(const std::string& jointName, Bone& bone, const osg::Vec4f& color)
 {
-    Marker& marker = m_markers[withoutQualifier(jointName)];
+    Marker& marker = m_markers[std::string(withoutQualifier(jointName))];
     marker.color = color;
     osg::ref_ptr<osg::ShapeDrawable> sphere;
     if (!marker.sphere.lock(sphere) || !bone.containsNode(sphere)) {
@@ -56,7 +56,7 @@ void ContactMarkers::paint(const std::string& jointName, Bone& bone, const osg::
 
 const osg::Vec4f* ContactMarkers::color(const std::string& jointName) const
 {
-    const auto found = m_markers.find(withoutQualifier(jointName));
+    const auto found = m_markers.find(std::string(withoutQualifier(jointName)));
     return found == m_markers.end() ? nullptr : &found->second.color;
 }
 
