@@ -95,4 +95,4 @@ echo "== drawn frames"
 LIBGL_ALWAYS_SOFTWARE=1 "${ahead[@]}" "$programs/kivdrawnframes" build/bench/root/Data/BVH/walk.bvh \
     >"$results/drawnframes.txt"
 echo "== Table (docs/performance.md)"
-python3 benchmarks/maketable.py "$results" build/bench/CMakeCache.txt docs/performance.md
+python3 -B benchmarks/maketable.py "$results" build/bench/CMakeCache.txt docs/performance.md
