@@ -1,7 +1,12 @@
 #include "host/KivAnimation/contactmarkers.h"
 
+#include <osg/BlendColor>
+#include <osg/BlendFunc>
+#include <osg/CullFace>
+#include <osg/Depth>
 #include <osg/Material>
 #include <osg/Shape>
+#include <osg/ShapeDrawable>
 #include <osg/StateSet>
 
 namespace KivAnimation {
@@ -10,26 +15,59 @@ namespace {
 
 constexpr float kMarkerRadius = 2.5f;                     // centimetres
 constexpr osg::Node::NodeMask kOverlayMask = 0x00000004;  // what the overlays of a character carry
+constexpr float kOpacityBehind = 0.7f;
+constexpr int kBin = 7;  // after bodies and ground, ahead of what is transparent
+constexpr int kBinBehind = 8;
 
-osg::ref_ptr<osg::ShapeDrawable> makeSphere()
+/// What is in sight of the sphere. It leaves no depth behind: so it throws no shadow, and what is behind a
+/// body can be told from what is behind the sphere.
+osg::ref_ptr<osg::StateSet> stateInSight()
 {
-    const osg::ref_ptr<osg::Sphere> shape = new osg::Sphere(osg::Vec3(), kMarkerRadius);
-    osg::ref_ptr<osg::ShapeDrawable> sphere = new osg::ShapeDrawable(shape.get());
-    sphere->setName("ContactMarker");
-    sphere->setNodeMask(kOverlayMask);
-    sphere->setDataVariance(osg::Object::DYNAMIC);
+    constexpr unsigned kProtected = osg::StateAttribute::ON | osg::StateAttribute::PROTECTED;
+    osg::ref_ptr<osg::StateSet> state = new osg::StateSet;
+    state->setDataVariance(osg::Object::DYNAMIC);
     osg::ref_ptr<osg::Material> material = new osg::Material;
     material->setDataVariance(osg::Object::DYNAMIC);
-    osg::StateSet* state = sphere->getOrCreateStateSet();
-    state->setDataVariance(osg::Object::DYNAMIC);
-    state->setAttributeAndModes(material, osg::StateAttribute::ON);
-    return sphere;
+    state->setAttributeAndModes(material);
+    state->setAttributeAndModes(new osg::Depth(osg::Depth::LESS, 0.0, 1.0, false));
+    // The skeletons of characters are drawn from both sides.
+    state->setAttributeAndModes(new osg::CullFace(osg::CullFace::BACK), kProtected);
+    state->setRenderBinDetails(kBin, "DepthSortedBin");
+    return state;
 }
 
-void paintSphere(osg::ShapeDrawable& sphere, const osg::Vec4f& color)
+/// What a body hides of the sphere: seen through it, faintly.
+osg::ref_ptr<osg::StateSet> stateBehind()
 {
-    auto* material = static_cast<osg::Material*>(
-        sphere.getOrCreateStateSet()->getAttribute(osg::StateAttribute::MATERIAL));
+    osg::ref_ptr<osg::StateSet> state = new osg::StateSet;
+    state->setAttributeAndModes(new osg::Depth(osg::Depth::GREATER, 0.0, 1.0, false));
+    state->setAttributeAndModes(
+        new osg::BlendFunc(osg::BlendFunc::CONSTANT_ALPHA, osg::BlendFunc::ONE_MINUS_CONSTANT_ALPHA));
+    state->setAttribute(new osg::BlendColor(osg::Vec4(0.0f, 0.0f, 0.0f, kOpacityBehind)));
+    state->setRenderBinDetails(kBinBehind, "DepthSortedBin");
+    return state;
+}
+
+osg::ref_ptr<osg::Group> makeMarker()
+{
+    const osg::ref_ptr<osg::Sphere> shape = new osg::Sphere(osg::Vec3(), kMarkerRadius);
+    const osg::ref_ptr<osg::ShapeDrawable> sphere = new osg::ShapeDrawable(shape.get());
+    const osg::ref_ptr<osg::Group> behind = new osg::Group;
+    behind->setStateSet(stateBehind());
+    behind->addChild(sphere);
+    osg::ref_ptr<osg::Group> marker = new osg::Group;
+    marker->setName("ContactMarker");
+    marker->setNodeMask(kOverlayMask);
+    marker->setStateSet(stateInSight());
+    marker->addChild(sphere);
+    marker->addChild(behind);
+    return marker;
+}
+
+void paintMarker(osg::Group& marker, const osg::Vec4f& color)
+{
+    auto* material =
+        static_cast<osg::Material*>(marker.getStateSet()->getAttribute(osg::StateAttribute::MATERIAL));
     material->setDiffuse(osg::Material::FRONT_AND_BACK, color);
     material->setAmbient(osg::Material::FRONT_AND_BACK, color);
 }
@@ -45,13 +83,13 @@ void ContactMarkers::paint(const std::string& jointName, Bone& bone, const osg::
 {
     Marker& marker = m_markers[std::string(withoutQualifier(jointName))];
     marker.color = color;
-    osg::ref_ptr<osg::ShapeDrawable> sphere;
-    if (!marker.sphere.lock(sphere) || !bone.containsNode(sphere)) {
-        sphere = makeSphere();
-        bone.addChild(sphere);
-        marker.sphere = sphere;
+    osg::ref_ptr<osg::Group> node;
+    if (!marker.node.lock(node) || !bone.containsNode(node)) {
+        node = makeMarker();
+        bone.addChild(node);
+        marker.node = node;
     }
-    paintSphere(*sphere, color);
+    paintMarker(*node, color);
 }
 
 const osg::Vec4f* ContactMarkers::color(const std::string& jointName) const

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <osg/ShapeDrawable>
+#include <osg/Group>
 #include <osg/Vec4f>
 #include <osg/observer_ptr>
 
@@ -19,7 +19,8 @@ std::string_view withoutQualifier(std::string_view name);
 class ContactMarkers
 {
 public:
-    /// Paints the bone's marker. The marker is a small sphere, the bone's last child, made at the first call.
+    /// Paints the bone's marker. The marker is a small sphere, seen faintly through what hides it; it is the
+    /// bone's last child, made at the first call.
     void paint(const std::string& jointName, Bone& bone, const osg::Vec4f& color);
 
     /// @return null if the joint was never painted.
@@ -29,7 +30,7 @@ private:
     struct Marker
     {
         osg::Vec4f color;
-        osg::observer_ptr<osg::ShapeDrawable> sphere;
+        osg::observer_ptr<osg::Group> node;
     };
 
     std::map<std::string, Marker> m_markers;

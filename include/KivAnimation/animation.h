@@ -32,8 +32,9 @@ public:
     void setAttachNodePtr(osg::Switch* node);
     osg::Switch* getAttachNodePtr() const;
 
-    /// Paints the contact marker of a joint, a small sphere at the joint that is made by the first call.
-    /// Joint names are compared without the qualifier before "#".
+    /// Paints the contact marker of a joint, a small sphere at the joint that is made by the first call. What
+    /// a body hides of it is seen through the body, faintly; it throws no shadow. Joint names are compared
+    /// without the qualifier before "#".
     /// @param color red, green, blue, alpha in 0..1.
     /// @return false if there is no such joint.
     bool ChangeJointContactColor(const std::string& jointName, osg::Vec4f color);

@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# colours.sh PLAYER MOTION: the contact of a joint is painted through its panel.
+# colours.sh PLAYER MOTION: contacts are painted through their panel, on the body and inside it.
 set -euo pipefail
 # shellcheck source=tests/gui/hand.sh
 source "$(dirname "$(realpath "$0")")/hand.sh"
@@ -30,22 +30,30 @@ echo "ok: two pictures of one moment are the same"
 click contactColours
 until_holds "the panel opens" '.places | has("contactJoint")'
 after_frames 3
-click contactJoint
-until_holds "its joints drop down" '.places | keys | any(startswith("joint:"))'
-middle "$(tell '.places | keys | map(select(startswith("joint:"))) | .[0]')"
-for ((i = 0; i < 60; ++i)); do # the list is longer than what is seen of it
-    holds '.places | has("joint:LeftHandMiddle3")' && break
-    xdotool click 5
-    after_frames 4
-done
-click "joint:LeftHandMiddle3"
-until_holds "one is chosen" '.places | has("contactJoint")'
-after_frames 3
-holds '.contactColours | has("LeftHandMiddle3") | not' || fail "nothing is painted before it is asked for"
-click paint
-until_holds "it is painted" '.contactColours | has("LeftHandMiddle3")'
-holds '.contactColours | keys | length == 1' || fail "and nothing else"
-picture
-cmp -s kivplayer-0002.png kivplayer-0003.png && fail "the colour is seen"
-echo "ok: the colour is seen"
+
+painted=0
+paint() { # JOINT
+    local joint="$1" i
+    click contactJoint
+    until_holds "the joints drop down" '.places | keys | any(startswith("joint:"))'
+    middle "$(tell '.places | keys | map(select(startswith("joint:"))) | .[0]')"
+    for ((i = 0; i < 60; ++i)); do # the list is longer than what is seen of it
+        holds ".places | has(\"joint:$joint\")" && break
+        xdotool click 5
+        after_frames 4
+    done
+    click "joint:$joint"
+    until_holds "$joint is chosen" '.places | has("contactJoint")'
+    after_frames 3
+    holds ".contactColours | has(\"$joint\") | not" || fail "nothing is painted before it is asked for"
+    click paint
+    until_holds "$joint is painted" ".contactColours | has(\"$joint\")"
+    painted=$((painted + 1))
+    holds ".contactColours | keys | length == $painted" || fail "and nothing else"
+    picture
+    cmp -s "kivplayer-000$((pictures - 1)).png" "kivplayer-000$pictures.png" && fail "the colour of $joint is seen"
+    echo "ok: the colour of $joint is seen"
+}
+paint Hips # inside the body
+paint LeftHandMiddle3
 quit

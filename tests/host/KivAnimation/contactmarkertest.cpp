@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <osg/Depth>
 #include <osg/Material>
 #include <osg/ShapeDrawable>
 
@@ -21,12 +22,12 @@ protected:
         m_actor.setMotion(MotionTable());
     }
 
-    const osg::ShapeDrawable* markerOf(const Bone& bone) const
+    const osg::Group* markerOf(const Bone& bone) const
     {
-        return dynamic_cast<const osg::ShapeDrawable*>(bone.getChild(bone.getNumChildren() - 1));
+        return bone.getChild(bone.getNumChildren() - 1)->asGroup();
     }
 
-    osg::Vec4f diffuseOf(const osg::ShapeDrawable& marker) const
+    osg::Vec4f diffuseOf(const osg::Group& marker) const
     {
         const auto* material = dynamic_cast<const osg::Material*>(
             marker.getStateSet()->getAttribute(osg::StateAttribute::MATERIAL));
@@ -65,14 +66,33 @@ TEST_F(ContactMarker, isASmallSphereBehindTheBonesOfItsJoint)
     const Bone& spine = *m_actor.bones[1];
     ASSERT_EQ(spine.getNumChildren(), 2u);
     EXPECT_EQ(spine.getChild(0), m_actor.bones[2]);
-    const osg::ShapeDrawable* marker = markerOf(spine);
+    const osg::Group* marker = markerOf(spine);
     ASSERT_NE(marker, nullptr);
-    const auto* sphere = dynamic_cast<const osg::Sphere*>(marker->getShape());
+    const auto* drawable = dynamic_cast<const osg::ShapeDrawable*>(marker->getChild(0));
+    ASSERT_NE(drawable, nullptr);
+    const auto* sphere = dynamic_cast<const osg::Sphere*>(drawable->getShape());
     ASSERT_NE(sphere, nullptr);
     EXPECT_EQ(sphere->getRadius(), 2.5f);
     EXPECT_EQ(marker->getNodeMask(), 4u);
-    EXPECT_EQ(marker->getDataVariance(), osg::Object::DYNAMIC);
+    EXPECT_EQ(marker->getStateSet()->getDataVariance(), osg::Object::DYNAMIC);
     EXPECT_EQ(diffuseOf(*marker), kRed);
+}
+
+TEST_F(ContactMarker, isDrawnInSightAndAgainBehindABodyWithoutDepthOfItsOwn)
+{
+    m_actor.animation->ChangeJointContactColor("Spine", kRed);
+    const osg::Group* marker = markerOf(*m_actor.bones[1]);
+    ASSERT_EQ(marker->getNumChildren(), 2u);
+    const osg::Group* behind = marker->getChild(1)->asGroup();
+    ASSERT_NE(behind, nullptr);
+    EXPECT_EQ(behind->getChild(0), marker->getChild(0));
+    const auto depthOf = [](const osg::Group& group) {
+        return static_cast<const osg::Depth*>(group.getStateSet()->getAttribute(osg::StateAttribute::DEPTH));
+    };
+    EXPECT_EQ(depthOf(*marker)->getFunction(), osg::Depth::LESS);
+    EXPECT_EQ(depthOf(*behind)->getFunction(), osg::Depth::GREATER);
+    EXPECT_FALSE(depthOf(*marker)->getWriteMask());
+    EXPECT_FALSE(depthOf(*behind)->getWriteMask());
 }
 
 TEST_F(ContactMarker, isRepaintedWithoutASecondSphere)
