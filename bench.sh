@@ -25,14 +25,12 @@ echo "== Packages"
 packaging/install-packages.sh packaging/build-packages.txt packaging/bench-packages.txt
 echo "== Build (build/bench)"
 cmake --preset bench >/dev/null
-cmake --build --preset bench --target kivbenchmarks kivdrawnframes kivframeloop kivinstructions
+wanted=(kivinstructions)
+[[ -n "$mode" ]] || wanted+=(kivbenchmarks kivdrawnframes kivframeloop)
+cmake --build --preset bench --target "${wanted[@]}"
 
 # What a count depends on beside the sources: the C library chooses its routines by the processor.
 made_by() { echo "$(g++ --version | head -n 1), $(uname -m), $(sed -n 's/^model name[^:]*: //p' /proc/cpuinfo | head -n 1)"; }
-
-# Without fixed addresses counts differ in the last digits only.
-fixed_addresses=(setarch "$(uname -m)" -R)
-"${fixed_addresses[@]}" true 2>/dev/null || fixed_addresses=()
 
 count_instructions() { # One line a work: its instructions, its name.
     local counts="$PWD/$results/counts"

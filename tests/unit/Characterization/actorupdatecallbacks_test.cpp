@@ -316,6 +316,29 @@ TEST_F(StickContacts, ofOneSphereAreNeverHidden)
     EXPECT_TRUE(spheres->getValue(0));
 }
 
+TEST_F(StickContacts, areShownAgainAsTheSecondSphereSays)
+{
+    publish({kTouching, kFree});
+    update(*spheres);
+    spheres->setValue(0, false);
+    update(*spheres);
+    EXPECT_FALSE(spheres->getValue(0));
+    spheres->setValue(1, false);
+    update(*spheres);
+    EXPECT_TRUE(spheres->getValue(0));
+    EXPECT_TRUE(spheres->getValue(1));
+}
+
+TEST_F(StickContacts, moveASphereThatLostItsShape)
+{
+    publish({kTouching});
+    update(*spheres);
+    spheres->getChild(0)->asGroup()->removeChildren(0, 1);
+    publish({kFree});
+    update(*spheres);
+    EXPECT_NEAR((positionOf(*spheres, 0) - osg::Vec3d(0, 0, 50)).length(), 0.0, 1e-5);
+}
+
 TEST_F(StickContacts, freezeWhileCharacterizationIsNotReady)
 {
     publish({kTouching, kFree});
