@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """Flips one operator or constant of the module at a time and looks whether the tests notice.
 
-    tests/mutation/mutate.py [--sample N] [--seed S] [--jobs J] [FILE...]
+    tests/mutation/mutate.py [--sample N] [--seed S] [--jobs J] [--again LOG] [FILE...]
 
 Works on a copy of the tree under build/mutation, built without optimisation. A mutant is caught when a test program
 fails, crashes or runs out of time; one that does not compile is not counted. Survivors that cannot be told apart from
@@ -21,8 +21,8 @@ ROOT = pathlib.Path(__file__).resolve().parents[2]
 WORK = ROOT / "build" / "mutation"
 SOURCES = ["jointnaming", "characterbvh", "segmentfitting", "skeletonvisitors", "actorupdatecallbacks",
            "bvhbuildhierarchyfromstringcmdexchandler", "actorcmdexchandlers", "cameracmdexchandlers",
-           "propscmdexchandlers", "kivpropsproertymanager", "actorscene", "namelabel", "namelabeltext", "labelvisibility",
-           "rootjoint"]
+           "propscmdexchandlers", "kivpropsproertymanager", "actorscene", "namelabel", "namelabeltext", "glyphfront",
+           "labelvisibility", "rootjoint"]
 # Seconds, several times what the unchanged programs take. The later ones see only what the earlier ones let through.
 PROGRAMS = {"unit": 60, "scenario": 60, "allocationfailure": 300}
 TARGET = 0.95
@@ -52,7 +52,7 @@ class Mutant:
 
     def describe(self, text):
         line = text.split("\n")[self.line - 1].strip()
-        return f"{self.file}:{self.line}:{self.column + 1}: '{self.before.strip()}' -> '{self.after.strip()}' in: {line}"
+        return f"{self.file}:{self.line}: '{self.before.strip()}' -> '{self.after.strip()}' in: {line}"
 
 
 def blanked(line):
@@ -142,6 +142,8 @@ def main():
     arguments.add_argument("--sample", type=int, default=0, help="as many mutants, drawn at random; 0: all of them")
     arguments.add_argument("--seed", type=int, default=1)
     arguments.add_argument("--jobs", type=int, default=2)
+    arguments.add_argument("--again", type=argparse.FileType(), metavar="LOG",
+                           help="only the survivors that an earlier run has printed there")
     options = arguments.parse_args()
 
     names = [f"KivCharacterization/Characterization/{name}.cpp" for name in options.files or SOURCES]
@@ -150,6 +152,9 @@ def main():
     everything = [mutant for name in names for mutant in mutants_of(name, texts[name])]
     mutants = [mutant for mutant in everything if not is_equivalent(mutant, texts[mutant.file], listed)]
     left_out = len(everything) - len(mutants)
+    if options.again:
+        survivors = {line.split(": ", 1)[1].strip() for line in options.again if line.startswith("survived: ")}
+        mutants = [mutant for mutant in mutants if mutant.describe(texts[mutant.file]) in survivors]
     if options.sample:
         mutants = random.Random(options.seed).sample(mutants, min(options.sample, len(mutants)))
     tree, build = prepare(options.jobs)
