@@ -133,6 +133,19 @@ TEST_F(CentreOfMass, isHiddenWhenAMarkerIsNoTransform)
     EXPECT_FALSE(shown());
 }
 
+TEST_F(CentreOfMass, isShownAgainAsTheFirstMarkerSays)
+{
+    publish(1, 2, 3);
+    markers->setValue(0, true);
+    markers->setValue(1, false);
+    update(*markers);
+    EXPECT_FALSE(markers->getValue(1));
+    markers->setValue(0, false);
+    markers->setValue(1, true);
+    update(*markers);
+    EXPECT_TRUE(shown());
+}
+
 TEST_F(CentreOfMass, isHiddenWhenAMarkerIsMissing)
 {
     publish(1, 2, 3);
