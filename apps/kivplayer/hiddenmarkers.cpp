@@ -9,8 +9,8 @@ namespace KivPlayer {
 
 namespace {
 
-// Markers hang beside the skeleton, under this mask. What shares it inside the skeleton is not reached: a prop
-// stays hidden behind a body, a painted contact draws its hidden part by itself.
+// Markers hang beside the skeleton, under this mask. What shares it inside the skeleton is not reached: a
+// prop stays hidden behind a body, a painted contact draws its hidden part by itself.
 constexpr osg::Node::NodeMask kMarkerMask = 4;
 constexpr float kOpacity = 0.55f;
 constexpr int kBehindEverything = 13;

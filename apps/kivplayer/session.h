@@ -7,47 +7,17 @@
 #include <optional>
 #include <string>
 
-#include "KivReader/humanoidprofile.h"
-#include "KivReader/motiondocument.h"
 #include "KivTaskCommand/commandthread.h"
 #include "KivTaskCommand/scenegate.h"
 #include "console.h"
-#include "dressedactor.h"
+#include "loadedactor.h"
+#include "motionfilereader.h"
 
 namespace KivCharacterization {
 class CharacterizationManager;
 }
 
 namespace KivPlayer {
-
-/// What the player knows of a motion file that has become an actor.
-struct LoadedActor
-{
-    unsigned index = 0;
-    std::string file;
-    std::string name;
-    double offset = 0.0;                 ///< when on the shared clock its first frame is shown, seconds
-    KivReader::MotionDocument document;  ///< without its values
-    KivReader::ProfileRecord profile;    ///< what reading did to the joints
-    DressedActor dressed;
-
-    std::string id() const { return std::to_string(index); }
-    std::size_t frames() const { return document.frames > 0 ? document.frames : 1; }
-    double duration() const { return static_cast<double>(frames() - 1) * document.frameTime; }
-    /// Times on the shared clock, seconds.
-    double timeOf(double frame) const { return offset + frame * document.frameTime; }
-    double end() const { return offset + duration(); }
-};
-
-/// No actor starts further from the beginning of the clock, earlier or later: a day, in seconds.
-constexpr double kLargestOffset = 86400.0;
-
-/// A motion file that has been read and is no actor yet.
-struct MotionFile
-{
-    std::string text;
-    LoadedActor actor;  ///< not dressed
-};
 
 /// Drives the module: owns the command thread and knows which actors are in the scene. Everything goes
 /// through the exported class and through commands. Made, used and destroyed on the thread of the frame loop,
@@ -76,7 +46,10 @@ public:
 
     /// The steps of load, for a frame loop that goes on meanwhile. read may run on any thread; build hands
     /// the command over and does not wait; finish takes the actor in once the command has answered.
-    std::optional<MotionFile> read(unsigned index, const std::string& file, const std::string& name);
+    std::optional<MotionFile> read(unsigned index, const std::string& file, const std::string& name) const
+    {
+        return m_reader.read(index, file, name);
+    }
     std::future<bool> build(const MotionFile& motion);
     bool finish(MotionFile motion, bool built);
 
@@ -110,19 +83,16 @@ public:
 
 private:
     bool run(const Attach& attach);
-    bool readProfileTable();
-    bool readMotion(const std::string& file, std::string& text, LoadedActor& actor);
 
     Console& m_console;
+    MotionFileReader m_reader;
     KivTaskCommand::SceneGate m_gate;
     std::unique_ptr<KivTaskCommand::CommandThread> m_spCommands;
     std::map<unsigned, LoadedActor> m_actors;
     std::map<unsigned, double> m_offsets;  ///< seconds; 0 for everybody else
     std::string m_avatarPath;
     std::string m_fontPath;
-    KivReader::ProfileOptions m_profile;
     bool m_avatarThere = false;
-    bool m_tableThere = true;
 };
 
 }  // namespace KivPlayer
