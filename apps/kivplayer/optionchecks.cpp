@@ -2,8 +2,11 @@
 
 #include <CLI/CLI.hpp>
 
+#include <optional>
 #include <string>
 #include <utility>
+
+#include "numbers.h"
 
 namespace KivPlayer {
 
@@ -32,6 +35,14 @@ void checkSheet(const Options& options, const OptionTexts& texts)
 void refuse(const std::string& option, const std::string& wanted, const std::string& given)
 {
     throw CLI::ValidationError(option, "expected " + wanted + ", found \"" + given + "\"");
+}
+
+double numberIn(const std::string& option, const std::string& text, const std::string& wanted, double least)
+{
+    const std::optional<double> value = parseNumber(text);
+    if (!value || *value < least)
+        refuse(option, wanted, text);
+    return *value;
 }
 
 bool asksForNoPicture(const Options& options)

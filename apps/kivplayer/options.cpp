@@ -2,17 +2,16 @@
 
 #include <CLI/CLI.hpp>
 
-#include <algorithm>
 #include <cmath>
 #include <map>
 #include <sstream>
 
 #include "KivReader/humanoidprofile.h"
-#include "exports.h"
 #include "numbers.h"
 #include "offsetoption.h"
 #include "optionchecks.h"
 #include "optiontexts.h"
+#include "outputoptions.h"
 #include "version.h"
 #include "window/keytable.h"
 
@@ -21,23 +20,6 @@ namespace KivPlayer {
 namespace {
 
 constexpr int kLargestSide = 16384;
-constexpr int kMostMoments = 16;
-/// Of one moment on a contact sheet, pixels.
-constexpr int kSheetWidth = 270;
-constexpr int kSheetHeight = 360;
-/// A GIF's pictures last whole hundredths of a second, and viewers slow down what lasts less than two.
-constexpr double kUsualGifRate = 25.0;
-constexpr double kMostGifRate = 50.0;
-constexpr int kGifWidth = 640;
-constexpr int kGifHeight = 360;
-
-double number(const std::string& option, const std::string& text, const std::string& wanted, double least)
-{
-    const std::optional<double> value = parseNumber(text);
-    if (!value || *value < least)
-        refuse(option, wanted, text);
-    return *value;
-}
 
 osg::Vec3d vector(const std::string& option, const std::string& text)
 {
@@ -71,24 +53,10 @@ void understandReading(const OptionTexts& texts, Options& options)
         options.reading += " firstFrameIsRest";
 }
 
-void understandSheet(const OptionTexts& texts, Options& options)
-{
-    if (!texts.moments.empty()) {
-        const auto moments = parseInteger(texts.moments);
-        if (!moments || *moments < 1 || *moments > kMostMoments)
-            refuse("--moments", "1 to " + std::to_string(kMostMoments), texts.moments);
-        options.moments = static_cast<int>(*moments);
-    }
-    if (!options.contactSheet.empty() && texts.resolution.empty()) {
-        options.width = kSheetWidth;
-        options.height = kSheetHeight;
-    }
-}
-
 void understandTimes(const OptionTexts& texts, Options& options)
 {
     if (!texts.time.empty())
-        options.time = number("--time", texts.time, "seconds, 0 or more", 0.0);
+        options.time = numberIn("--time", texts.time, "seconds, 0 or more", 0.0);
     if (!texts.frame.empty()) {
         const auto frame = parseInteger(texts.frame);
         if (!frame || *frame < 0)
@@ -102,7 +70,7 @@ void understandTimes(const OptionTexts& texts, Options& options)
         options.range = std::make_pair((*range)[0], (*range)[1]);
     }
     if (!texts.fps.empty()) {
-        options.fps = number("--fps", texts.fps, "pictures per second, above 0", 0.0);
+        options.fps = numberIn("--fps", texts.fps, "pictures per second, above 0", 0.0);
         if (options.fps <= 0.0 || options.fps > 1000.0)
             refuse("--fps", "pictures per second, above 0 and at most 1000", texts.fps);
     }
@@ -176,44 +144,6 @@ void understandShown(const std::string& option, const std::vector<std::string>& 
         else
             refuse(option, "names, com, contacts, skeleton, props or grid", name);
     }
-}
-
-void understandFormat(const OptionTexts& texts, Options& options)
-{
-    const std::string name = options.output->name(0);
-    options.video = videoFormatOf(name);
-    if (options.video == VideoFormat::None && lowerCaseEnding(name) != ".png")
-        refuse("--output", "a name that ends in .png, .mp4, .mkv, .webm or .gif", texts.output);
-    if (options.video != VideoFormat::None && options.output->isSequence())
-        refuse("--output", "one name, since a video is one file", texts.output);
-    if (options.video != VideoFormat::Gif)
-        return;
-    if (texts.fps.empty())
-        options.fps = kUsualGifRate;
-    if (options.fps > kMostGifRate)
-        refuse("--fps", "at most 50 for a GIF", texts.fps);
-    if (texts.resolution.empty()) {
-        options.width = kGifWidth;
-        options.height = kGifHeight;
-    }
-}
-
-void understandOutput(const OptionTexts& texts, Options& options)
-{
-    if (!texts.output.empty()) {
-        auto names = OutputNames::parse(texts.output);
-        if (const auto* problem = std::get_if<std::string>(&names))
-            throw CLI::ValidationError("--output", *problem);
-        options.output = std::get<OutputNames>(names);
-        understandFormat(texts, options);
-    }
-    for (const std::string& file : options.exports)
-        if (!isExportable(file))
-            refuse("--export", "a name that ends in .csv, .osgb or .osgt", file);
-    if (!texts.threshold.empty())
-        options.referenceThreshold =
-            number("--reference-threshold", texts.threshold, "a difference, 0 or more", 0.0);
-    options.render = !texts.noRender;
 }
 
 }  // namespace
