@@ -35,11 +35,6 @@ std::vector<osg::Vec3d> toStore(std::vector<osg::Vec3d> places)
     return places;
 }
 
-osg::Vec3d below(const osg::Vec3d& place)
-{
-    return {place.x(), place.y(), 0.0};
-}
-
 KivAnimation::Animation* animationOf(const std::string& actorId)
 {
     for (KivAnimation::Animation* animation : playback().animations())
@@ -217,20 +212,12 @@ std::vector<osg::Vec3d> FramePublisher::sampledHeads() const
 
 std::vector<osg::Vec3d> FramePublisher::sampledPlacesOver(std::size_t actor) const
 {
-    const SampledMotion& sampled = m_bodies[actor].sampled;
-    std::vector<osg::Vec3d> relative;
-    for (std::size_t i = 0; i < sampled.places.size(); ++i)
-        relative.push_back(sampled.places[i] - below(sampled.places[i - i % sampled.joints]));
-    return relative;
+    return m_bodies[actor].sampled.placesOverGround();
 }
 
 std::vector<osg::Vec3d> FramePublisher::sampledHeadsOver(std::size_t actor) const
 {
-    const SampledMotion& sampled = m_bodies[actor].sampled;
-    std::vector<osg::Vec3d> relative;
-    for (std::size_t i = 0; i < sampled.moments(); ++i)
-        relative.push_back(sampled.heads[i] - below(sampled.places[i * sampled.joints]));
-    return relative;
+    return m_bodies[actor].sampled.headsOverGround();
 }
 
 osg::Vec3d FramePublisher::groundUnder(std::size_t actor, double seconds)
@@ -240,7 +227,7 @@ osg::Vec3d FramePublisher::groundUnder(std::size_t actor, double seconds)
     osg::Vec3d sum;
     for (int i = -kHalf; i <= kHalf; ++i) {
         pose(seconds + kReach * i / kHalf);
-        sum += below(m_bodies[actor].actor->dressed.positions().front());
+        sum += groundBelow(m_bodies[actor].actor->dressed.positions().front());
     }
     pose(seconds);
     return sum / (2 * kHalf + 1);

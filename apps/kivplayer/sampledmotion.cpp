@@ -66,6 +66,27 @@ osg::Vec3d headAt(const std::optional<std::size_t>& head, const Places& places)
 
 }  // namespace
 
+osg::Vec3d groundBelow(const osg::Vec3d& place)
+{
+    return {place.x(), place.y(), 0.0};
+}
+
+Places SampledMotion::placesOverGround() const
+{
+    Places relative;
+    for (std::size_t i = 0; i < places.size(); ++i)
+        relative.push_back(places[i] - groundBelow(places[i - i % joints]));
+    return relative;
+}
+
+Places SampledMotion::headsOverGround() const
+{
+    Places relative;
+    for (std::size_t i = 0; i < moments(); ++i)
+        relative.push_back(heads[i] - groundBelow(places[i * joints]));
+    return relative;
+}
+
 osg::Vec3d headOf(const Joints& joints, const Places& places)
 {
     return headAt(headJointOf(joints), places);

@@ -22,7 +22,14 @@ struct SampledMotion
     osg::BoundingBox box;
 
     std::size_t moments() const { return heads.size(); }
+
+    /// Places and heads, each taken from the point of the ground below the root joint of its moment.
+    std::vector<osg::Vec3d> placesOverGround() const;
+    std::vector<osg::Vec3d> headsOverGround() const;
 };
+
+/// The point of the ground below a place.
+osg::Vec3d groundBelow(const osg::Vec3d& place);
 
 /// Poses the actor alone, again and again, and leaves it in its last pose. Between frames.
 /// @param animation null: the actor stands still.
