@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "avatartrial.h"
+#include "loadingprogress.h"
 #include "picturemaker.h"
 #include "progress.h"
 #include "session.h"
@@ -47,6 +48,17 @@ osg::ref_ptr<osg::Image> rowOf(const std::string& name, double duration, int mom
     return tiled(pictures, moments);
 }
 
+/// Loads a motion as the only one there is, and says how far it is where that takes long.
+bool loaded(Session& session, const std::string& motion, const std::string& name, Progress::Style style,
+            Console& console)
+{
+    LoadingProgress progress(console, 1, style);
+    progress.begin(motion);
+    const bool there = session.load(0, motion, name);
+    progress.end();
+    return there;
+}
+
 }  // namespace
 
 ExitCode makeContactSheet(const Options& options, Console& console)
@@ -60,11 +72,11 @@ ExitCode makeContactSheet(const Options& options, Console& console)
     std::unique_ptr<PictureMaker> spMaker;
     std::set<std::string> taken{kSheetName};
     Pictures rows;
-    Progress progress(console.stream(), Progress::styleFor(Progress::kErrorStream, console.isQuiet()),
-                      "motions", options.motions.size());
+    const Progress::Style style = Progress::styleFor(Progress::kErrorStream, console.isQuiet());
+    Progress progress(console.stream(), style, "motions", options.motions.size());
     for (std::size_t i = 0; i < options.motions.size(); ++i) {
         const std::string name = nameFor(options.motions[i], taken);
-        if (session.load(0, options.motions[i], name)) {
+        if (loaded(session, options.motions[i], name, style, console)) {
             if (spMaker)
                 spMaker->restart();
             else
