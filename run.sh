@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # run.sh [MOTION.bvh...]: installs what is missing, builds, and shows the motions on the avatar; without an argument the
 # shipped samples. With a display it opens the player's window; without one it writes a picture of each motion under
-# out/ and prints its name.
+# out/ and prints its name: the motion's, with -2, -3 and so on where several share one.
 set -euo pipefail
 
 motions=()
@@ -44,8 +44,14 @@ if ((${#motions[@]} == 0)); then
     picture pass --name Ann --name Bob --time 3.2 "$samples/pass_left.bvh" "$samples/pass_right.bvh" || failures=1
     picture juggle "$samples/juggle.bvh" --time 3 --show com,contacts || failures=1
 else
+    declare -A taken=()
     for motion in "${motions[@]}"; do
-        name="$(basename "$motion" .bvh)"
+        stem="$(basename "$motion" .bvh)"
+        name="$stem"
+        for ((i = 2; ${taken[$name]:-0}; ++i)); do # told apart as on a contact sheet
+            name="$stem-$i"
+        done
+        taken[$name]=1
         picture "$name" "$motion" || failures=1
     done
 fi

@@ -63,6 +63,12 @@ says errors.txt "broken.bvh:137:1:"
 ! grep -F "out/broken.png" said.txt || { echo "FAILED: it names a picture that is not there" && exit 1; }
 pictured "a walk"
 
+mkdir "other motions"
+cp "$tree/build/release/root/Data/BVH/wave.bvh" "other motions/a walk.bvh"
+ends 0 "$tree/run.sh" "their motions/a walk.bvh" "other motions/a walk.bvh"
+! cmp -s "$tree/out/a walk.png" "$tree/out/a walk-2.png" || { echo "FAILED: one of them is pictured twice" && exit 1; }
+pictured "a walk" "a walk-2"
+
 cd "$tree"
 while read -r command; do
     ends 0 bash -c "$command"
