@@ -5,6 +5,7 @@
 
 #include "KivAnimation/animation.h"
 #include "KivAnimation/basicanimationmanager.h"
+#include "KivRenderState/kivrenderstatemanager.h"
 #include "framepublisher.h"
 #include "framing.h"
 #include "offscreen.h"
@@ -128,6 +129,17 @@ TEST_F(PaintedContact, isSeenThroughTheBodyFromEverySideAndThrowsNoShadow)
             m_publisher.setActors(m_session->actors());
         }
     }
+}
+
+TEST_F(PaintedContact, isSeenOnAnActorThatIsLoadedAfterwards)
+{
+    const osg::ref_ptr<osg::Image> before = pictureFrom(0.0);
+    KivRenderState::KivRenderStateManager::instance()->setBVHContactColor("Hips", {{0, 0, 0}, 1, 0, 0});
+    ASSERT_TRUE(m_session->load(0, sample("walk"), "Ann")) << m_said.str();
+    m_publisher.setActors(m_session->actors());
+    const osg::ref_ptr<osg::Image> after = pictureFrom(0.0);
+    const osg::Vec3d disc = inPicture(placeOf("Hips"));
+    EXPECT_GT(reddened(*before, *after, disc), 0.7 * osg::PI * std::pow(2.5 * disc.z(), 2.0));
 }
 
 }  // namespace
