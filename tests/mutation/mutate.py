@@ -92,7 +92,9 @@ def prepare(jobs):
     tree = WORK / "tree"
     tree.mkdir(parents=True, exist_ok=True)
     files = subprocess.run(["git", "ls-files", "-z"], cwd=ROOT, check=True, capture_output=True).stdout
-    subprocess.run(["rsync", "-a", "--from0", "--files-from=-", f"{ROOT}/", f"{tree}/"], input=files, check=True)
+    # What has changed is as new as the copy: with its own time it may look older than what was built from a mutant.
+    subprocess.run(["rsync", "-rlp", "--checksum", "--from0", "--files-from=-", f"{ROOT}/", f"{tree}/"], input=files,
+                   check=True)
     build = WORK / "build"
     print("building the unchanged programs ...", flush=True)
     subprocess.run(["cmake", "-S", tree, "-B", build, "-G", "Ninja", "-DCMAKE_BUILD_TYPE=Debug",
