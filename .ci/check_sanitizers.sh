@@ -13,6 +13,7 @@ check() { # PRESET [TARGET...]: those targets and their tests; without any, ever
     if (($# == 0)); then
         cmake --build --preset "$preset"
         ctest --preset "$preset" -j "$(nproc)" --label-exclude 'gui|packaging|docs'
+        [[ "$preset" != asan ]] || ctest --preset asan-drivers -j "$(nproc)"
     else
         cmake --build --preset "$preset" --target KivRoot "$@"
         local alternatives

@@ -4,18 +4,6 @@
 find_package(GTest REQUIRED)
 include(GoogleTest)
 
-# What a sanitized test program runs with: the first finding ends it, and only what the lists in tests/sanitizers name
-# is passed over. For the ENVIRONMENT of tests that are not made by kiv_add_test, too.
-set(KIV_SANITIZER_ENVIRONMENT "")
-if(KIV_SANITIZE)
-    set(lists "${KivCharacterization_SOURCE_DIR}/tests/sanitizers")
-    set(KIV_SANITIZER_ENVIRONMENT
-        "ASAN_OPTIONS=detect_stack_use_after_return=1:strict_string_checks=1:check_initialization_order=1"
-        "LSAN_OPTIONS=suppressions=${lists}/leaks.supp:print_suppressions=0"
-        "UBSAN_OPTIONS=halt_on_error=1:print_stacktrace=1"
-        "TSAN_OPTIONS=suppressions=${lists}/races.supp:halt_on_error=1:print_suppressions=0")
-endif()
-
 function(kiv_add_test name)
     cmake_parse_arguments(ARG "" "TIMEOUT" "SOURCES;LINK;LABELS" ${ARGN})
     if(NOT ARG_TIMEOUT)
@@ -36,10 +24,6 @@ function(kiv_add_test name)
     set(properties TIMEOUT ${ARG_TIMEOUT})
     if(ARG_LABELS)
         list(APPEND properties LABELS "${ARG_LABELS}")
-    endif()
-    if(KIV_SANITIZER_ENVIRONMENT)
-        list(JOIN KIV_SANITIZER_ENVIRONMENT "\\;" environment)
-        list(APPEND properties ENVIRONMENT "${environment}")
     endif()
     gtest_discover_tests(${name}
         TEST_PREFIX "${name}."
