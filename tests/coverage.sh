@@ -12,7 +12,8 @@ fi
 cmake --preset coverage > /dev/null
 cmake --build --preset coverage
 find build/coverage -name '*.gcda' -delete
-ctest --test-dir build/coverage -j "$(nproc)" --output-on-failure
+# Counters keep a library mapped, so what unloads one is left out.
+ctest --test-dir build/coverage -j "$(nproc)" --output-on-failure --exclude-regex '^reload'
 
 mkdir -p build/coverage/pages
 report=(gcovr --root . --object-directory build/coverage --exclude-throw-branches --exclude-unreachable-branches)

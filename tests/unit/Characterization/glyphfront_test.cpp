@@ -95,6 +95,16 @@ TEST(AGlyphsFront, mayBeOfAGlyphWithoutVertices)
     EXPECT_FALSE(glyph->getVertexArray());
 }
 
+TEST(AGlyphsFront, keepsItsVerticesWhereThereAreNoNormals)
+{
+    const auto glyph = sixVertices();
+    glyph->setNormalArray(nullptr);
+    glyph->getFrontPrimitiveSetList().push_back(triangles({4, 2, 5}));
+    glyph->getWallPrimitiveSetList().push_back(triangles({0, 2, 1}));
+    EXPECT_TRUE(KeepFrontOnly(*glyph));
+    EXPECT_EQ(glyph->getVertexArray()->size(), 6u);
+}
+
 /// Sums up what a text shows.
 struct Area
 {
