@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # bench.sh: installs what is missing, builds, runs every benchmark beside its peers and writes the table of results into
-# docs/performance.md. Five minutes on a calm machine; other work on the machine is seen in the figures, less in the ratios, and
+# docs/performance.md. Seven minutes on a calm machine; other work on the machine is seen in the figures, less in the ratios, and
 # least for root, whose benchmarks go ahead of it.
 # bench.sh --gate: counts the instructions of small works and fails where one needs 3 % more than
 # benchmarks/instructions.txt says. Under two minutes, and steady on a busy machine; with another compiler or processor
