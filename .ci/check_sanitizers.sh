@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Builds with sanitizers and runs the tests: check_sanitizers.sh [--all]
 # By itself what finds most in little time: the module's tests and whole loads under AddressSanitizer and
-# UndefinedBehaviorSanitizer, threads and frame loop under ThreadSanitizer. With --all every test under both, in an hour.
+# UndefinedBehaviorSanitizer, threads and frame loop under ThreadSanitizer. With --all every test under both.
 set -euo pipefail
 cd "$(dirname "$(realpath "$0")")/.."
 

@@ -12,6 +12,7 @@
 #include "KivCharacterization/Characterization/modelloading.h"
 #include "KivCharacterization/Characterization/osgreaders.h"
 #include "tests/soak/limitedchild.h"
+#include "tests/soak/rounds.h"
 #include "tests/support/contentfolder.h"
 #include "tests/support/corruption.h"
 #include "tests/support/figures.h"
@@ -171,7 +172,7 @@ TEST_F(DamagedAvatar, aFileCutAnywhereIsRefusedOrSound)
 // unknown origin are tried in a process of their own first.
 TEST_F(DamagedAvatar, aCorruptFileIsRefusedOrSound)
 {
-    const int files = damagedFiles(100);
+    const int files = rounds(100);
     for (int seed = 1; seed <= files; ++seed) {
         count(corrupted(m_whole, static_cast<unsigned int>(seed)), "corruption " + std::to_string(seed));
     }

@@ -7,6 +7,7 @@
 #include "KivCharacterization/Characterization/modelloading.h"
 #include "KivCharacterization/Characterization/namelabel.h"
 #include "tests/soak/limitedchild.h"
+#include "tests/soak/rounds.h"
 #include "tests/support/contentfolder.h"
 #include "tests/support/corruption.h"
 #include "tests/support/motionlibrary.h"
@@ -89,7 +90,7 @@ TEST_F(DamagedFont, bytesThatAreNoFontAreRefused)
 
 TEST_F(DamagedFont, aFontCutAnywhereIsRefusedOrSound)
 {
-    const std::size_t cuts = static_cast<std::size_t>(damagedFiles(50));
+    const std::size_t cuts = static_cast<std::size_t>(rounds(50));
     for (std::size_t cut = 0; cut < cuts; ++cut) {
         const std::size_t length = m_whole.size() * cut / cuts;
         count(m_whole.substr(0, length), "cut to " + std::to_string(length) + " bytes");
@@ -102,7 +103,7 @@ TEST_F(DamagedFont, aFontCutAnywhereIsRefusedOrSound)
 TEST_F(DamagedFont, aCorruptFontIsRefusedOrSound)
 {
     constexpr std::size_t kFront = 512;
-    const int files = damagedFiles(100);
+    const int files = rounds(100);
     for (int seed = 1; seed <= files; ++seed) {
         const auto number = static_cast<unsigned int>(seed);
         const std::string damaged =

@@ -7,8 +7,6 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <cstdlib>
-
 #include "tests/soak/heapuse.h"
 
 namespace KivTestSupport {
@@ -58,13 +56,6 @@ Outcome inLimitedChild(unsigned int seconds, Work&& work)
     }
     const int signal = WIFSIGNALED(status) ? WTERMSIG(status) : 0;
     return signal == SIGXCPU || signal == SIGALRM ? OutOfTime : Crashed;
-}
-
-/// How many damaged files a test makes: the variable KIV_SOAK_ROUNDS, or the sample of every build.
-inline int damagedFiles(int usual)
-{
-    const char* named = std::getenv("KIV_SOAK_ROUNDS");
-    return named ? std::atoi(named) : usual;
 }
 
 }  // namespace KivTestSupport

@@ -4,13 +4,13 @@
 #include <osgUtil/UpdateVisitor>
 
 #include <chrono>
-#include <cstdlib>
 #include <future>
 #include <memory>
 #include <string>
 
 #include "KivAnimation/basicanimationmanager.h"
 #include "KivTaskCommand/commandthread.h"
+#include "tests/soak/rounds.h"
 #include "tests/support/contentfolder.h"
 #include "tests/support/figures.h"
 #include "tests/support/freshhost.h"
@@ -92,13 +92,6 @@ protected:
     bool framesUntil(std::future<bool> answer)
     {
         return framesUntil(std::move(answer), [] {});
-    }
-
-    /// How often a test repeats itself: the variable KIV_SOAK_ROUNDS, for longer runs by hand.
-    static int rounds(int usual)
-    {
-        const char* named = std::getenv("KIV_SOAK_ROUNDS");
-        return named ? std::atoi(named) : usual;
     }
 
     ContentFolder m_content;
