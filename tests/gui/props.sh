@@ -67,11 +67,13 @@ xdotool mouseup 1
 until_holds "until it is let go" '.props[0].dragged == false'
 
 # A drag ends where it is when the keyboard goes to another window.
-"$player" --quiet 2>/dev/null &
+"$player" --quiet --state-file other.json 2>/dev/null &
 other=$!
-until_true "another window opens" eval '(( $(xdotool search --onlyvisible --name "^kivplayer$" | wc -l) == 2 ))'
+# A window asks for the keyboard while it opens: only one that has drawn its bar leaves it to others.
+until_true "another window opens" eval 'jq -e ".places | has(\"timeline\")" other.json >/dev/null 2>&1'
 away="$(xdotool search --onlyvisible --name '^kivplayer$' | grep -vx "$window")"
 xdotool windowmove "$away" 1390 890 # out of the way
+until_true "it is out of the way" eval 'xdotool getwindowgeometry "$away" | grep -q "Position: 1390,890"'
 drags="$(tell '.props[0].drags')"
 xdotool windowfocus --sync "$window"
 pull handles 30
