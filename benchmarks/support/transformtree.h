@@ -24,6 +24,9 @@ public:
     /// The tree, Z-up, with this callback on it; joints bear the motion's names.
     osg::Group* node() { return m_root; }
 
+    /// So many matrices are set at a time; end sites keep theirs.
+    std::size_t movingJoints() const { return m_joints.size(); }
+
     void operator()(osg::Node* node, osg::NodeVisitor* visitor) override;
 
 private:

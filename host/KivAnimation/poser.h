@@ -45,6 +45,7 @@ private:
     };
 
     void provideRow(EvaluatedRow& wanted, const MotionTable& table, std::size_t row);
+    void poseBones(bool between, float fraction);
     void poseJoint(const Joint& joint, const LocalPose& pose);
     void poseFixedJoint(const Joint& joint, const AffineRows& local);
     static void setMatrix(const Joint& joint, const AffineRows& local);
