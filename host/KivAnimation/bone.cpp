@@ -1,5 +1,7 @@
 #include "KivAnimation/bone.h"
 
+#include <utility>
+
 namespace KivAnimation {
 
 namespace {
@@ -9,9 +11,19 @@ constexpr std::size_t kUsualChildren = 4;
 
 }  // namespace
 
-Bone::Bone(const std::string& name) : osgAnimation::Bone(name)
+Bone::Bone(std::string name)
 {
+    _name = std::move(name);
     _children.reserve(kUsualChildren);
+}
+
+// The parent comes last: nothing may throw once it holds the bone.
+Bone::Bone(std::string name, Bone& parent) : Bone(std::move(name))
+{
+    _parents.push_back(&parent);
+    parent._children.emplace_back(this);
+    parent.childInserted(parent.getNumChildren() - 1);
+    parent.dirtyBound();
 }
 
 Bone::Bone(const Bone& other, const osg::CopyOp& copyop)

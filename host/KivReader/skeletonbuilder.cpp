@@ -15,37 +15,37 @@ using KivAnimation::Bone;
 using KivAnimation::PoseProgram;
 using KivAnimation::UpdateBone;
 
-osg::ref_ptr<Bone> makeBone(const MotionFigure::Joint& joint, const std::string& prefix)
+/// At rest; below `parent`, or below nothing where that is null.
+osg::ref_ptr<Bone> makeBone(const MotionFigure::Joint& joint, const std::string& prefix, Bone* parent)
 {
-    osg::ref_ptr<Bone> bone = new Bone(prefix + joint.name);
-    const osg::Matrixd rest = osg::Matrixd::translate(joint.offset);
-    bone->setInitialMatrix(osg::Matrixd::translate(joint.offset + joint.fitShift));
-    bone->setMatrix(rest);
+    std::string name = prefix + joint.name;
+    const osg::ref_ptr<Bone> bone = parent ? new Bone(std::move(name), *parent) : new Bone(std::move(name));
+    osg::Matrixd matrix = osg::Matrixd::translate(joint.offset);
+    bone->setMatrix(matrix);
+    matrix.setTrans(joint.offset + joint.fitShift);
+    bone->setInitialMatrix(matrix);
+    matrix.setTrans(parent ? parent->getMatrixInSkeletonSpace().getTrans() + joint.offset : joint.offset);
+    bone->setMatrixInSkeletonSpace(matrix);
     bone->setDataVariance(osg::Object::DYNAMIC);
     return bone;
 }
 
 /// Children are added in the figure's order, so the root is its skeleton's first child.
-std::vector<osg::ref_ptr<Bone>> makeBones(const MotionFigure& figure, const std::string& prefix,
-                                          osg::Group& above)
+std::vector<Bone*> makeBones(const MotionFigure& figure, const std::string& prefix, osg::Group& above)
 {
-    std::vector<osg::ref_ptr<Bone>> bones;
-    std::vector<osg::Vec3d> places;
+    std::vector<Bone*> bones;
     bones.reserve(figure.joints.size());
-    places.reserve(figure.joints.size());
     for (const MotionFigure::Joint& joint : figure.joints) {
-        osg::ref_ptr<Bone> bone = makeBone(joint, prefix);
-        const bool isRoot = joint.parent < 0;
-        const auto parent = static_cast<std::size_t>(isRoot ? 0 : joint.parent);
-        places.push_back(isRoot ? joint.offset : places[parent] + joint.offset);
-        bone->setMatrixInSkeletonSpace(osg::Matrixd::translate(places.back()));
-        (isRoot ? above : static_cast<osg::Group&>(*bones[parent])).addChild(bone);
-        bones.push_back(std::move(bone));
+        Bone* const parent = joint.parent < 0 ? nullptr : bones[static_cast<std::size_t>(joint.parent)];
+        const osg::ref_ptr<Bone> bone = makeBone(joint, prefix, parent);
+        if (!parent)
+            above.addChild(bone);
+        bones.push_back(bone.get());
     }
     return bones;
 }
 
-PoseProgram makeProgram(const MotionFigure& figure, const std::vector<osg::ref_ptr<Bone>>& bones)
+PoseProgram makeProgram(const MotionFigure& figure, const std::vector<Bone*>& bones)
 {
     PoseProgram program;
     std::size_t steps = 0;

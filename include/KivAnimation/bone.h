@@ -3,6 +3,8 @@
 #include <osg/Matrixd>
 #include <osgAnimation/Bone>
 
+#include <string>
+
 #include "KivCommonDef/sharedlibrary.h"
 
 namespace KivAnimation {
@@ -13,7 +15,10 @@ namespace KivAnimation {
 class KIV_ANIMATION_API Bone : public osgAnimation::Bone
 {
 public:
-    explicit Bone(const std::string& name = std::string());
+    explicit Bone(std::string name = std::string());
+    /// Made as the last child of its parent, which holds it. Cheaper than adding it later: a new bone is
+    /// known to be no occluder, to have no children and no callbacks.
+    Bone(std::string name, Bone& parent);
     Bone(const Bone& other, const osg::CopyOp& copyop = osg::CopyOp::SHALLOW_COPY);
     META_Node(KivAnimation, Bone)
 
