@@ -1,7 +1,7 @@
 #include "host/KivReader/hierarchyreader.h"
 
 #include <algorithm>
-#include <cmath>
+#include <functional>
 #include <limits>
 #include <unordered_map>
 #include <utility>
@@ -18,28 +18,45 @@ namespace {
 constexpr std::size_t kUsualJoints = 96;  ///< with their end sites, of a figure with fingers
 
 /// Words and signs that can only begin the next item of a block.
-bool beginsAnItem(std::string_view token)
+enum class Item
 {
-    if (!token.empty() && token.front() < 'A')
-        return false;  // a number, most often
+    None,
+    Offset,
+    Channels,
+    Joint,
+    EndSite,
+    BlockEnd,
+    Misplaced  ///< what belongs elsewhere
+};
+
+Item itemOf(std::string_view token)
+{
+    const auto isWord = [token](std::string_view word, Item item) {
+        return sameWord(token, word) ? item : Item::None;
+    };
     switch (token.size()) {
         case 0:
-            return true;
+            return Item::Misplaced;
         case 1:
-            return token == "{" || token == "}";
+            return token == "}" ? Item::BlockEnd : token == "{" ? Item::Misplaced : Item::None;
         case 3:
-            return sameWord(token, "End");
+            return isWord("End", Item::EndSite);
         case 4:
-            return sameWord(token, "ROOT");
+            return isWord("ROOT", Item::Misplaced);
         case 5:
-            return sameWord(token, "JOINT");
+            return isWord("JOINT", Item::Joint);
         case 6:
-            return sameWord(token, "OFFSET") || sameWord(token, "MOTION");
+            return sameWord(token, "OFFSET") ? Item::Offset : isWord("MOTION", Item::Misplaced);
         case 8:
-            return sameWord(token, "CHANNELS");
+            return isWord("CHANNELS", Item::Channels);
         default:
-            return false;
+            return Item::None;
     }
+}
+
+bool beginsAnItem(std::string_view token)
+{
+    return itemOf(token) != Item::None;
 }
 
 std::string found(std::string_view token)
@@ -80,39 +97,45 @@ void HierarchyReader::readBlockItem()
 {
     const std::string_view token = m_cursor.take();
     const std::size_t offset = m_cursor.offset() - token.size();
-    if (sameWord(token, "OFFSET"))
-        readOffset(offset);
-    else if (sameWord(token, "CHANNELS"))
-        readChannels(offset);
-    else if (sameWord(token, "JOINT"))
-        readJoint(offset);
-    else if (sameWord(token, "End"))
-        readEndSite(offset);
-    else if (token == "}")
-        closeBlock(offset);
-    else if (sameWord(token, "MOTION"))
-        throw Refusal{offset, "MOTION before " + std::to_string(m_open.size()) + " block(s) were closed"};
-    else if (token.empty())
-        throw Refusal{offset,
-                      "the text ends before " + std::to_string(m_open.size()) + " block(s) were closed"};
-    else
-        throw Refusal{offset, "expected OFFSET, CHANNELS, JOINT, End Site or '}', " + found(token)};
+    switch (itemOf(token)) {
+        case Item::Offset:
+            return readOffset(offset);
+        case Item::Channels:
+            return readChannels(offset);
+        case Item::Joint:
+            return readJoint(offset);
+        case Item::EndSite:
+            return readEndSite(offset);
+        case Item::BlockEnd:
+            return closeBlock(offset);
+        default:
+            refuseItem(offset, token);
+    }
+}
+
+void HierarchyReader::refuseItem(std::size_t offset, std::string_view token) const
+{
+    const std::string unclosed = " before " + std::to_string(m_open.size()) + " block(s) were closed";
+    if (sameWord(token, "MOTION"))
+        throw Refusal{offset, "MOTION" + unclosed};
+    if (token.empty())
+        throw Refusal{offset, "the text ends" + unclosed};
+    throw Refusal{offset, "expected OFFSET, CHANNELS, JOINT, End Site or '}', " + found(token)};
 }
 
 void HierarchyReader::readJoint(std::size_t offset)
 {
-    MotionDocument::Joint joint;
-    joint.name = jointNameFrom(takeName(offset));
-    if (joint.name.empty())
+    std::string name = jointNameFrom(takeName(offset));
+    if (name.empty())
         throw Refusal{offset, "a joint without a name"};
-    if (joint.name.size() > kLongestName)
-        throw Refusal{offset, "the name " + quoted(joint.name) + " has more than " +
-                                  std::to_string(kLongestName) + " bytes"};
+    if (name.size() > kLongestName)
+        throw Refusal{
+            offset, "the name " + quoted(name) + " has more than " + std::to_string(kLongestName) + " bytes"};
     if (m_open.size() == kDeepestJoint)
         throw Refusal{offset, "joints nested deeper than " + std::to_string(kDeepestJoint)};
     if (m_document.joints.size() - m_endSites == kMostJoints)
         throw Refusal{offset, "more than " + std::to_string(kMostJoints) + " joints"};
-    openBlock(offset, std::move(joint));
+    addJoint(offset, std::move(name));
 }
 
 void HierarchyReader::readEndSite(std::size_t offset)
@@ -122,11 +145,8 @@ void HierarchyReader::readEndSite(std::size_t offset)
         throw Refusal{offset, "expected 'End Site', found " + quoted("End " + std::string(rest))};
     if (m_endSites == kMostJoints)
         throw Refusal{offset, "more than " + std::to_string(kMostJoints) + " end sites"};
-    MotionDocument::Joint joint;
-    joint.name = current().name + "End";
-    joint.endSite = true;
+    addJoint(offset, current().name + "End").endSite = true;
     ++m_endSites;
-    openBlock(offset, std::move(joint));
 }
 
 std::string_view HierarchyReader::takeName(std::size_t offset)
@@ -136,21 +156,23 @@ std::string_view HierarchyReader::takeName(std::size_t offset)
     return m_cursor.takeRestBeforeBrace();
 }
 
-void HierarchyReader::openBlock(std::size_t offset, MotionDocument::Joint joint)
+/// With the name the declaration's line ends, or its block begins.
+MotionDocument::Joint& HierarchyReader::addJoint(std::size_t offset, std::string name)
 {
+    MotionDocument::Joint& joint = m_document.joints.emplace_back();
+    joint.name = std::move(name);
+    joint.parent = m_open.empty() ? -1 : m_open.back().joint;
+    joint.line = m_cursor.line();
+    joint.firstColumn = static_cast<std::uint32_t>(m_document.columns);
     if (m_cursor.peek() != "{")
         throw Refusal{m_cursor.offset(),
                       "expected '{' after the name " + quoted(joint.name) + ", " + found(m_cursor.peek())};
     m_cursor.take();
-    joint.parent = m_open.empty() ? -1 : m_open.back().joint;
-    joint.line = m_places.lineAt(offset);
-    joint.firstColumn = static_cast<std::uint32_t>(m_document.columns);
     Block block;
-    block.joint = static_cast<std::int32_t>(m_document.joints.size());
-    block.offset = offset;
-    m_document.joints.push_back(std::move(joint));
+    block.joint = static_cast<std::int32_t>(m_document.joints.size() - 1);
     m_declarations.push_back(offset);
     m_open.push_back(block);
+    return joint;
 }
 
 void HierarchyReader::closeBlock(std::size_t offset)
@@ -164,16 +186,14 @@ void HierarchyReader::readOffset(std::size_t offset)
 {
     if (std::exchange(m_open.back().hasOffset, true))
         throw Refusal{offset, "a second OFFSET in the block of " + quoted(current().name)};
+    constexpr double kLargest = std::numeric_limits<float>::max();  // beyond it no joint can be posed
     std::size_t numbers = 0;
-    for (; !beginsAnItem(m_cursor.peek()); ++numbers) {
-        const std::string_view token = m_cursor.take();
-        double value = 0.0;
-        // What no float holds could not be posed either.
-        if (!readWholeNumber(token, value) || std::fabs(value) > std::numeric_limits<float>::max())
-            throw notANumber(m_cursor.offset() - token.size(), token);
+    for (double value = 0.0; takeNumber(m_cursor, kLargest, value); ++numbers) {
         if (numbers < 3)
             current().offset[numbers] = value;
     }
+    if (!beginsAnItem(m_cursor.peek()))
+        throw notANumber(m_cursor.offset(), m_cursor.peek());
     if (numbers != 3)
         throw Refusal{offset, "OFFSET needs 3 numbers, found " + std::to_string(numbers)};
 }
@@ -185,9 +205,10 @@ std::size_t HierarchyReader::readChannelCount(std::size_t offset)
         throw Refusal{offset, "CHANNELS without a count"};
     const std::size_t place = m_cursor.offset();
     m_cursor.take();
-    if (token.size() != 1 || token.front() < '0' || token.front() > '0' + static_cast<int>(kMostChannels))
+    if (token.size() != 1 || token.front() < '0' ||
+        token.front() > '0' + static_cast<int>(ChannelList::kMost))
         throw Refusal{place,
-                      "CHANNELS count " + quoted(token) + " is not 0.." + std::to_string(kMostChannels)};
+                      "CHANNELS count " + quoted(token) + " is not 0.." + std::to_string(ChannelList::kMost)};
     return static_cast<std::size_t>(token.front() - '0');
 }
 
@@ -218,17 +239,15 @@ void HierarchyReader::addChannel(std::string_view token)
     const std::optional<Channel> channel = channelNamed(token);
     if (!channel)
         throw Refusal{m_cursor.offset(), "unknown channel " + quoted(token)};
-    std::vector<Channel>& channels = current().channels;
+    ChannelList& channels = current().channels;
     if (isPosition(*channel) && std::find(channels.begin(), channels.end(), *channel) != channels.end())
         throw Refusal{m_cursor.offset(), "channel " + quoted(token) + " is listed twice"};
-    if (channels.empty())
-        channels.reserve(kMostChannels);
     channels.push_back(*channel);
 }
 
 void HierarchyReader::warnOfEqualNames()
 {
-    if (!hasEqualNames())
+    if (!mayHaveEqualNames())
         return;
     std::unordered_map<std::string_view, std::size_t> firstLines;
     for (std::size_t i = 0; i < m_document.joints.size(); ++i) {
@@ -243,16 +262,17 @@ void HierarchyReader::warnOfEqualNames()
     }
 }
 
-bool HierarchyReader::hasEqualNames() const
+/// Never false where two names are equal: then their hashes are, too.
+bool HierarchyReader::mayHaveEqualNames() const
 {
-    std::vector<std::string_view> names;
-    names.reserve(m_document.joints.size());
+    std::vector<std::size_t> hashes;
+    hashes.reserve(m_document.joints.size());
     for (const MotionDocument::Joint& joint : m_document.joints) {
         if (!joint.endSite)
-            names.push_back(joint.name);
+            hashes.push_back(std::hash<std::string>()(joint.name));
     }
-    std::sort(names.begin(), names.end());
-    return std::adjacent_find(names.begin(), names.end()) != names.end();
+    std::sort(hashes.begin(), hashes.end());
+    return std::adjacent_find(hashes.begin(), hashes.end()) != hashes.end();
 }
 
 }  // namespace KivReader

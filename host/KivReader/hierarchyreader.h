@@ -14,7 +14,6 @@ namespace KivReader {
 
 constexpr std::size_t kDeepestJoint = 512;
 constexpr std::size_t kMostJoints = 4096;  ///< end sites are counted by themselves, up to the same number
-constexpr std::size_t kMostChannels = 6;   ///< of one joint
 /// Bytes. A name is repeated for every end site of its joint, so a long one would take far more memory than
 /// its text.
 constexpr std::size_t kLongestName = 4096;
@@ -33,13 +32,13 @@ private:
     struct Block
     {
         std::int32_t joint = 0;
-        std::size_t offset = 0;  ///< of the declaration
         bool hasOffset = false;
         bool hasChannels = false;
     };
 
     void readRoot();
     void readBlockItem();
+    [[noreturn]] void refuseItem(std::size_t offset, std::string_view token) const;
     void readJoint(std::size_t offset);
     void readEndSite(std::size_t offset);
     void readOffset(std::size_t offset);
@@ -49,9 +48,9 @@ private:
     void closeBlock(std::size_t offset);
 
     std::string_view takeName(std::size_t offset);
-    void openBlock(std::size_t offset, MotionDocument::Joint joint);
+    MotionDocument::Joint& addJoint(std::size_t offset, std::string name);
     void warnOfEqualNames();
-    bool hasEqualNames() const;
+    bool mayHaveEqualNames() const;
 
     MotionDocument::Joint& current()
     {

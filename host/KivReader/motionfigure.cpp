@@ -1,7 +1,6 @@
 #include "host/KivReader/motionfigure.h"
 
 #include <array>
-#include <utility>
 
 #include "host/KivReader/channelname.h"
 
@@ -37,15 +36,14 @@ public:
         return turned;
     }
 
-    PoseStep move(Channel channel, std::uint32_t column) const
+    void appendMove(std::vector<PoseStep>& steps, Channel channel, std::uint32_t column) const
     {
         const SceneAxis& scene = m_axes[axisOf(channel)];
-        PoseStep step;
+        PoseStep& step = steps.emplace_back();
         step.kind = isPosition(channel) ? PoseStep::Kind::Shift : PoseStep::Kind::Turn;
         step.axis = scene.axis;
         step.column = column;
         step.factor = isPosition(channel) ? static_cast<float>(scene.sign * m_unit) : scene.sign;
-        return step;
     }
 
 private:
@@ -71,7 +69,7 @@ void appendChannels(std::vector<PoseStep>& steps, const MotionDocument::Joint& j
 {
     for (std::size_t i = 0; i < joint.channels.size(); ++i) {
         if (isPosition(joint.channels[i]) == positions)
-            steps.push_back(make.move(joint.channels[i], joint.firstColumn + static_cast<std::uint32_t>(i)));
+            make.appendMove(steps, joint.channels[i], joint.firstColumn + static_cast<std::uint32_t>(i));
     }
 }
 
@@ -81,11 +79,8 @@ std::vector<PoseStep> stepsOf(const MotionDocument::Joint& joint, const StepMake
     std::vector<PoseStep> steps;
     steps.reserve(joint.channels.size() + 1);
     const osg::Vec3d fixed = make.inScene(fixedOffset(joint));
-    if (fixed != osg::Vec3d()) {
-        PoseStep step;
-        step.vector = fixed;
-        steps.push_back(step);
-    }
+    if (fixed != osg::Vec3d())
+        steps.emplace_back().vector = fixed;
     appendChannels(steps, joint, make, true);
     appendChannels(steps, joint, make, false);
     return steps;
@@ -99,14 +94,13 @@ MotionFigure makeFigure(const MotionDocument& document, const FileFrame& frame)
     MotionFigure figure;
     figure.joints.reserve(document.joints.size());
     for (const MotionDocument::Joint& source : document.joints) {
-        MotionFigure::Joint joint;
+        MotionFigure::Joint& joint = figure.joints.emplace_back();
         joint.name = source.name;
         joint.parent = source.parent;
         joint.offset = make.inScene(source.offset);
         joint.steps = stepsOf(source, make);
         joint.endSite = source.endSite;
         joint.line = source.line;
-        figure.joints.push_back(std::move(joint));
     }
     return figure;
 }

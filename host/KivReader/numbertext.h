@@ -46,6 +46,23 @@ bool readWholeNumber(std::string_view token, Real& value)
     return !token.empty() && readNumber(token.data(), last, value) == last;
 }
 
+/// Takes the next token if it is a number, of this size at most.
+template <typename Real>
+bool takeNumber(TextCursor& cursor, Real largest, Real& value)
+{
+    cursor.skipSpace();
+    const std::string_view rest = cursor.rest();
+    if (rest.empty() || rest.front() >= 'A')
+        return false;  // a word or a brace, most often
+    // Most numbers end at white space: they are read without looking for their end first.
+    const char* const end = readNumber(rest.data(), rest.data() + rest.size(), value);
+    if ((end == nullptr && !readWholeNumber(cursor.peek(), value)) || std::fabs(value) > largest)
+        return false;
+    cursor.moveTo(cursor.offset() +
+                  (end != nullptr ? static_cast<std::size_t>(end - rest.data()) : cursor.peek().size()));
+    return true;
+}
+
 /// Why the token at `offset` is no number.
 Refusal notANumber(std::size_t offset, std::string_view token);
 

@@ -21,11 +21,7 @@ void PlaceFinder::advanceTo(std::size_t offset)
         return;
     }
     for (; m_offset < end; ++m_offset) {
-        const char byte = m_text[m_offset];
-        if (byte > '\r' || !isLineEnd(byte))
-            continue;
-        const bool lineFeedFollows = m_offset + 1 < m_text.size() && m_text[m_offset + 1] == '\n';
-        if (byte == '\n' || !lineFeedFollows) {
+        if (endsLine(m_text, m_offset)) {
             ++m_line;
             m_lineStart = m_offset + 1;
         }
@@ -40,12 +36,6 @@ void PlaceFinder::advanceOverLineFeeds(std::string_view part)
         m_lineStart = m_offset + at + 1;
     }
     m_offset += part.size();
-}
-
-std::size_t PlaceFinder::lineAt(std::size_t offset)
-{
-    advanceTo(offset);
-    return m_line;
 }
 
 Diagnostic PlaceFinder::at(std::size_t offset, std::string message)

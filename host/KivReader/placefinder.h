@@ -14,7 +14,6 @@ class PlaceFinder
 public:
     explicit PlaceFinder(std::string_view text) : m_text(text) {}
 
-    std::size_t lineAt(std::size_t offset);
     Diagnostic at(std::size_t offset, std::string message);
 
 private:

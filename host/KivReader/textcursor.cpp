@@ -1,20 +1,38 @@
 #include "host/KivReader/textcursor.h"
 
+#include <array>
+#include <cstdint>
+
 namespace KivReader {
 
 namespace {
 
 constexpr char kCaseBit = 0x20;  ///< the only difference between the two cases of a letter
 
-bool isBrace(char byte)
+enum class ByteKind : std::uint8_t
 {
-    return byte == '{' || byte == '}';
+    Ordinary,
+    Blank,
+    LineEnd,
+    Brace
+};
+
+constexpr std::array<ByteKind, 256> byteKinds()
+{
+    std::array<ByteKind, 256> kinds{};
+    for (const unsigned char blank : {' ', '\t', '\v', '\f'})
+        kinds[blank] = ByteKind::Blank;
+    for (const unsigned char lineEnd : {'\n', '\r'})
+        kinds[lineEnd] = ByteKind::LineEnd;
+    for (const unsigned char brace : {'{', '}'})
+        kinds[brace] = ByteKind::Brace;
+    return kinds;
 }
 
-bool endsToken(char byte)
+ByteKind kindOf(char byte)
 {
-    const bool isOrdinary = byte > ' ' && byte < '{';  // most bytes are: one look is enough
-    return !isOrdinary && (isSpace(byte) || isBrace(byte));
+    static constexpr std::array<ByteKind, 256> kKinds = byteKinds();
+    return kKinds[static_cast<unsigned char>(byte)];
 }
 
 bool sameLetters(std::string_view text, std::string_view word)
@@ -46,34 +64,26 @@ std::string_view trimmed(std::string_view text)
 void TextCursor::skipSpace()
 {
     std::size_t offset = m_offset;
-    while (offset < m_text.size() && isSpace(m_text[offset]))
-        ++offset;
+    for (; offset < m_text.size(); ++offset) {
+        const ByteKind kind = kindOf(m_text[offset]);
+        if (kind == ByteKind::Blank)
+            continue;
+        if (kind != ByteKind::LineEnd)
+            break;
+        if (endsLine(m_text, offset))
+            ++m_line;
+    }
     m_offset = offset;
 }
 
-std::string_view TextCursor::peek()
+void TextCursor::findToken()
 {
-    if (!m_token.empty())
-        return m_token;
     skipSpace();
-    const char* const begin = m_text.data() + m_offset;
-    const char* const last = m_text.data() + m_text.size();
-    const char* end = begin;
-    if (end != last && isBrace(*end)) {
+    std::size_t end = m_offset;
+    while (end < m_text.size() && kindOf(m_text[end]) == ByteKind::Ordinary)
         ++end;
-    } else {
-        while (end != last && !endsToken(*end))
-            ++end;
-    }
-    m_token = std::string_view(begin, static_cast<std::size_t>(end - begin));
-    return m_token;
-}
-
-std::string_view TextCursor::take()
-{
-    const std::string_view token = peek();
-    moveTo(m_offset + token.size());
-    return token;
+    const bool isBrace = end == m_offset && end < m_text.size();
+    m_token = m_text.substr(m_offset, isBrace ? 1 : end - m_offset);
 }
 
 bool TextCursor::takeWord(std::string_view word)

@@ -25,6 +25,11 @@ std::size_t utf8CharacterLength(std::string_view text)
 
 bool isUtf8(std::string_view text)
 {
+    unsigned char bits = 0;
+    for (const char byte : text)
+        bits |= static_cast<unsigned char>(byte);
+    if (bits < 0x80)
+        return true;  // ASCII, most often
     while (!text.empty()) {
         const std::size_t length = utf8CharacterLength(text);
         if (length == 0)

@@ -33,6 +33,28 @@ enum class Channel : std::uint8_t
     Zrotation
 };
 
+/// The channels of a joint in the file's order, six at most.
+class ChannelList
+{
+public:
+    static constexpr std::size_t kMost = 6;
+
+    using value_type = Channel;
+    using const_iterator = const Channel*;
+
+    /// For less than `kMost` channels.
+    void push_back(Channel channel) { m_channels[m_size++] = channel; }
+    std::size_t size() const { return m_size; }
+    bool empty() const { return m_size == 0; }
+    Channel operator[](std::size_t index) const { return m_channels[index]; }
+    const Channel* begin() const { return m_channels.data(); }
+    const Channel* end() const { return m_channels.data() + m_size; }
+
+private:
+    std::array<Channel, kMost> m_channels{};
+    std::uint8_t m_size = 0;
+};
+
 /// A motion file as it stands: the file's own names, units (degrees for angles), axes and channel order.
 /// Plain data; no scene graph.
 struct MotionDocument
@@ -42,7 +64,7 @@ struct MotionDocument
         std::string name;          ///< an end site is called after its parent, with "End" behind
         std::int32_t parent = -1;  ///< index into joints, always smaller than the joint's own
         std::array<double, 3> offset{};
-        std::vector<Channel> channels;  ///< in the file's order
+        ChannelList channels;
         std::uint32_t firstColumn = 0;  ///< of this joint's channels in a row of the table
         bool endSite = false;
         bool positionsAreDeltas = false;  ///< position channels add to the offset instead of replacing it

@@ -60,6 +60,7 @@ const std::vector<Accepted> kSpellings = {
     {"channelsOverLines", &MotionText::rootChannels,
      "channels 6\nxposition yposition\nzposition zrotation\nxrotation yrotation"},
     {"offsetOverLines", &MotionText::rootOffset, "OFFSET\n0\n90\n0"},
+    {"braceBehindANumber", &MotionText::endSite, "End Site{OFFSET 0 +5 0}"},
     {"numberedEndSite", &MotionText::endSite, "End Site4\n{\nOFFSET 0 5 0\n}"},
     {"lowerCaseEndSite", &MotionText::endSite, "end site\n{\nOFFSET 0 5 0\n}"},
     {"endSiteInCapitals", &MotionText::endSite, "END\t SITE\n{\nOFFSET 0 5 0\n}"},
@@ -100,7 +101,10 @@ TEST(MotionDialect, allThreeLineEndsAndTheirMixture)
         for (const char byte : MotionText().text())
             text += byte == '\n' ? ends[first < 3 ? first : line++ % 3] : std::string(1, byte);
         SCOPED_TRACE(first);
-        expectThePlainMotion(accepted(text));
+        const MotionDocument document = accepted(text);
+        expectThePlainMotion(document);
+        EXPECT_EQ(document.joints[1].line, kJointLine);
+        EXPECT_EQ(document.joints[2].line, kEndSiteLine);
     }
 }
 

@@ -62,6 +62,8 @@ const std::vector<Refused> kHierarchyParts = {
     {"offsetNan", &MotionText::rootOffset, "OFFSET 0 NaN 2", kRootOffsetLine, 10, "'NaN'"},
     {"offsetTooLarge", &MotionText::rootOffset, "OFFSET 0 1e999 2", kRootOffsetLine, 10,
      "'1e999' (too large)"},
+    {"offsetTooLargeForAFloatBeforeABrace", &MotionText::endSite, "End Site\n{\nOFFSET 0 0 1e39}",
+     kEndSiteLine + 2, 12, "'1e39' (too large)"},
     {"offsetTooLargeForAFloat", &MotionText::rootOffset, "OFFSET 0 0 -1e39", kRootOffsetLine, 12,
      "'-1e39' (too large)"},
     {"offsetInf", &MotionText::rootOffset, "OFFSET -inf 0 0", kRootOffsetLine, 8, "'-inf'"},
