@@ -46,7 +46,7 @@ bool NameLabelText::reduceGlyphs()
     bool reduced = false;
     for (const LineRenderInfo& line : _textRenderInfo) {
         for (const GlyphRenderInfo& glyph : line) {
-            reduced = (glyph._glyphGeometry && KeepFrontOnly(*glyph._glyphGeometry)) || reduced;
+            reduced = KeepFrontOnly(*glyph._glyphGeometry) || reduced;
         }
     }
     return reduced;

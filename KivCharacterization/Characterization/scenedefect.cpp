@@ -15,7 +15,7 @@ namespace {
 
 constexpr std::size_t kDeepestNesting = 256;
 
-/// Finds the largest index of a primitive set without trusting it to be drawable.
+/// Finds the largest index of a primitive set that has some, without trusting it to be drawable.
 unsigned int largestIndex(osg::PrimitiveSet& primitives)
 {
     if (osg::DrawElements* elements = primitives.getDrawElements()) {
@@ -25,8 +25,7 @@ unsigned int largestIndex(osg::PrimitiveSet& primitives)
         }
         return largest;
     }
-    const unsigned int count = primitives.getNumIndices();
-    return count == 0 ? 0 : primitives.index(count - 1);
+    return primitives.index(primitives.getNumIndices() - 1);
 }
 
 template <typename ArrayType>

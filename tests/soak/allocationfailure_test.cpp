@@ -76,13 +76,14 @@ enum class Answer
 class AllocationFailure : public SoakHost
 {
 protected:
-    /// Runs a command whose allocation of that number fails.
-    static Answer runFailing(KivTaskCommand::TaskCommand& command, long number, bool& reached)
+    /// Runs a step whose allocation of that number fails.
+    template <typename Step>
+    static Answer runFailing(Step&& step, long number, bool& reached)
     {
         Answer answer = Answer::Threw;
         allocationsLeft = number;
         try {
-            answer = command.run() ? Answer::Succeeded : Answer::Refused;
+            answer = step() ? Answer::Succeeded : Answer::Refused;
         } catch (const std::bad_alloc&) {
         }
         reached = allocationsLeft < 0;
@@ -101,7 +102,7 @@ TEST_F(AllocationFailure, aLoadThatRunsOutOfMemoryAnywhereLeavesAWorkingHost)
     for (long number = 0; reached; number += step) {
         SCOPED_TRACE("allocation " + std::to_string(number));
         const auto command = loading(figure, 1);
-        const Answer answer = runFailing(*command, number, reached);
+        const Answer answer = runFailing([&] { return command->run(); }, number, reached);
         ++counts[static_cast<int>(answer)];
         EXPECT_EQ(scene().getNumChildren(), answer == Answer::Succeeded ? 1u : 0u);
         EXPECT_EQ(playback().animationCount(), answer == Answer::Succeeded ? 1u : 0u);
@@ -118,6 +119,27 @@ TEST_F(AllocationFailure, aLoadThatRunsOutOfMemoryAnywhereLeavesAWorkingHost)
     // Only the fitting passes exceptions on.
     EXPECT_GT(counts[static_cast<int>(Answer::Refused)], 20);
     EXPECT_GT(counts[static_cast<int>(Answer::Threw)], 20);
+}
+
+TEST_F(AllocationFailure, aSwapThatRunsOutOfMemoryTakesTheActorOutAgain)
+{
+    const std::string figure = smallFigureBvh();
+    int refusals = 0;
+    bool reached = true;
+    for (long number = 0; reached; ++number) {
+        SCOPED_TRACE("allocation " + std::to_string(number));
+        KivMemoryShare::SceneCfgShare::instance()->reset();  // a scene that has room for nothing yet
+        const auto command = loading(figure, 1);
+        ASSERT_TRUE(command->cmdExcImp()->prepare());
+        const Answer answer = runFailing([&] { return command->cmdExcImp()->execute(); }, number, reached);
+        EXPECT_EQ(answer, reached ? Answer::Refused : Answer::Succeeded);
+        EXPECT_EQ(scene().getNumChildren(), reached ? 0u : 1u);
+        EXPECT_EQ(playback().animationCount(), reached ? 0u : 1u);
+        refusals += answer == Answer::Refused ? 1 : 0;
+        EXPECT_TRUE(command->cmdExcImp()->finish());
+        EXPECT_TRUE(removing(0, 0)->run());
+    }
+    EXPECT_GE(refusals, 2);  // the scene's list of children, the playback's list of animations
 }
 
 }  // namespace

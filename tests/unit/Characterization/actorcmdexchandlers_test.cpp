@@ -70,6 +70,18 @@ TEST_F(RemovingActors, removesAllForACountOfZeroWhateverTheId)
     EXPECT_TRUE(label->getValue(0));
 }
 
+TEST_F(RemovingActors, succeedsWhenTheActorIsGoneByThen)
+{
+    KivAnimation::Animation* animation = addActor("1").animation.get();
+    CmdRequireActorCountExcHandler remove(&actors, 1, "1");
+    ASSERT_TRUE(remove.prepare());
+    SceneCfgShare::instance()->getBaseAnimationManager()->unregisterAnimation(animation);
+    scene()->removeChildren(0, 1);
+    actors.clear();
+    EXPECT_TRUE(remove.execute());
+    EXPECT_TRUE(actors.empty());
+}
+
 TEST_F(RemovingActors, setsTheLabelsOffForOneThatIsLeftWhenTheIdIsUnknown)
 {
     addActor("1").labelSwitch->setAllChildrenOn();

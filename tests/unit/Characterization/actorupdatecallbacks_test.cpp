@@ -215,6 +215,15 @@ TEST_F(CentreOfMass, followsInTheUpdateTraversalOnly)
     EXPECT_FALSE(shown());
 }
 
+TEST_F(CentreOfMass, staysAsItIsWhenNobodyVisits)
+{
+    publish(1, 2, 3);
+    auto* callback = dynamic_cast<osg::NodeCallback*>(markers->getUpdateCallback());
+    ASSERT_TRUE(callback);
+    (*callback)(markers.get(), nullptr);
+    EXPECT_FALSE(shown());
+}
+
 class StickContacts : public KivTestSupport::FreshHost
 {
 protected:
@@ -352,6 +361,19 @@ TEST_F(StickContacts, moveASphereThatLostItsShape)
     EXPECT_NEAR((positionOf(*spheres, 0) - osg::Vec3d(0, 0, 50)).length(), 0.0, 1e-5);
 }
 
+TEST_F(StickContacts, leaveANodeThatIsNoneOfThemWhereItIs)
+{
+    publish({kTouching, kFree});
+    update(*spheres);
+    const osg::ref_ptr<osg::Group> foreign = new osg::Group;
+    spheres->setChild(0, foreign);
+    publish({kFree, kTouching});
+    update(*spheres);
+    EXPECT_EQ(spheres->getChild(0), foreign.get());
+    EXPECT_NEAR((positionOf(*spheres, 1) - osg::Vec3d(1, -3, 2)).length(), 0.0, 1e-5);
+    EXPECT_EQ(colourOf(1), osg::Vec4(1, 0, 0, 1));
+}
+
 TEST_F(StickContacts, freezeWhileCharacterizationIsNotReady)
 {
     publish({kTouching, kFree});
@@ -480,6 +502,13 @@ TEST_F(NameLabel, staysWhereItIsAboveAnAnchorWithoutParent)
 {
     neck->removeChild(head);
     update(*head);
+    EXPECT_EQ(label->getMatrix(), kBefore);
+}
+
+TEST_F(NameLabel, followsInTheUpdateTraversalOnly)
+{
+    osg::NodeVisitor other(osg::NodeVisitor::NODE_VISITOR);
+    (*callback)(head.get(), &other);
     EXPECT_EQ(label->getMatrix(), kBefore);
 }
 

@@ -71,6 +71,7 @@ TEST_F(Dressing, refusesARootWithoutASkeletonAndChangesNothing)
 {
     osg::ref_ptr<osg::Group> group = new osg::Group;
     group->addChild(bone("Hips"));
+    group->addChild(new osg::Node);
     EXPECT_EQ(dress(group.get()), 0u);
     EXPECT_EQ(lastError(),
               "File Name: KivCharacterization/Characterization/characterbvh\t Line Number: "
@@ -135,6 +136,30 @@ TEST_F(Dressing, skipsPieceWhenItsNameHasNoDollar)
     EXPECT_EQ(dress(skeletonOf(headBone.get()).get()), 1u);
     EXPECT_EQ(headBone->getNumChildren(), 0u);
     EXPECT_TRUE(TavrinCommonErrorMsg::instance()->history().empty());
+}
+
+/// A piece of a class of its own, whose copies are no transforms.
+class UncopiedPiece : public osg::MatrixTransform
+{
+public:
+    osg::Object* clone(const osg::CopyOp&) const override { return m_copy ? new osg::Group : nullptr; }
+    explicit UncopiedPiece(bool copy) : m_copy(copy) { setName("Joint:Head$"); }
+
+private:
+    bool m_copy;
+};
+
+TEST_F(Dressing, skipsAPieceWhoseCopyIsNoTransform)
+{
+    const auto head = avatarNode("Head");
+    head->addChild(new UncopiedPiece(false));
+    head->addChild(new UncopiedPiece(true));
+    head->addChild(avatarPiece("Joint:Head#Hat$"));
+    avatarRoot->addChild(head);
+    const auto headBone = bone("Head");
+    EXPECT_EQ(dress(skeletonOf(headBone.get()).get()), 1u);
+    ASSERT_EQ(headBone->getNumChildren(), 1u);
+    EXPECT_TRUE(findPiece(*headBone, "Joint:Head#Hat$").copy);
 }
 
 TEST_F(Dressing, hangsAnUntaggedPieceWithTheAxisConversionOnly)

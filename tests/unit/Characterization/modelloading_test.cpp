@@ -1,13 +1,8 @@
 #include "KivCharacterization/Characterization/modelloading.h"
 
 #include <gtest/gtest.h>
-#include <osg/Geode>
-#include <osg/Geometry>
-
-#include <limits>
 
 #include "KivCharacterization/Characterization/osgreaders.h"
-#include "KivCharacterization/Characterization/scenedefect.h"
 #include "tests/support/contentfolder.h"
 #include "tests/support/figures.h"
 #include "tests/support/freshhost.h"
@@ -178,140 +173,6 @@ TEST_F(Loading, doesNotSearchOtherFoldersForAMissingFile)
     const bool found = ReaderWriterIVE().readNode("/nowhere/avatar.ive", nullptr).success();
     std::filesystem::current_path(before);
     EXPECT_FALSE(found);
-}
-
-struct Defect
-{
-    const char* name;
-    void (*spoil)(osg::Geometry& geometry, osg::MatrixTransform& transform);
-    const char* reason;
-};
-
-class DamagedScenes : public testing::TestWithParam<Defect>
-{
-};
-
-TEST_P(DamagedScenes, areNamedAsDefect)
-{
-    osg::ref_ptr<osg::Geometry> triangle = new osg::Geometry;
-    osg::ref_ptr<osg::Vec3Array> vertices = new osg::Vec3Array(3);
-    (*vertices)[1].set(1, 0, 0);
-    (*vertices)[2].set(0, 1, 0);
-    triangle->setVertexArray(vertices);
-    triangle->setNormalArray(new osg::Vec3Array(3), osg::Array::BIND_PER_VERTEX);
-    triangle->addPrimitiveSet(new osg::DrawArrays(GL_TRIANGLES, 0, 3));
-    osg::ref_ptr<osg::MatrixTransform> transform = new osg::MatrixTransform;
-    transform->setName("Hips");
-    transform->addChild(triangle);
-    ASSERT_EQ(SceneDefect(*transform), "");
-    GetParam().spoil(*triangle, *transform);
-    EXPECT_EQ(SceneDefect(*transform), GetParam().reason);
-    transform->removeChildren(0, transform->getNumChildren());  // a circle would keep itself alive
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    , DamagedScenes,
-    testing::Values(
-        Defect{"aMatrixThatIsNotFinite",
-               [](osg::Geometry&, osg::MatrixTransform& transform) {
-                   transform.setMatrix(osg::Matrixd::scale(std::numeric_limits<double>::quiet_NaN(), 1, 1));
-               },
-               "the matrix of \"Hips\" is not finite"},
-        Defect{"aVertexThatIsNotFinite",
-               [](osg::Geometry& geometry, osg::MatrixTransform&) {
-                   (*static_cast<osg::Vec3Array*>(geometry.getVertexArray()))[2].x() =
-                       std::numeric_limits<float>::infinity();
-               },
-               "a vertex is not finite"},
-        Defect{"aMatrixThatIsTooLarge",
-               [](osg::Geometry&, osg::MatrixTransform& transform) {
-                   transform.setMatrix(osg::Matrixd::scale(1e300, 1e300, 1e300));
-               },
-               "\"Hips\" is too large to have a bound"},
-        Defect{"aVertexThatIsTooFarAway",
-               [](osg::Geometry& geometry, osg::MatrixTransform&) {
-                   (*static_cast<osg::Vec3Array*>(geometry.getVertexArray()))[2].x() = -3e32f;
-                   geometry.setName("Mesh");
-                   geometry.dirtyBound();
-               },
-               "\"Mesh\" is too large to have a bound"},
-        Defect{"anIndexBehindTheLastVertex",
-               [](osg::Geometry& geometry, osg::MatrixTransform&) {
-                   osg::ref_ptr<osg::DrawElementsUShort> indices = new osg::DrawElementsUShort(GL_TRIANGLES);
-                   indices->push_back(0);
-                   indices->push_back(1);
-                   indices->push_back(3);
-                   geometry.setPrimitiveSet(0, indices);
-               },
-               "an index points outside the vertices"},
-        Defect{"aDrawBehindTheLastVertex",
-               [](osg::Geometry& geometry, osg::MatrixTransform&) {
-                   geometry.setPrimitiveSet(0, new osg::DrawArrays(GL_TRIANGLES, 1, 3));
-               },
-               "an index points outside the vertices"},
-        Defect{"tooFewNormals",
-               [](osg::Geometry& geometry, osg::MatrixTransform&) {
-                   geometry.setNormalArray(new osg::Vec3Array(2), osg::Array::BIND_PER_VERTEX);
-               },
-               "a geometry has an array that is shorter than its vertices"},
-        Defect{"tooFewTextureCoordinates",
-               [](osg::Geometry& geometry, osg::MatrixTransform&) {
-                   geometry.setTexCoordArray(1, new osg::Vec2Array(2), osg::Array::BIND_PER_VERTEX);
-               },
-               "a geometry has an array that is shorter than its vertices"},
-        Defect{"aDrawBeforeTheFirstVertex",
-               [](osg::Geometry& geometry, osg::MatrixTransform&) {
-                   geometry.setPrimitiveSet(0, new osg::DrawArrays(GL_TRIANGLES, -2, 3));
-               },
-               "an index points outside the vertices"},
-        Defect{"aNodeBelowItself",
-               [](osg::Geometry&, osg::MatrixTransform& transform) {
-                   osg::ref_ptr<osg::Group> inner = new osg::Group;
-                   transform.addChild(inner);
-                   inner->addChild(&transform);
-               },
-               "a node lies below itself"},
-        Defect{"noVertices",
-               [](osg::Geometry& geometry, osg::MatrixTransform&) { geometry.setVertexArray(nullptr); },
-               "a geometry has no vertices"},
-        Defect{"verticesOfAnOddType",
-               [](osg::Geometry& geometry, osg::MatrixTransform&) {
-                   geometry.setVertexArray(new osg::UIntArray(3));
-               },
-               "vertices are of no type that can be drawn"},
-        Defect{"nodesNestedTooDeeply",
-               [](osg::Geometry&, osg::MatrixTransform& transform) {
-                   osg::ref_ptr<osg::Group> at = new osg::Group;
-                   transform.addChild(at);
-                   for (int depth = 0; depth < 300; ++depth) {
-                       osg::ref_ptr<osg::Group> next = new osg::Group;
-                       at->addChild(next);
-                       at = next;
-                   }
-               },
-               "nodes are nested more than 256 deep"}),
-    [](const auto& tested) { return std::string(tested.param.name); });
-
-osg::ref_ptr<osg::Geometry> triangleWith(float corner)
-{
-    osg::ref_ptr<osg::Geometry> triangle = new osg::Geometry;
-    osg::ref_ptr<osg::Vec3Array> vertices = new osg::Vec3Array(3);
-    (*vertices)[1].x() = corner;
-    triangle->setVertexArray(vertices);
-    triangle->addPrimitiveSet(new osg::DrawArrays(GL_TRIANGLES, 0, 3));
-    return triangle;
-}
-
-TEST(DamagedMeshes, areNamedWhereverTheDamagedMeshStandsAmongSoundOnes)
-{
-    const auto sound = triangleWith(1.0f);
-    const auto damaged = triangleWith(std::numeric_limits<float>::quiet_NaN());
-    for (const bool damagedFirst : {true, false}) {
-        osg::ref_ptr<osg::Group> scene = new osg::Group;
-        scene->addChild(damagedFirst ? damaged : sound);
-        scene->addChild(damagedFirst ? sound : damaged);
-        EXPECT_EQ(SceneDefect(*scene), "a vertex is not finite");
-    }
 }
 
 }  // namespace

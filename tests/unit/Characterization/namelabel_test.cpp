@@ -51,6 +51,16 @@ TEST_F(LabelPlace, isBesideTheFirstHeadInPreOrder)
     EXPECT_FALSE(isFollowedFrom(*second));
 }
 
+TEST_F(LabelPlace, isFoundBehindANodeThatCannotHaveChildren)
+{
+    const auto hips = add(*skeleton, "7#Hips");
+    const osg::ref_ptr<osg::Node> marker = new osg::Node;
+    hips->addChild(marker);
+    const auto head = add(*hips, "7#Head");
+    attach();
+    EXPECT_TRUE(isFollowedFrom(*head));
+}
+
 TEST_F(LabelPlace, isBesideTheSkeletonWithoutAHead)
 {
     root->addChild(skeletonSwitch);
