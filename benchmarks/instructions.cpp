@@ -12,6 +12,7 @@
 #include "benchmarks/support/meshavatar.h"
 #include "benchmarks/support/minimalreader.h"
 #include "benchmarks/support/modulehost.h"
+#include "benchmarks/support/plainbones.h"
 #include "benchmarks/support/readskeleton.h"
 #include "benchmarks/support/sceneculler.h"
 #include "benchmarks/support/stage.h"
@@ -46,6 +47,11 @@ void countReading()
     const auto release = [&] { skeleton = {}; };
     count(
         "read a hierarchy", [&] { skeleton = readSkeleton(hierarchy); }, release);
+    count("minimal reader, hierarchy", [&] { readMinimal(hierarchy); });
+    osg::ref_ptr<osg::Group> bones;
+    count(
+        "minimal reader, plain bones", [&] { bones = plainBones(readMinimal(hierarchy)); },
+        [&] { bones = nullptr; });
     count(
         "read 16 rows of motion", [&] { skeleton = readSkeleton(motion); }, release);
     count("minimal reader, 16 rows", [&] { readMinimal(motion); });

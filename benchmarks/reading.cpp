@@ -15,6 +15,7 @@
 
 #include "benchmarks/support/figuretext.h"
 #include "benchmarks/support/minimalreader.h"
+#include "benchmarks/support/plainbones.h"
 #include "benchmarks/support/readskeleton.h"
 
 namespace {
@@ -58,6 +59,18 @@ void minimal(benchmark::State& state)
         values = motion.values.size();
     }
     report(state, values == static_cast<std::size_t>(state.range(0)) * kColumns);
+}
+
+void minimalNodes(benchmark::State& state)
+{
+    const std::string& text = textOf(state.range(0));
+    unsigned children = 0;
+    for (auto _ : state) {
+        const osg::ref_ptr<osg::Group> top = plainBones(readMinimal(text));
+        benchmark::DoNotOptimize(top.get());
+        children = top->getNumChildren();
+    }
+    report(state, children == 1);
 }
 
 void ours(benchmark::State& state)
@@ -110,6 +123,7 @@ void assimp(benchmark::State& state)
 }
 
 BENCHMARK(minimal)->Name("reading/hierarchy/minimal")->Arg(0)->Unit(benchmark::kMicrosecond);
+BENCHMARK(minimalNodes)->Name("reading/hierarchy/nodes")->Arg(0)->Unit(benchmark::kMicrosecond);
 BENCHMARK(ours)->Name("reading/hierarchy/ours")->Arg(0)->Unit(benchmark::kMicrosecond);
 BENCHMARK(sceneGraphPlugin)->Name("reading/hierarchy/osg")->Arg(0)->Unit(benchmark::kMicrosecond);
 

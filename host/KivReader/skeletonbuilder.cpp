@@ -18,7 +18,9 @@ using KivAnimation::UpdateBone;
 /// At rest; below `parent`, or below nothing where that is null.
 osg::ref_ptr<Bone> makeBone(const MotionFigure::Joint& joint, const std::string& prefix, Bone* parent)
 {
-    std::string name = prefix + joint.name;
+    std::string name;
+    name.reserve(prefix.size() + joint.name.size());
+    name.append(prefix).append(joint.name);
     const osg::ref_ptr<Bone> bone = parent ? new Bone(std::move(name), *parent) : new Bone(std::move(name));
     osg::Matrixd matrix = osg::Matrixd::translate(joint.offset);
     bone->setMatrix(matrix);

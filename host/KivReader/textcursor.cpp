@@ -1,5 +1,6 @@
 #include "host/KivReader/textcursor.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
 
@@ -63,27 +64,32 @@ std::string_view trimmed(std::string_view text)
 
 void TextCursor::skipSpace()
 {
-    std::size_t offset = m_offset;
-    for (; offset < m_text.size(); ++offset) {
-        const ByteKind kind = kindOf(m_text[offset]);
+    const char* const begin = m_text.data();
+    const char* const last = begin + m_text.size();
+    const char* at = begin + m_offset;
+    for (; at != last; ++at) {
+        const ByteKind kind = kindOf(*at);
         if (kind == ByteKind::Blank)
             continue;
         if (kind != ByteKind::LineEnd)
             break;
-        if (endsLine(m_text, offset))
+        if (endsLine(m_text, static_cast<std::size_t>(at - begin)))
             ++m_line;
     }
-    m_offset = offset;
+    m_offset = static_cast<std::size_t>(at - begin);
 }
 
 void TextCursor::findToken()
 {
     skipSpace();
-    std::size_t end = m_offset;
-    while (end < m_text.size() && kindOf(m_text[end]) == ByteKind::Ordinary)
+    const char* const begin = m_text.data() + m_offset;
+    const char* const last = m_text.data() + m_text.size();
+    const char* end = begin;
+    while (end != last && kindOf(*end) == ByteKind::Ordinary)
         ++end;
-    const bool isBrace = end == m_offset && end < m_text.size();
-    m_token = m_text.substr(m_offset, isBrace ? 1 : end - m_offset);
+    if (end == begin && end != last)
+        ++end;  // a brace
+    m_token = std::string_view(begin, static_cast<std::size_t>(end - begin));
 }
 
 bool TextCursor::takeWord(std::string_view word)
@@ -96,11 +102,12 @@ bool TextCursor::takeWord(std::string_view word)
 
 std::string_view TextCursor::takeRestBeforeBrace()
 {
-    const std::size_t start = m_offset;
-    m_token = {};
-    while (m_offset < m_text.size() && !isLineEnd(m_text[m_offset]) && m_text[m_offset] != '{')
-        ++m_offset;
-    return trimmed(m_text.substr(start, m_offset - start));
+    const std::string_view rest = m_text.substr(m_offset);
+    const auto end = std::find_if(rest.begin(), rest.end(),
+                                  [](char byte) { return byte == '{' || kindOf(byte) == ByteKind::LineEnd; });
+    const auto length = static_cast<std::size_t>(end - rest.begin());
+    moveTo(m_offset + length);
+    return trimmed(rest.substr(0, length));
 }
 
 }  // namespace KivReader
