@@ -23,28 +23,45 @@ struct Axis
 
 const Axis kAxes[] = {{{1.0, 0.0, 0.0}, kRed}, {{0.0, 1.0, 0.0}, kGreen}, {{0.0, 0.0, 1.0}, kBlue}};
 
+/// What is seen of a handle, and what a pointer can grab of it.
+struct Shape
+{
+    osg::ref_ptr<osg::Geometry> seen;
+    osg::ref_ptr<osg::Geometry> grabbed;
+};
+
+Shape ringShape()
+{
+    return {makeRing(1.0f, 0.018f), makeRing(1.0f, 0.06f)};
+}
+
+Shape arrowShape(const osg::Vec2f& span, float thickness)
+{
+    return {makeArrow(span.x(), span.y(), thickness, 3.0f * thickness, 8.0f * thickness),
+            makeArrow(span.x(), span.y(), 3.0f * thickness, 4.0f * thickness, 8.0f * thickness)};
+}
+
 osg::Matrixd turnZTo(const osg::Vec3d& direction)
 {
     return osg::Matrixd::rotate(osg::Vec3d(0.0, 0.0, 1.0), direction);
 }
 
-void addRing(GizmoDragger& gizmo, const GizmoLook& look, const Axis& axis)
+void addRing(GizmoDragger& gizmo, const GizmoLook& look, const Axis& axis, const Shape& shape)
 {
     osg::ref_ptr<RingDragger> ring = new RingDragger(axis.colour, kGrabbed);
     ring->setMatrix(turnZTo(axis.direction));
     paintHandle(*ring, axis.colour);
-    dressHandle(*ring, look, *makeRing(1.0f, 0.018f), *makeRing(1.0f, 0.06f));
+    dressHandle(*ring, look, *shape.seen, *shape.grabbed);
     gizmo.addHandle(ring);
 }
 
 void addArrow(GizmoDragger& gizmo, const GizmoLook& look, const osg::Vec3d& direction,
-              const osg::Vec4& colour, const osg::Vec2f& span, float thickness)
+              const osg::Vec4& colour, const Shape& shape)
 {
     osg::ref_ptr<ArrowDragger> arrow = new ArrowDragger(colour, kGrabbed);
     arrow->setMatrix(turnZTo(direction));
     paintHandle(*arrow, colour);
-    dressHandle(*arrow, look, *makeArrow(span.x(), span.y(), thickness, 3.0f * thickness, 8.0f * thickness),
-                *makeArrow(span.x(), span.y(), 3.0f * thickness, 4.0f * thickness, 8.0f * thickness));
+    dressHandle(*arrow, look, *shape.seen, *shape.grabbed);
     gizmo.addHandle(arrow);
 }
 
@@ -55,9 +72,11 @@ osg::ref_ptr<GizmoDragger> makePropsGizmo(osg::Node::NodeMask mask, IDragListene
     const GizmoLook look(0.28f);
     osg::ref_ptr<GizmoDragger> gizmo = new GizmoDragger(mask, listener);
     gizmo->setName("PropsDragger");
+    const Shape ring = ringShape();
+    const Shape arrow = arrowShape({1.08f, 1.5f}, 0.026f);
     for (const Axis& axis : kAxes) {
-        addRing(*gizmo, look, axis);
-        addArrow(*gizmo, look, axis.direction, axis.colour, {1.08f, 1.5f}, 0.026f);
+        addRing(*gizmo, look, axis, ring);
+        addArrow(*gizmo, look, axis.direction, axis.colour, arrow);
     }
     osg::ref_ptr<FreeDragger> inside = new FreeDragger(kIvory, kGrabbed);
     makeGrabbable(*inside, *makeBall(0.78f));
@@ -71,8 +90,9 @@ osg::ref_ptr<GizmoDragger> makeContactPointGizmo(osg::Node::NodeMask mask, IDrag
     const GizmoLook look(0.6f);
     osg::ref_ptr<GizmoDragger> gizmo = new GizmoDragger(mask, listener);
     gizmo->setName("ContactPointDragger");
+    const Shape arrow = arrowShape({0.2f, 1.0f}, 0.04f);
     for (const Axis& axis : kAxes)
-        addArrow(*gizmo, look, axis.direction, kAmber, {0.2f, 1.0f}, 0.04f);
+        addArrow(*gizmo, look, axis.direction, kAmber, arrow);
     osg::ref_ptr<FreeDragger> ball = new FreeDragger(kIvory, kGrabbed);
     paintHandle(*ball, kIvory);
     dressHandle(*ball, look, *makeBall(0.14f), *makeBall(0.18f));

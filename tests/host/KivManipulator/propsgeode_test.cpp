@@ -2,6 +2,7 @@
 
 #include <array>
 #include <limits>
+#include <set>
 
 #include "propsstage.h"
 
@@ -26,6 +27,19 @@ unsigned int shownDraggers(const osg::Group& geode)
     for (unsigned int i = 0; i < geode.getNumChildren(); ++i)
         shown += geode.getChild(i)->getNodeMask() != 0 ? 1 : 0;
     return shown;
+}
+
+/// Every drawable below a node, once.
+std::set<const osg::Drawable*> drawablesBelow(osg::Node& node)
+{
+    std::set<const osg::Drawable*> found;
+    if (const osg::Drawable* drawable = node.asDrawable())
+        found.insert(drawable);
+    if (osg::Group* group = node.asGroup()) {
+        for (unsigned int i = 0; i < group->getNumChildren(); ++i)
+            found.merge(drawablesBelow(*group->getChild(i)));
+    }
+    return found;
 }
 
 }  // namespace
@@ -110,6 +124,14 @@ TEST(PropsGeode, buildsItsDraggersOnce)
     EXPECT_EQ(stage.geode->getNumChildren(), 2u);
     EXPECT_FALSE(stage.geode->SetDefaultDragger());
     EXPECT_EQ(stage.geode->getNumChildren(), 2u);
+}
+
+TEST(PropsGeode, buildsTheShapeThatHandlesHaveInCommonOnce)
+{
+    // Rings, arrows and a ball to turn, to move and to take hold of; arrows and a ball at the contact point.
+    // What is seen and what can be grabbed differ; the ball inside the props is not seen.
+    PropsStage stage;
+    EXPECT_EQ(drawablesBelow(*stage.geode).size(), 2u + 2u + 1u + 2u + 2u);
 }
 
 TEST(PropsGeode, givesBackTheSixteenNumbersAsTheyCame)
