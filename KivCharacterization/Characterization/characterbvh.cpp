@@ -49,12 +49,6 @@ KivAnimation::Skeleton* findSkeleton(osg::Node* node)
     return nullptr;
 }
 
-osg::ref_ptr<osg::MatrixTransform> copyPiece(const osg::MatrixTransform& piece)
-{
-    const osg::ref_ptr<osg::Object> copy = piece.clone(osg::CopyOp::DEEP_COPY_ALL);
-    return dynamic_cast<osg::MatrixTransform*>(copy.get());
-}
-
 /// Puts a props transform between wrapper and holder, with the geode that moves it beside it.
 osg::ref_ptr<KivManipulator::PropsGeode> buildProps(const std::string& joint, const KivAnimation::Bone& bone,
                                                     osg::MatrixTransform& wrapper,
@@ -106,14 +100,15 @@ osg::ref_ptr<osg::MatrixTransform> attachPiece(const std::string& joint, KivAnim
     if (name.find('$', kPiecePrefixLength) == std::string::npos) {
         return nullptr;
     }
-    osg::ref_ptr<osg::MatrixTransform> copy = copyPiece(piece);
+    const osg::ref_ptr<osg::Object> clone = piece.clone(osg::CopyOp::DEEP_COPY_ALL);
+    auto* copy = dynamic_cast<osg::MatrixTransform*>(clone.get());
     if (!copy) {
         return nullptr;
     }
     osg::ref_ptr<osg::MatrixTransform> wrapper = new osg::MatrixTransform;
     osg::ref_ptr<osg::MatrixTransform> holder = new osg::MatrixTransform(kUpAxisTurn);
     holder->setStateSet(&rescaling);
-    holder->addChild(copy.get());
+    holder->addChild(copy);
     const bool alongSegment = ClassifySegmentPiece(name) != SegmentPieceKind::None;
     if (alongSegment) {
         copy->setMatrix(osg::Matrixd::identity());
@@ -181,17 +176,12 @@ void scaleProportions(const Holders& ownHolders)
     IveSegmentMap& avatar = currentRun.avatar->segmentMap;
 
     const float hipRatio = HipRatio(skeleton, avatar);
-    for (const char* name : {"Joint:Spine3&Neck$", "Joint:Hips&Spine$", "Joint:Spine2$", "Joint:Spine1$"}) {
+    for (const std::string& name : TorsoPieceNames()) {
         scaleSpecialJoint(name, hipRatio, ownHolders);
     }
     const float handRatio = HandRatio(skeleton, avatar);
-    for (const char* name : {"Joint:RightHand$", "Joint:LeftHand$"}) {
+    for (const std::string& name : HandPieceNames()) {
         scaleSpecialJoint(name, handRatio, ownHolders);
-    }
-    for (const char* hand : {"Joint:LeftHand#", "Joint:RightHand#"}) {
-        for (int piece = 1; piece <= 6; ++piece) {
-            scaleSpecialJoint(hand + std::to_string(piece) + "$", handRatio, ownHolders);
-        }
     }
 }
 

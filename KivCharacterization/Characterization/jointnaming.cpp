@@ -38,10 +38,13 @@ std::string PieceBody(const std::string& fullName)
 
 std::string PieceBaseName(const std::string& fullName)
 {
-    const std::size_t tagMark = fullName.find('#', kPiecePrefixLength);
-    const std::size_t endMark =
-        tagMark != std::string::npos ? tagMark : fullName.find('$', kPiecePrefixLength);
-    return PieceBody(fullName.substr(0, endMark));
+    std::string name = PieceBody(fullName);
+    const std::size_t tagMark = name.find('#');
+    const std::size_t endMark = tagMark != std::string::npos ? tagMark : name.find('$');
+    if (endMark != std::string::npos) {
+        name.resize(endMark);
+    }
+    return name;
 }
 
 SegmentPieceKind ClassifySegmentPiece(const std::string& fullName)
@@ -74,6 +77,23 @@ namespace {
 
 }  // namespace
 
+const std::array<std::string, 4>& TorsoPieceNames()
+{
+    static const std::array<std::string, 4> names = {"Joint:Spine3&Neck$", "Joint:Hips&Spine$",
+                                                     "Joint:Spine2$", "Joint:Spine1$"};
+    return names;
+}
+
+const std::array<std::string, 14>& HandPieceNames()
+{
+    static const std::array<std::string, 14> names = {
+        "Joint:RightHand$",   "Joint:LeftHand$",    "Joint:LeftHand#1$",  "Joint:LeftHand#2$",
+        "Joint:LeftHand#3$",  "Joint:LeftHand#4$",  "Joint:LeftHand#5$",  "Joint:LeftHand#6$",
+        "Joint:RightHand#1$", "Joint:RightHand#2$", "Joint:RightHand#3$", "Joint:RightHand#4$",
+        "Joint:RightHand#5$", "Joint:RightHand#6$"};
+    return names;
+}
+
 SpecialJointTable& SpecialJointTable::instance()
 {
     static SpecialJointTable table;
@@ -82,15 +102,11 @@ SpecialJointTable& SpecialJointTable::instance()
 
 SpecialJointTable::SpecialJointTable()
 {
-    for (const char* torso : {"Spine3&Neck$", "Hips&Spine$", "Spine2$", "Spine1$"}) {
-        m_mapEntries[std::string("Joint:") + torso] = nullptr;
+    for (const std::string& name : TorsoPieceNames()) {
+        m_mapEntries[name] = nullptr;
     }
-    for (const char* hand : {"RightHand", "LeftHand"}) {
-        const std::string name = std::string("Joint:") + hand;
-        m_mapEntries[name + "$"] = nullptr;
-        for (int piece = 1; piece <= 6; ++piece) {
-            m_mapEntries[name + "#" + std::to_string(piece) + "$"] = nullptr;
-        }
+    for (const std::string& name : HandPieceNames()) {
+        m_mapEntries[name] = nullptr;
     }
 }
 

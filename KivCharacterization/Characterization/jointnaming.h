@@ -3,6 +3,7 @@
 #include <osg/MatrixTransform>
 #include <osg/observer_ptr>
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <map>
@@ -49,6 +50,10 @@ SegmentPieceKind ClassifySegmentPiece(const std::string& fullName);
 
 /// Whether a skeleton joint carries a props: its normalised name contains "Props" but not "End".
 bool IsPropsJoint(const std::string& normalisedName);
+
+/// The pieces that are scaled by the actor's proportions, by their full names, in the order of scaling.
+const std::array<std::string, 4>& TorsoPieceNames();
+const std::array<std::string, 14>& HandPieceNames();
 
 /// Where fitting left the holders of the torso and hand pieces, by the pieces' full names. One table for
 /// the process, filled with its 18 names when the module is loaded. Entries only watch: one whose transform

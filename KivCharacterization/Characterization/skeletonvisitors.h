@@ -20,6 +20,7 @@ public:
 
 private:
     BvhJointMap* m_pJoints;
+    BvhJointMap::const_iterator m_next;
 };
 
 /// Motion skeleton: the segments between bones and the bones directly below them, at rest.
@@ -32,6 +33,7 @@ public:
 
 private:
     BvhSegmentMap* m_pSegments;
+    BvhSegmentMap::const_iterator m_next;
 };
 
 /// Avatar: skeleton nodes with their pieces. A transform whose name begins with the piece prefix is no
