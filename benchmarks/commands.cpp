@@ -3,8 +3,10 @@
 #include <benchmark/benchmark.h>
 
 #include "benchmarks/support/figuretext.h"
+#include "benchmarks/support/leastdress.h"
 #include "benchmarks/support/meshavatar.h"
 #include "benchmarks/support/modulehost.h"
+#include "benchmarks/support/plainbones.h"
 #include "benchmarks/support/threadclock.h"
 
 namespace {
@@ -46,6 +48,21 @@ void copies(benchmark::State& state)
         std::vector<osg::ref_ptr<osg::Node>> pieces;
         state.SetIterationTime(secondsOf([&] { pieces = copyPieces(avatar); }));
         benchmark::DoNotOptimize(pieces.data());
+    }
+}
+
+/// What an actor costs at least: read, made of bones and dressed. Where a piece goes is found unmeasured.
+void atLeast(benchmark::State& state)
+{
+    const auto avatar = shippedAvatar();
+    const std::size_t pieces = copyPieces(avatar).size();
+    for (auto _ : state) {
+        osg::ref_ptr<osg::Group> skeleton;
+        const double making = secondsOf([&] { skeleton = plainBones(readMinimal(hierarchy())); });
+        const PiecePlaces places = findPlaces(*skeleton, avatar);
+        state.SetIterationTime(making + secondsOf([&] { hangCopies(places); }));
+        if (places.size() != pieces)
+            state.SkipWithError("the floor has another number of pieces");
     }
 }
 
@@ -119,6 +136,7 @@ void sizes(benchmark::internal::Benchmark* registered)
 BENCHMARK_CAPTURE(load, first, hierarchy(), true)->Name("commands/load/first")->Apply(atWork);
 BENCHMARK_CAPTURE(load, ours, hierarchy(), false)->Name("commands/load/ours")->Apply(atWork);
 BENCHMARK_CAPTURE(load, props, hierarchyText(Props::Left), false)->Name("commands/load/props")->Apply(atWork);
+BENCHMARK(atLeast)->Name("commands/load/floor")->Apply(atWork);
 BENCHMARK(copies)->Name("commands/load/copies")->Apply(atWork);
 BENCHMARK(replace)->Name("commands/replace")->Apply(sizes);
 BENCHMARK(remove)->Name("commands/remove")->Apply(sizes);

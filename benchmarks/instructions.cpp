@@ -9,6 +9,7 @@
 #include "KivCharacterization/Characterization/characterbvh.h"
 #include "KivReader/readerwriterbvh.h"
 #include "benchmarks/support/figuretext.h"
+#include "benchmarks/support/leastdress.h"
 #include "benchmarks/support/meshavatar.h"
 #include "benchmarks/support/minimalreader.h"
 #include "benchmarks/support/modulehost.h"
@@ -75,6 +76,13 @@ void countDressing()
         [&] {
             skeleton = readSkeleton(hierarchy);
             record = {};
+        });
+    PiecePlaces places;
+    count(
+        "hang copies of 60 pieces", [&] { hangCopies(places); },
+        [&] {
+            skeleton = readSkeleton(hierarchy);
+            places = findPlaces(*skeleton.node, avatar);
         });
     std::vector<osg::ref_ptr<osg::Node>> copies;
     count(

@@ -44,6 +44,13 @@ def dressing(size, title, at_most):
     return Row(f"dress, {title}", f"dressing/{size}/ours", f"dressing/{size}/copies", "deep copies", at_most=at_most)
 
 
+def floor(work, title):
+    """What the contract's nodes alone cost, made by the platform's own calls."""
+    return Row(f"… floor: {title}", f"{work}/floor", f"{work}/copies", "deep copies")
+
+
+HUNG = "the copies in their transforms, hung on the bones"
+
 ROWS = [
     Row("read 60 joints × 10 000 rows", "reading/motion/ours/10000", "reading/motion/minimal/10000",
         "minimal reader", at_most=1.25, per=1000, unit="ms"),
@@ -63,12 +70,16 @@ ROWS = [
         "minimal reader, plain bones", limit=400000, unit="Ir"),
     Row("profile step of 625 rows", "profile/step", "profile/reading", "reading the text"),
     dressing("500", "60 pieces of 500 triangles", 1.25),
+    floor("dressing/500", HUNG),
     dressing("5000", "60 pieces of 5 000 triangles", 1.08),
+    floor("dressing/5000", HUNG),
     dressing("shipped", "the shipped avatar", None),
+    floor("dressing/shipped", HUNG),
     *[Row(f"… of {n} light pieces, per piece", f"dressing/light/{n}", "dressing/light/60", "of 60", per=n, peer_per=60)
       for n in (15, 60, 240)],
     Row("load command, hierarchy, shipped avatar", "commands/load/ours", "commands/load/copies", "deep copies",
         at_most=1.4),
+    floor("commands/load", "minimal reader, plain bones, and the same"),
     Row("… of the first actor", "commands/load/first", "commands/load/copies", "deep copies"),
     Row("… with a props", "commands/load/props", "commands/load/copies", "deep copies"),
     *[Row(f"replace an actor among {n}", f"commands/replace/{n}", "commands/replace/1", "among 1")

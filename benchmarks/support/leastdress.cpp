@@ -1,0 +1,35 @@
+#include "benchmarks/support/leastdress.h"
+
+#include "KivAnimation/bone.h"
+#include "KivCharacterization/Characterization/skeletonvisitors.h"
+
+namespace KivBenchmark {
+
+PiecePlaces findPlaces(osg::Node& skeleton, const KivCharacterization::CommonTypeDef::SIveInfo& avatar)
+{
+    KivCharacterization::BvhJointMap joints;
+    const osg::ref_ptr<osg::NodeVisitor> visitor = new KivCharacterization::CBvhSkeletonNodeVisitor(&joints);
+    skeleton.accept(*visitor);
+    PiecePlaces places;
+    for (const auto& [joint, entry] : avatar.jointMap) {
+        const auto bone = joints.find(joint);
+        if (bone == joints.end())
+            continue;
+        for (const osg::MatrixTransform* piece : entry.pieces)
+            places.emplace_back(bone->second, piece);
+    }
+    return places;
+}
+
+void hangCopies(const PiecePlaces& places)
+{
+    for (const auto& [joint, piece] : places) {
+        const osg::ref_ptr<osg::MatrixTransform> wrapper = new osg::MatrixTransform;
+        const osg::ref_ptr<osg::MatrixTransform> holder = new osg::MatrixTransform;
+        holder->addChild(static_cast<osg::Node*>(piece->clone(osg::CopyOp::DEEP_COPY_ALL)));
+        wrapper->addChild(holder);
+        joint->addChild(wrapper);
+    }
+}
+
+}  // namespace KivBenchmark

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <osg/MatrixTransform>
+#include <osg/ref_ptr>
+
+#include <utility>
+#include <vector>
+
+#include "KivCharacterization/common/iveinfo.h"
+
+namespace KivBenchmark {
+
+/// What a dress costs with nothing found, checked, fitted or recorded: the nodes that the contract asks for,
+/// made and hung by OpenSceneGraph's own calls. The floor under dressing.
+
+/// The pieces of an avatar, each with the joint of a skeleton that it goes to.
+using PiecePlaces = std::vector<std::pair<osg::Group*, const osg::MatrixTransform*>>;
+PiecePlaces findPlaces(osg::Node& skeleton, const KivCharacterization::CommonTypeDef::SIveInfo& avatar);
+
+/// Hangs a deep copy of every piece at its place, in its two transforms.
+void hangCopies(const PiecePlaces& places);
+
+}  // namespace KivBenchmark
