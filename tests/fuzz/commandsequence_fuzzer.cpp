@@ -142,7 +142,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     // Whatever came before: the host still dresses an actor.
     FuzzHost::manager().EnableCharacterizaion();
     TaskCommand load;
-    KIV_EXPECT(FuzzHost::manager().createLoadBVHCommand(smallFigureWithPropsBvh(), 1, "Last", &load));
+    KIV_EXPECT(FuzzHost::manager().createLoadBVHCommand(smallFigureBvh(), 1, "Last", &load));
     KIV_EXPECT(load.run());
     KIV_EXPECT(FuzzHost::scene().getNumChildren() == 1);
     FuzzHost::clear();

@@ -50,17 +50,35 @@ void readBack()
     }
 }
 
+/// A host with one actor, which stays over all inputs: frame data is all that changes.
+class ActorHost : public FuzzHost
+{
+public:
+    ActorHost()
+    {
+        KivTaskCommand::TaskCommand load;
+        manager().createLoadBVHCommand(smallFigureBvh(), kActor, "Fuzzed", &load);
+        KIV_EXPECT(load.run());
+        KivRenderState::KivRenderStateManager::instance()->setCenterOfMassShow(true);
+    }
+
+    /// As after loading: no markers are shown, and there are no spheres of contacts.
+    static void hideAll()
+    {
+        ActorFrameManager::Ins()->Clear();
+        ActorFrameManager::Ins()->WriteActorStickContact(kActor, nullptr, 0);
+        updateScene();
+        ActorFrameManager::Ins()->Clear();
+    }
+};
+
 }  // namespace
 
 /// Any frame data, written and removed in any order between frames that show it.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
-    static FuzzHost host;
+    static ActorHost host;
     FuzzedDataProvider input(data, size);
-    KivTaskCommand::TaskCommand load;
-    FuzzHost::manager().createLoadBVHCommand(smallFigureBvh(), kActor, "Fuzzed", &load);
-    KIV_EXPECT(load.run());
-    KivRenderState::KivRenderStateManager::instance()->setCenterOfMassShow(true);
     while (input.remaining_bytes() > 0) {
         switch (input.ConsumeIntegralInRange<int>(0, 3)) {
             case 0:
@@ -75,6 +93,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         readBack();
     }
     FuzzHost::updateScene();
-    FuzzHost::clear();
+    ActorHost::hideAll();
     return 0;
 }

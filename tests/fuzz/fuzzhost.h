@@ -7,6 +7,7 @@
 #include <string>
 
 #include "KivAnimation/basicanimationmanager.h"
+#include "KivCharacterization/Characterization/actorscene.h"
 #include "KivCharacterization/Characterization/kivpropsproertymanager.h"
 #include "KivCharacterization/Characterization/modelloading.h"
 #include "KivErrorOperator/tavrincommonerrormsg.h"
@@ -21,7 +22,7 @@
 
 namespace KivTestSupport {
 
-/// A host that keeps the small avatar and the label font over a whole fuzzing run.
+/// A host that keeps the small avatar, the label font and the markers' shapes over a whole fuzzing run.
 class FuzzHost
 {
 public:
@@ -73,6 +74,8 @@ public:
 
 private:
     osg::ref_ptr<osg::Group> m_avatar;
+    /// Actors share their markers' shapes with any that there are: kept, they are built once for a run.
+    osg::ref_ptr<osg::Switch> m_markers = KivCharacterization::MakeCentreOfMassSwitch();
 };
 
 }  // namespace KivTestSupport
