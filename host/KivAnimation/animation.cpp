@@ -8,6 +8,7 @@
 #include <string_view>
 #include <utility>
 
+#include "host/KivAnimation/bonewatch.h"
 #include "host/KivAnimation/contactmarkers.h"
 #include "host/KivAnimation/poser.h"
 
@@ -25,6 +26,7 @@ struct Animation::Motion
     std::string id;
     MotionTable table;
     PoseProgram program;
+    std::unique_ptr<BoneWatches> watches;  ///< of the program's joints
     std::unique_ptr<Poser>
         poser;  ///< null where there are no rows: loading a bare skeleton shall cost little
     ContactMarkers markers;
@@ -38,9 +40,8 @@ struct Animation::Motion
     {
         const std::string_view wanted = withoutQualifier(jointName);
         for (const PoseProgram::Joint& joint : program.joints) {
-            Bone* bone = joint.bone.get();
-            if (bone && withoutQualifier(bone->getName()) == wanted) {
-                return bone;
+            if (joint.bone && withoutQualifier(joint.bone->getName()) == wanted) {
+                return joint.bone;
             }
         }
         return nullptr;
@@ -143,9 +144,11 @@ void Animation::setMotion(MotionTable table, PoseProgram program)
     if (table.columns != 0 && table.values.size() / table.columns < table.frames) {
         throw std::invalid_argument("a motion table has fewer values than its rows need");
     }
+    auto watches = std::make_unique<BoneWatches>(program.joints);
     m_spMotion->poser = table.frames > 0 ? std::make_unique<Poser>(program, table.columns) : nullptr;
     m_spMotion->table = std::move(table);
-    m_spMotion->program = std::move(program);
+    m_spMotion->watches = std::move(watches);  // the earlier ones end before their joints are gone
+    m_spMotion->program = std::move(program);  // the joints stay in their place in memory
 }
 
 const MotionTable& Animation::motionTable() const

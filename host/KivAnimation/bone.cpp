@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include "host/KivAnimation/bonewatch.h"
+
 namespace KivAnimation {
 
 namespace {
@@ -30,6 +32,9 @@ Bone::Bone(const Bone& other, const osg::CopyOp& copyop)
     : osgAnimation::Bone(other, copyop), m_initialMatrix(other.m_initialMatrix)
 {}
 
-Bone::~Bone() = default;
+Bone::~Bone()
+{
+    BoneWatch::emptyAll(m_firstWatch);
+}
 
 }  // namespace KivAnimation

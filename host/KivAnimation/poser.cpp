@@ -49,16 +49,22 @@ LocalPose blend(const LocalPose& a, const LocalPose& b, float fraction)
 
 }  // namespace
 
-Poser::Poser(const PoseProgram& program, std::size_t columns)
-    : m_program(program, columns), m_joints(program.joints.size())
+std::vector<Poser::Joint> Poser::jointsOf(const PoseProgram& program, const RowProgram& compiled)
 {
-    for (std::size_t i = 0; i < m_joints.size(); ++i) {
+    std::vector<Joint> joints(program.joints.size());
+    for (std::size_t i = 0; i < joints.size(); ++i) {
         const PoseProgram::Joint& source = program.joints[i];
-        m_joints[i].parent = source.parent;
-        m_joints[i].fixed = m_program.isFixed(i);
-        source.update.lock(m_joints[i].update);
-        m_watches.emplace_back(source.bone.get(), &m_joints[i].bone);
+        joints[i].bone = source.bone;
+        joints[i].parent = source.parent;
+        joints[i].fixed = compiled.isFixed(i);
+        source.update.lock(joints[i].update);
     }
+    return joints;
+}
+
+Poser::Poser(const PoseProgram& program, std::size_t columns)
+    : m_program(program, columns), m_joints(jointsOf(program, m_program)), m_watches(m_joints)
+{
     if (!program.joints.empty()) {
         m_root = program.joints.front().bone;
     }

@@ -5,7 +5,6 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <deque>
 #include <limits>
 #include <vector>
 
@@ -38,7 +37,7 @@ private:
 
     struct Joint
     {
-        Bone* bone = nullptr;  ///< kept up to date by its watch
+        Bone* bone = nullptr;  ///< null once it is gone
         std::int32_t parent = -1;
         bool fixed = false;
         osg::ref_ptr<UpdateBone> update;
@@ -51,9 +50,11 @@ private:
     static void setMatrix(const Joint& joint, const AffineRows& local);
     void placeInSkeleton(const Joint& joint, const AffineRows& local);
 
+    static std::vector<Joint> jointsOf(const PoseProgram& program, const RowProgram& compiled);
+
     RowProgram m_program;
     std::vector<Joint> m_joints;
-    std::deque<BoneWatch> m_watches;
+    BoneWatches m_watches;  ///< of these joints
     osg::observer_ptr<Bone> m_root;
     EvaluatedRow m_first;  ///< rows are kept: in ordinary playback the second becomes the first
     EvaluatedRow m_second;

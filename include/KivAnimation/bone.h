@@ -9,6 +9,8 @@
 
 namespace KivAnimation {
 
+class BoneWatch;
+
 /// A joint of a motion skeleton. Its matrix is the joint's current transform relative to its parent, the
 /// inherited skeleton-space matrix the same relative to the skeleton; the initial matrix is the rest
 /// transform relative to the parent. Scene units (centimetres), Z-up.
@@ -30,8 +32,10 @@ protected:
 
 private:
     friend class Poser;  // playback writes both matrices in place
+    friend class BoneWatch;
 
     osg::Matrixd m_initialMatrix;
+    BoneWatch* m_firstWatch = nullptr;  ///< who is told when this bone dies; never copied
 };
 
 }  // namespace KivAnimation

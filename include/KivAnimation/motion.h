@@ -48,7 +48,7 @@ struct PoseProgram
 {
     struct Joint
     {
-        osg::observer_ptr<Bone> bone;
+        Bone* bone = nullptr;                  ///< alive when the program is handed over; null: not posed
         osg::observer_ptr<UpdateBone> update;  ///< of the root joint; elsewhere empty
         std::int32_t parent = -1;  ///< index into joints, below this joint's own; -1 under the skeleton
         std::uint32_t firstStep = 0;

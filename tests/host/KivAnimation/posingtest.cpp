@@ -1,6 +1,8 @@
 #include <gtest/gtest.h>
 
 #include <stdexcept>
+#include <thread>
+#include <utility>
 
 #include "tests/host/KivAnimation/testactor.h"
 
@@ -96,6 +98,53 @@ TEST_F(Posing, letsTheAnimationDieBeforeItsBones)
     m_actor.animation = nullptr;
     m_actor.skeleton->removeChildren(0, 1);
     EXPECT_EQ(m_actor.skeleton->getNumChildren(), 0u);
+}
+
+TEST_F(Posing, letsTwoAnimationsOfOneSkeletonDieInAnyOrder)
+{
+    for (const bool firstDiesFirst : {true, false}) {
+        TestActor actor;
+        buildArm(actor);
+        actor.setMotion(scatteredTable(12, 3, 90.0f));
+        osg::ref_ptr<KivAnimation::Animation> other = osg::clone(actor.animation.get());
+        osg::ref_ptr<KivAnimation::Animation>& first = firstDiesFirst ? actor.animation : other;
+        osg::ref_ptr<KivAnimation::Animation>& second = firstDiesFirst ? other : actor.animation;
+        first = nullptr;
+        actor.bones[1]->removeChild(actor.bones[2]);
+        second->pose(0.01);
+        EXPECT_FALSE(second->ChangeJointContactColor("Head", osg::Vec4f()));
+        EXPECT_TRUE(second->ChangeJointContactColor("Spine", osg::Vec4f()));
+        second = nullptr;
+        actor.skeleton->removeChildren(0, 1);
+        EXPECT_EQ(actor.skeleton->getNumChildren(), 0u);
+    }
+}
+
+TEST_F(Posing, takesAnotherMotionAfterABoneWasTakenOut)
+{
+    buildArm(m_actor);
+    m_actor.setMotion(scatteredTable(12, 3, 90.0f));
+    m_actor.bones[1]->removeChild(m_actor.bones[2]);
+    m_actor.program.joints.pop_back();
+    m_actor.bones.pop_back();
+    m_actor.setMotion(scatteredTable(12, 3, 60.0f));
+    m_actor.animation->pose(0.01);
+    expectRow(1);
+}
+
+TEST_F(Posing, letsBonesAndAnimationsDieOnTwoThreadsAtOnce)
+{
+    for (int round = 0; round < 50; ++round) {
+        TestActor actor;
+        buildArm(actor);
+        actor.setMotion(scatteredTable(12, 2, 90.0f));
+        const osg::ref_ptr<KivAnimation::Animation> lasting = osg::clone(actor.animation.get());
+        std::thread otherThread(
+            [animation = std::exchange(actor.animation, nullptr)]() mutable { animation = nullptr; });
+        actor.skeleton->removeChildren(0, 1);
+        otherThread.join();
+        EXPECT_FALSE(lasting->ChangeJointContactColor("Head", osg::Vec4f()));
+    }
 }
 
 TEST_F(Posing, takesStrangeNumbersWithoutLosingTheRotation)
