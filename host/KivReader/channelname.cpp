@@ -18,4 +18,11 @@ std::optional<Channel> channelNamed(std::string_view name)
     return std::nullopt;
 }
 
+std::optional<Channel> channelBeginning(std::string_view text)
+{
+    if (text.size() <= kChannelNameLength || !isSpace(text[kChannelNameLength]))
+        return std::nullopt;
+    return channelNamed(text.substr(0, kChannelNameLength));
+}
+
 }  // namespace KivReader

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <optional>
 #include <string_view>
 
@@ -7,8 +8,14 @@
 
 namespace KivReader {
 
+constexpr std::size_t kChannelNameLength = 9;  ///< of each of the six names
+
 /// The channel of this name, in any case.
 std::optional<Channel> channelNamed(std::string_view name);
+
+/// The channel whose name the text begins with, white space behind it. A name that ends the text or stands
+/// before a brace is not seen.
+std::optional<Channel> channelBeginning(std::string_view text);
 
 inline bool isPosition(Channel channel)
 {

@@ -221,9 +221,11 @@ void HierarchyReader::readChannels(std::size_t offset)
         throw Refusal{offset, "an end site has no channels"};
     current().firstColumn = static_cast<std::uint32_t>(m_document.columns);
     std::size_t listed = 0;
+    while (listed < count && takeUsualChannel())
+        ++listed;
     for (; !beginsAnItem(m_cursor.peek()); ++listed) {
         if (listed < count)
-            addChannel(m_cursor.peek());
+            addChannel(channelNamed(m_cursor.peek()), m_cursor.peek());
         else if (!channelNamed(m_cursor.peek()))
             break;
         m_cursor.take();
@@ -234,9 +236,21 @@ void HierarchyReader::readChannels(std::size_t offset)
     m_document.columns += count;
 }
 
-void HierarchyReader::addChannel(std::string_view token)
+/// Most names are known by their length: they are taken without looking for their end first.
+bool HierarchyReader::takeUsualChannel()
 {
-    const std::optional<Channel> channel = channelNamed(token);
+    m_cursor.skipSpace();
+    const std::string_view rest = m_cursor.rest();
+    const std::optional<Channel> channel = channelBeginning(rest);
+    if (!channel)
+        return false;
+    addChannel(channel, rest.substr(0, kChannelNameLength));
+    m_cursor.moveTo(m_cursor.offset() + kChannelNameLength);
+    return true;
+}
+
+void HierarchyReader::addChannel(std::optional<Channel> channel, std::string_view token)
+{
     if (!channel)
         throw Refusal{m_cursor.offset(), "unknown channel " + quoted(token)};
     ChannelList& channels = current().channels;

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -44,7 +45,8 @@ private:
     void readOffset(std::size_t offset);
     void readChannels(std::size_t offset);
     std::size_t readChannelCount(std::size_t offset);
-    void addChannel(std::string_view token);
+    bool takeUsualChannel();
+    void addChannel(std::optional<Channel> channel, std::string_view token);
     void closeBlock(std::size_t offset);
 
     std::string_view takeName(std::size_t offset);
