@@ -45,22 +45,37 @@ class Assembler
 public:
     Assembler(const BodyPlan& plan, const BodySource& source) : m_plan(plan), m_source(source) {}
 
+    /// All but the joint's steps.
     MotionFigure::Joint make(const PlannedJoint& planned) const
     {
-        const PlannedJoint* parent =
-            planned.parent == kNone ? nullptr : &m_plan.joints[static_cast<std::size_t>(planned.parent)];
+        const PlannedJoint* parent = parentOf(planned);
         MotionFigure::Joint joint;
         joint.name = planned.name;
         joint.endSite = planned.endSite;
         if (planned.isSource)
             joint.line = m_source.figure.joints[static_cast<std::size_t>(planned.source)].line;
-        joint.steps = stepsFrom(parent, planned);
         joint.offset = planned.place;
         if (parent != nullptr) {
             joint.offset = parent->turn.conj() * (planned.place - parent->place);
             joint.fitShift = parent->turn.conj() * planned.fitShift;
         }
         return joint;
+    }
+
+    /// Back from the parent to the file's joint that carries it, on to the one that carries the child, and
+    /// from there to the child.
+    std::vector<PoseStep> stepsTo(const PlannedJoint& planned) const
+    {
+        const PlannedJoint* parent = parentOf(planned);
+        std::vector<PoseStep> steps;
+        const auto append = [&](const std::vector<PoseStep>& more) {
+            steps.insert(steps.end(), more.begin(), more.end());
+        };
+        if (parent != nullptr)
+            append(undone(fromSource(*parent)));
+        append(stepsBetween(m_source.figure, parent == nullptr ? kNone : parent->source, planned.source));
+        append(fromSource(planned));
+        return simplified(steps);
     }
 
     /// From the axes of the file's joint to those that the avatar expects.
@@ -71,19 +86,9 @@ public:
     }
 
 private:
-    /// Back from the parent to the file's joint that carries it, on to the one that carries the child, and
-    /// from there to the child.
-    std::vector<PoseStep> stepsFrom(const PlannedJoint* parent, const PlannedJoint& planned) const
+    const PlannedJoint* parentOf(const PlannedJoint& planned) const
     {
-        std::vector<PoseStep> steps;
-        const auto append = [&](const std::vector<PoseStep>& more) {
-            steps.insert(steps.end(), more.begin(), more.end());
-        };
-        if (parent != nullptr)
-            append(undone(fromSource(*parent)));
-        append(stepsBetween(m_source.figure, parent == nullptr ? kNone : parent->source, planned.source));
-        append(fromSource(planned));
-        return simplified(steps);
+        return planned.parent == kNone ? nullptr : &m_plan.joints[static_cast<std::size_t>(planned.parent)];
     }
 
     const Placement& restOf(const PlannedJoint& planned) const
@@ -128,7 +133,7 @@ MotionFigure assemble(const BodyPlan& plan, const BodySource& source, ProfileRec
             assembler.turnOnSource(planned).asVec3().length() > kTurned)
             record.reframed.push_back(planned.name);
         placeInFigure[i] = static_cast<std::int32_t>(figure.joints.size());
-        figure.joints.push_back(std::move(joint));
+        figure.addJoint(std::move(joint), assembler.stepsTo(planned));
     }
     return figure;
 }
@@ -138,8 +143,10 @@ void lift(MotionFigure& figure, double height)
     PoseStep up;
     up.vector = osg::Vec3d(0.0, 0.0, height);
     MotionFigure::Joint& root = figure.joints.front();
-    root.steps.insert(root.steps.begin(), up);
-    root.steps = simplified(root.steps);
+    std::vector<PoseStep> steps = {up};
+    const PoseSteps own = figure.stepsOf(root);
+    steps.insert(steps.end(), own.begin(), own.end());
+    figure.replaceSteps(0, simplified(steps));
     root.offset += up.vector;
 }
 

@@ -62,7 +62,7 @@ bool takesIn(PoseStep& last, const PoseStep& step)
 
 }  // namespace
 
-Placement moved(Placement placement, const std::vector<PoseStep>& steps, const float* row)
+Placement moved(Placement placement, const PoseSteps& steps, const float* row)
 {
     for (const PoseStep& step : steps) {
         switch (step.kind) {
@@ -91,17 +91,17 @@ Placements placed(const MotionFigure& figure, const float* row)
     for (const MotionFigure::Joint& joint : figure.joints) {
         const Placement above =
             joint.parent < 0 ? Placement() : placements[static_cast<std::size_t>(joint.parent)];
-        placements.push_back(moved(above, joint.steps, row));
+        placements.push_back(moved(above, figure.stepsOf(joint), row));
     }
     return placements;
 }
 
-std::vector<PoseStep> undone(const std::vector<PoseStep>& steps)
+std::vector<PoseStep> undone(const PoseSteps& steps)
 {
     std::vector<PoseStep> back;
     back.reserve(steps.size());
-    for (auto step = steps.rbegin(); step != steps.rend(); ++step)
-        back.push_back(opposite(*step));
+    for (std::size_t i = steps.size(); i-- > 0;)
+        back.push_back(opposite(steps[i]));
     return back;
 }
 
@@ -114,7 +114,7 @@ std::vector<PoseStep> stepsBetween(const MotionFigure& figure, std::int32_t from
         std::int32_t& later = from > to ? from : to;
         const MotionFigure::Joint& joint = figure.joints[static_cast<std::size_t>(later)];
         if (from > to) {
-            const std::vector<PoseStep> back = undone(joint.steps);
+            const std::vector<PoseStep> back = undone(figure.stepsOf(joint));
             path.insert(path.end(), back.begin(), back.end());
         } else {
             forth.push_back(to);
@@ -122,13 +122,13 @@ std::vector<PoseStep> stepsBetween(const MotionFigure& figure, std::int32_t from
         later = joint.parent;
     }
     for (auto index = forth.rbegin(); index != forth.rend(); ++index) {
-        const std::vector<PoseStep>& steps = figure.joints[static_cast<std::size_t>(*index)].steps;
+        const PoseSteps steps = figure.stepsOf(figure.joints[static_cast<std::size_t>(*index)]);
         path.insert(path.end(), steps.begin(), steps.end());
     }
     return path;
 }
 
-std::vector<PoseStep> simplified(const std::vector<PoseStep>& steps)
+std::vector<PoseStep> simplified(const PoseSteps& steps)
 {
     std::vector<PoseStep> fewer;
     for (const PoseStep& step : steps) {

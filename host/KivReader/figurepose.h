@@ -24,21 +24,19 @@ using Placements = std::vector<Placement>;
 
 /// Carries moves out from a frame on.
 /// @param row the values of one frame.
-KIV_READER_API Placement moved(Placement placement, const std::vector<KivAnimation::PoseStep>& steps,
-                               const float* row);
+KIV_READER_API Placement moved(Placement placement, const PoseSteps& steps, const float* row);
 
 /// All joints in one frame of the motion.
 KIV_READER_API Placements placed(const MotionFigure& figure, const float* row);
 
 /// The moves that undo these: last first, each the other way.
-KIV_READER_API std::vector<KivAnimation::PoseStep> undone(const std::vector<KivAnimation::PoseStep>& steps);
+KIV_READER_API std::vector<KivAnimation::PoseStep> undone(const PoseSteps& steps);
 
 /// The moves from one joint's frame to another's: back to what both hang from, then forth. -1 is the scene.
 KIV_READER_API std::vector<KivAnimation::PoseStep> stepsBetween(const MotionFigure& figure, std::int32_t from,
                                                                 std::int32_t to);
 
 /// The same moves in fewer steps: neighbours that add up are one, what does nothing is gone.
-KIV_READER_API std::vector<KivAnimation::PoseStep> simplified(
-    const std::vector<KivAnimation::PoseStep>& steps);
+KIV_READER_API std::vector<KivAnimation::PoseStep> simplified(const PoseSteps& steps);
 
 }  // namespace KivReader

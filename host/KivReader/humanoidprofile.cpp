@@ -89,13 +89,14 @@ void settleOffsets(MotionFigure& figure, const MatchedMotion& motion)
     const std::vector<std::size_t> frames = motion.sampledFrames(kSettledFrames);
     for (std::size_t i = 0; i < figure.joints.size(); ++i) {
         MotionFigure::Joint& joint = figure.joints[i];
-        const bool shifts = std::any_of(joint.steps.begin(), joint.steps.end(),
+        const PoseSteps steps = figure.stepsOf(joint);
+        const bool shifts = std::any_of(steps.begin(), steps.end(),
                                         [](const auto& step) { return step.kind == Kind::Shift; });
         if (!shifts || isOverHips[i] || frames.empty())
             continue;
         osg::Vec3d sum;
         for (const std::size_t frame : frames)
-            sum += moved(Placement(), joint.steps, motion.row(frame)).place;
+            sum += moved(Placement(), steps, motion.row(frame)).place;
         joint.offset = sum / static_cast<double>(frames.size());
     }
 }

@@ -1,6 +1,7 @@
 #include "host/KivReader/motionfigure.h"
 
 #include <array>
+#include <utility>
 
 #include "host/KivReader/channelname.h"
 
@@ -74,31 +75,48 @@ void appendChannels(std::vector<PoseStep>& steps, const MotionDocument::Joint& j
 }
 
 /// A joint is moved first and turned then, wherever the file lists its positions.
-std::vector<PoseStep> stepsOf(const MotionDocument::Joint& joint, const StepMaker& make)
+void appendSteps(std::vector<PoseStep>& steps, const MotionDocument::Joint& joint, const StepMaker& make)
 {
-    std::vector<PoseStep> steps;
-    steps.reserve(joint.channels.size() + 1);
     const osg::Vec3d fixed = make.inScene(fixedOffset(joint));
     if (fixed != osg::Vec3d())
         steps.emplace_back().vector = fixed;
     appendChannels(steps, joint, make, true);
     appendChannels(steps, joint, make, false);
-    return steps;
 }
 
 }  // namespace
+
+void MotionFigure::addJoint(Joint joint, const PoseSteps& its)
+{
+    joint.firstStep = static_cast<std::uint32_t>(steps.size());
+    joint.stepCount = static_cast<std::uint32_t>(its.size());
+    steps.insert(steps.end(), its.begin(), its.end());
+    joints.push_back(std::move(joint));
+}
+
+void MotionFigure::replaceSteps(std::size_t joint, const PoseSteps& its)
+{
+    const auto first = steps.begin() + joints[joint].firstStep;
+    steps.insert(steps.erase(first, first + joints[joint].stepCount), its.begin(), its.end());
+    joints[joint].stepCount = static_cast<std::uint32_t>(its.size());
+    for (std::size_t i = joint + 1; i < joints.size(); ++i)
+        joints[i].firstStep = joints[i - 1].firstStep + joints[i - 1].stepCount;
+}
 
 MotionFigure makeFigure(const MotionDocument& document, const FileFrame& frame)
 {
     const StepMaker make(frame);
     MotionFigure figure;
     figure.joints.reserve(document.joints.size());
+    figure.steps.reserve(document.joints.size() + document.columns);
     for (const MotionDocument::Joint& source : document.joints) {
         MotionFigure::Joint& joint = figure.joints.emplace_back();
         joint.name = source.name;
         joint.parent = source.parent;
         joint.offset = make.inScene(source.offset);
-        joint.steps = stepsOf(source, make);
+        joint.firstStep = static_cast<std::uint32_t>(figure.steps.size());
+        appendSteps(figure.steps, source, make);
+        joint.stepCount = static_cast<std::uint32_t>(figure.steps.size()) - joint.firstStep;
         joint.endSite = source.endSite;
         joint.line = source.line;
     }

@@ -10,6 +10,7 @@
 #include "KivAnimation/motion.h"
 #include "KivCommonDef/sharedlibrary.h"
 #include "KivReader/motiondocument.h"
+#include "host/KivReader/posesteps.h"
 
 namespace KivReader {
 
@@ -37,14 +38,20 @@ struct MotionFigure
         std::int32_t parent = -1;  ///< index into joints, always smaller than the joint's own
         osg::Vec3d offset;         ///< rest translation relative to the parent; the rest rotation is none
         osg::Vec3d fitShift;  ///< what dressing measures is the offset and this; nothing else is moved by it
-        /// From the parent's frame to the joint's, in order. The steps of a parent followed by those of its
-        /// child are exactly the steps of the child alone, frame by frame.
-        std::vector<KivAnimation::PoseStep> steps;
+        std::uint32_t firstStep = 0;
+        std::uint32_t stepCount = 0;
         bool endSite = false;
         std::size_t line = 0;  ///< of the declaration in the file; 0 where there is none
     };
 
-    std::vector<Joint> joints;  ///< parents before children, the root first
+    /// From the parent's frame to the joint's, in order. The steps of a parent followed by those of its
+    /// child are exactly the steps of the child alone, frame by frame.
+    PoseSteps stepsOf(const Joint& joint) const { return {steps.data() + joint.firstStep, joint.stepCount}; }
+    KIV_READER_API void addJoint(Joint joint, const PoseSteps& its);
+    void replaceSteps(std::size_t joint, const PoseSteps& its);
+
+    std::vector<Joint> joints;                  ///< parents before children, the root first
+    std::vector<KivAnimation::PoseStep> steps;  ///< of all joints, in their order
 };
 
 /// The document's joints, turned into the scene and scaled. Of the motion only its layout is looked at.

@@ -85,7 +85,7 @@ BuiltSkeleton readSkeleton(const std::string& text, const osgDB::Options* option
     if (name.empty())
         name = profiled.figure.joints.front().name;
     BuiltSkeleton built =
-        buildSkeleton(profiled.figure, takeTable(document), qualifyNames ? name : std::string());
+        buildSkeleton(std::move(profiled.figure), takeTable(document), qualifyNames ? name : std::string());
     profile = std::move(profiled.record);
     built.node->setName(name);
     built.animation->setName(name);

@@ -1,7 +1,6 @@
 #include "host/KivReader/skeletonbuilder.h"
 
 #include <utility>
-#include <vector>
 
 #include "KivAnimation/bone.h"
 #include "KivAnimation/skeleton.h"
@@ -33,53 +32,39 @@ osg::ref_ptr<Bone> makeBone(const MotionFigure::Joint& joint, const std::string&
 }
 
 /// Children are added in the figure's order, so the root is its skeleton's first child.
-std::vector<Bone*> makeBones(const MotionFigure& figure, const std::string& prefix, osg::Group& above)
-{
-    std::vector<Bone*> bones;
-    bones.reserve(figure.joints.size());
-    for (const MotionFigure::Joint& joint : figure.joints) {
-        Bone* const parent = joint.parent < 0 ? nullptr : bones[static_cast<std::size_t>(joint.parent)];
-        const osg::ref_ptr<Bone> bone = makeBone(joint, prefix, parent);
-        if (!parent)
-            above.addChild(bone);
-        bones.push_back(bone.get());
-    }
-    return bones;
-}
-
-PoseProgram makeProgram(const MotionFigure& figure, const std::vector<Bone*>& bones)
+PoseProgram makeBones(MotionFigure figure, const std::string& prefix, osg::Group& above)
 {
     PoseProgram program;
-    std::size_t steps = 0;
-    for (const MotionFigure::Joint& joint : figure.joints)
-        steps += joint.steps.size();
-    program.steps.reserve(steps);
+    program.steps = std::move(figure.steps);
     program.joints.reserve(figure.joints.size());
-    for (std::size_t i = 0; i < figure.joints.size(); ++i) {
-        const MotionFigure::Joint& source = figure.joints[i];
-        PoseProgram::Joint joint;
-        joint.bone = bones[i];
+    for (const MotionFigure::Joint& source : figure.joints) {
+        Bone* const parent =
+            source.parent < 0 ? nullptr : program.joints[static_cast<std::size_t>(source.parent)].bone;
+        const osg::ref_ptr<Bone> bone = makeBone(source, prefix, parent);
+        if (!parent)
+            above.addChild(bone);
+        PoseProgram::Joint& joint = program.joints.emplace_back();
+        joint.bone = bone;
         joint.parent = source.parent;
-        joint.firstStep = static_cast<std::uint32_t>(program.steps.size());
-        joint.stepCount = static_cast<std::uint32_t>(source.steps.size());
-        program.steps.insert(program.steps.end(), source.steps.begin(), source.steps.end());
-        program.joints.push_back(std::move(joint));
+        joint.firstStep = source.firstStep;
+        joint.stepCount = source.stepCount;
     }
     return program;
 }
 
 }  // namespace
 
-BuiltSkeleton buildSkeleton(const MotionFigure& figure, KivAnimation::MotionTable table,
+BuiltSkeleton buildSkeleton(MotionFigure figure, KivAnimation::MotionTable table,
                             const std::string& qualifier)
 {
     osg::ref_ptr<KivAnimation::Skeleton> skeleton = new KivAnimation::Skeleton;
-    const auto bones = makeBones(figure, qualifier.empty() ? qualifier : qualifier + "#", *skeleton);
-    PoseProgram program = makeProgram(figure, bones);
-    if (!bones.empty()) {
-        osg::ref_ptr<UpdateBone> update = new UpdateBone(bones.front()->getInitialMatrix());
-        bones.front()->addUpdateCallback(update);
-        program.joints.front().update = update;
+    PoseProgram program =
+        makeBones(std::move(figure), qualifier.empty() ? qualifier : qualifier + "#", *skeleton);
+    if (!program.joints.empty()) {
+        PoseProgram::Joint& root = program.joints.front();
+        osg::ref_ptr<UpdateBone> update = new UpdateBone(root.bone->getInitialMatrix());
+        root.bone->addUpdateCallback(update);
+        root.update = update;
     }
     BuiltSkeleton built;
     built.node = new osg::Group;

@@ -18,7 +18,7 @@ struct BuiltSkeleton
 
 /// Makes nodes of a figure, posed at rest, and the animation that poses them by the table.
 /// @param qualifier stands before every bone's name, with "#" between them; empty: the joints' names alone.
-KIV_READER_API BuiltSkeleton buildSkeleton(const MotionFigure& figure, KivAnimation::MotionTable table,
+KIV_READER_API BuiltSkeleton buildSkeleton(MotionFigure figure, KivAnimation::MotionTable table,
                                            const std::string& qualifier);
 
 }  // namespace KivReader

@@ -79,9 +79,9 @@ TEST(PoseSteps, leadFromAnyJointToAnyOther)
     for (std::size_t i = 0; i < 5; ++i) {
         MotionFigure::Joint joint;
         joint.parent = parents[i];
-        joint.steps = someSteps();
-        joint.steps.push_back(step(PoseStep::Kind::Turn, static_cast<std::uint8_t>(i % 3), 3, 1.0f));
-        figure.joints.push_back(joint);
+        std::vector<PoseStep> steps = someSteps();
+        steps.push_back(step(PoseStep::Kind::Turn, static_cast<std::uint8_t>(i % 3), 3, 1.0f));
+        figure.addJoint(joint, steps);
     }
     const Placements placements = placed(figure, kRow.data());
     for (std::int32_t from = -1; from < 5; ++from) {

@@ -57,7 +57,7 @@ void expectFinite(const MotionFigure& figure)
 {
     for (const MotionFigure::Joint& joint : figure.joints) {
         EXPECT_TRUE(std::isfinite((joint.offset + joint.fitShift).length())) << joint.name;
-        for (const KivAnimation::PoseStep& step : joint.steps)
+        for (const KivAnimation::PoseStep& step : figure.stepsOf(joint))
             EXPECT_TRUE(std::isfinite(step.vector.length() + step.rotation.length())) << joint.name;
     }
 }

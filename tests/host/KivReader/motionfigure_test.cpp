@@ -1,7 +1,6 @@
 #include <gtest/gtest.h>
 
 #include <string>
-#include <vector>
 
 #include "host/KivReader/motionfigure.h"
 #include "tests/host/KivReader/motiontext.h"
@@ -13,6 +12,7 @@ using KivReader::FileFrame;
 using KivReader::makeFigure;
 using KivReader::MotionDocument;
 using KivReader::MotionFigure;
+using KivReader::PoseSteps;
 using KivReader::UpAxis;
 using KivReaderTest::MotionText;
 
@@ -51,13 +51,13 @@ TEST(MotionFigure, lengthsAreScaledByTheFilesUnit)
     parts.jointOffset = "OFFSET 1 2 3";
     const MotionFigure figure = figureOf(parts, {100.0, UpAxis::Y});
     EXPECT_EQ(figure.joints[1].offset, osg::Vec3d(100, -300, 200));
-    expectMove(figure.joints[0].steps[2], PoseStep::Kind::Shift, 1, 2, -100.0f);
+    expectMove(figure.stepsOf(figure.joints[0])[2], PoseStep::Kind::Shift, 1, 2, -100.0f);
 }
 
 TEST(MotionFigure, positionsThatReplaceLeaveNothingOfTheOffset)
 {
     const MotionFigure figure = figureOf(MotionText());
-    const std::vector<PoseStep>& steps = figure.joints[0].steps;
+    const PoseSteps steps = figure.stepsOf(figure.joints[0]);
     ASSERT_EQ(steps.size(), 6U);
     expectMove(steps[0], PoseStep::Kind::Shift, 0, 0, 1.0f);
     expectMove(steps[1], PoseStep::Kind::Shift, 2, 1, 1.0f);
@@ -74,7 +74,8 @@ TEST(MotionFigure, positionsThatAreMissingKeepTheOffset)
     parts.jointOffset = "OFFSET 1 2 3";
     parts.jointChannels = "CHANNELS 2 Yposition Zrotation";
     parts.rows = "0 90 0 1 2 3 2 5\n";
-    const std::vector<PoseStep> steps = figureOf(parts).joints[1].steps;
+    const MotionFigure figure = figureOf(parts);
+    const PoseSteps steps = figure.stepsOf(figure.joints[1]);
     ASSERT_EQ(steps.size(), 3U);
     EXPECT_EQ(steps[0].kind, PoseStep::Kind::Translate);
     EXPECT_EQ(steps[0].vector, osg::Vec3f(1, -3, 0));
@@ -88,7 +89,8 @@ TEST(MotionFigure, positionsThatAreDeltasComeOnTopOfTheOffset)
     parts.jointOffset = "OFFSET 1 2 3";
     parts.jointChannels = "CHANNELS 3 Xposition Yposition Zposition";
     parts.rows = "0 0 0 1 2 3 0 0 0\n";
-    const std::vector<PoseStep> steps = figureOf(parts).joints[1].steps;
+    const MotionFigure figure = figureOf(parts);
+    const PoseSteps steps = figure.stepsOf(figure.joints[1]);
     ASSERT_EQ(steps.size(), 4U);
     EXPECT_EQ(steps[0].kind, PoseStep::Kind::Translate);
     EXPECT_EQ(steps[0].vector, osg::Vec3f(1, -3, 2));
@@ -99,7 +101,8 @@ TEST(MotionFigure, aJointIsMovedBeforeItIsTurnedWhateverTheFileListsFirst)
     MotionText parts;
     parts.rootChannels = "CHANNELS 4 Yrotation Zposition Xposition Xrotation";
     parts.rows = "0 1 2 3 4 5 6\n";
-    const std::vector<PoseStep> steps = figureOf(parts).joints[0].steps;
+    const MotionFigure figure = figureOf(parts);
+    const PoseSteps steps = figure.stepsOf(figure.joints[0]);
     ASSERT_EQ(steps.size(), 5U);
     EXPECT_EQ(steps[0].vector, osg::Vec3f(0, 0, 90));
     expectMove(steps[1], PoseStep::Kind::Shift, 1, 1, -1.0f);
@@ -114,8 +117,8 @@ TEST(MotionFigure, anEndSiteOnlyStands)
     const MotionFigure::Joint& end = figure.joints[2];
     EXPECT_TRUE(end.endSite);
     EXPECT_EQ(end.parent, 1);
-    ASSERT_EQ(end.steps.size(), 1U);
-    EXPECT_EQ(end.steps[0].vector, osg::Vec3f(0, 0, 5));
+    ASSERT_EQ(end.stepCount, 1U);
+    EXPECT_EQ(figure.stepsOf(end)[0].vector, osg::Vec3f(0, 0, 5));
 }
 
 }  // namespace

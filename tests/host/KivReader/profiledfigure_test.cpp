@@ -122,7 +122,7 @@ TEST(ProfiledFigure, leavesWhatIsNoHumanoidAsItIs)
         for (std::size_t i = 0; i < plain.joints.size(); ++i) {
             EXPECT_EQ(profiled.figure.joints[i].name, plain.joints[i].name);
             EXPECT_EQ(profiled.figure.joints[i].offset, plain.joints[i].offset);
-            EXPECT_EQ(profiled.figure.joints[i].steps.size(), plain.joints[i].steps.size());
+            EXPECT_EQ(profiled.figure.joints[i].stepCount, plain.joints[i].stepCount);
         }
     }
 }
