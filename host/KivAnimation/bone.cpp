@@ -16,12 +16,14 @@ constexpr std::size_t kUsualChildren = 4;
 Bone::Bone(std::string name)
 {
     _name = std::move(name);
-    _children.reserve(kUsualChildren);
 }
 
 // The parent comes last: nothing may throw once it holds the bone.
 Bone::Bone(std::string name, Bone& parent) : Bone(std::move(name))
 {
+    if (parent._children.empty()) {
+        parent._children.reserve(kUsualChildren);
+    }
     _parents.push_back(&parent);
     parent._children.emplace_back(this);
     parent.childInserted(parent.getNumChildren() - 1);

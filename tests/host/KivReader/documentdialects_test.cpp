@@ -145,6 +145,17 @@ TEST(MotionDialect, namesAreTheRestOfTheLineAsWritten)
     }
 }
 
+TEST(MotionDialect, aChannelEndsAtTheBrace)
+{
+    const MotionReading reading =
+        readMotionDocument("HIERARCHY ROOT Hips {OFFSET 0 0 0 CHANNELS 2 Xposition zROTATION}");
+    ASSERT_TRUE(reading.document) << reading.error.text();
+    const KivReader::ChannelList& channels = reading.document->joints[0].channels;
+    ASSERT_EQ(channels.size(), 2U);
+    EXPECT_EQ(channels[0], KivReader::Channel::Xposition);
+    EXPECT_EQ(channels[1], KivReader::Channel::Zrotation);
+}
+
 TEST(MotionDialect, aNameEndsAtTheBrace)
 {
     std::string text = MotionText().text();

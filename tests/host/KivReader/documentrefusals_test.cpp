@@ -87,6 +87,8 @@ const std::vector<Refused> kHierarchyParts = {
      kRootChannelsLine, 1, "CHANNELS says 1 but lists 2"},
     {"unknownChannel", &MotionText::rootChannels, "CHANNELS 2 Xrotation Wrotation", kRootChannelsLine, 22,
      "unknown channel 'Wrotation'"},
+    {"channelWithALetterTooMany", &MotionText::rootChannels, "CHANNELS 1 Xrotations", kRootChannelsLine, 12,
+     "unknown channel 'Xrotations'"},
     {"positionTwice", &MotionText::rootChannels, "CHANNELS 2 Xposition xposition", kRootChannelsLine, 22,
      "'xposition' is listed twice"},
     {"secondChannels", &MotionText::rootChannels, "CHANNELS 0\nCHANNELS 0", kRootChannelsLine + 1, 1,
