@@ -147,13 +147,9 @@ TEST(MotionDialect, namesAreTheRestOfTheLineAsWritten)
 
 TEST(MotionDialect, aChannelEndsAtTheBrace)
 {
-    const MotionReading reading =
-        readMotionDocument("HIERARCHY ROOT Hips {OFFSET 0 0 0 CHANNELS 2 Xposition zROTATION}");
-    ASSERT_TRUE(reading.document) << reading.error.text();
-    const KivReader::ChannelList& channels = reading.document->joints[0].channels;
-    ASSERT_EQ(channels.size(), 2U);
-    EXPECT_EQ(channels[0], KivReader::Channel::Xposition);
-    EXPECT_EQ(channels[1], KivReader::Channel::Zrotation);
+    const MotionDocument document =
+        accepted("HIERARCHY ROOT Hips {OFFSET 0 0 0 CHANNELS 2 Xposition zROTATION}");
+    EXPECT_THAT(document.joints[0].channels, ElementsAre(Channel::Xposition, Channel::Zrotation));
 }
 
 TEST(MotionDialect, aNameEndsAtTheBrace)
