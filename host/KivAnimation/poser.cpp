@@ -2,7 +2,6 @@
 
 #include <osg/Matrixd>
 
-#include <algorithm>
 #include <cmath>
 #include <utility>
 
@@ -16,8 +15,9 @@ namespace {
 /// even one.
 constexpr float kNearlyParallel = 0.98f;
 
-/// So many joints ahead a bone is asked for: many actors' bones lie beyond the second cache, and what lies
-/// there takes about as long to come as so many joints take to be posed.
+/// So many joints ahead a bone is asked for, the first ones while the row is evaluated: many actors' bones
+/// lie beyond the second cache, and what lies there takes about as long to come as so many joints take to be
+/// posed.
 constexpr std::size_t kAskedAhead = 6;
 
 /// Between two local poses, on the shorter arc; the rotation's length is near 1, not exactly 1.
@@ -89,6 +89,9 @@ void Poser::pose(const MotionTable& table, std::size_t row, double fraction)
     if (!m_root.lock(root)) {
         return;
     }
+    for (std::size_t i = 0; i < kAskedAhead; ++i) {
+        askForBone(i);
+    }
     if (m_second.row == row || m_first.row == row + 1) {
         std::swap(m_first, m_second);
     }
@@ -100,16 +103,22 @@ void Poser::pose(const MotionTable& table, std::size_t row, double fraction)
     poseBones(between, static_cast<float>(fraction));
 }
 
+inline void Poser::askForBone(std::size_t joint) const
+{
+    if (joint >= m_joints.size() || !m_joints[joint].bone) {
+        return;
+    }
+    const Bone& bone = *m_joints[joint].bone;
+    prefetchForWriting(&bone._boundingSphereComputed, sizeof bone._boundingSphereComputed);
+    prefetchForWriting(&bone._matrix, sizeof bone._matrix);
+    prefetchForWriting(&bone._inverseDirty, sizeof bone._inverseDirty);
+    prefetchForWriting(&bone._boneInSkeletonSpace, sizeof bone._boneInSkeletonSpace);
+}
+
 void Poser::poseBones(bool between, float fraction)
 {
-    const std::size_t last = m_joints.size() - 1;
-    for (std::size_t i = 0; i <= last; ++i) {
-        if (const Bone* ahead = m_joints[std::min(i + kAskedAhead, last)].bone) {
-            prefetchForWriting(&ahead->_boundingSphereComputed, sizeof ahead->_boundingSphereComputed);
-            prefetchForWriting(&ahead->_matrix, sizeof ahead->_matrix);
-            prefetchForWriting(&ahead->_inverseDirty, sizeof ahead->_inverseDirty);
-            prefetchForWriting(&ahead->_boneInSkeletonSpace, sizeof ahead->_boneInSkeletonSpace);
-        }
+    for (std::size_t i = 0; i < m_joints.size(); ++i) {
+        askForBone(i + kAskedAhead);
         const Joint& joint = m_joints[i];
         if (!joint.bone) {
             continue;

@@ -44,6 +44,7 @@ private:
     };
 
     void provideRow(EvaluatedRow& wanted, const MotionTable& table, std::size_t row);
+    void askForBone(std::size_t joint) const;
     void poseBones(bool between, float fraction);
     void poseJoint(const Joint& joint, const LocalPose& pose);
     void poseFixedJoint(const Joint& joint, const AffineRows& local);
