@@ -21,12 +21,12 @@ enum class ByteKind : std::uint8_t
 constexpr std::array<ByteKind, 256> byteKinds()
 {
     std::array<ByteKind, 256> kinds{};
-    for (const unsigned char blank : {' ', '\t', '\v', '\f'})
-        kinds[blank] = ByteKind::Blank;
-    for (const unsigned char lineEnd : {'\n', '\r'})
-        kinds[lineEnd] = ByteKind::LineEnd;
-    for (const unsigned char brace : {'{', '}'})
-        kinds[brace] = ByteKind::Brace;
+    for (const char blank : {' ', '\t', '\v', '\f'})
+        kinds[static_cast<unsigned char>(blank)] = ByteKind::Blank;
+    for (const char lineEnd : {'\n', '\r'})
+        kinds[static_cast<unsigned char>(lineEnd)] = ByteKind::LineEnd;
+    for (const char brace : {'{', '}'})
+        kinds[static_cast<unsigned char>(brace)] = ByteKind::Brace;
     return kinds;
 }
 
