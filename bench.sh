@@ -95,7 +95,7 @@ long_motion="${KIV_MOTION_LIBRARY:-../shared/bvh}/real/derived_large_cmu_daz_3x.
 [[ -f "$long_motion" ]] || { echo "no long motion: $long_motion is not there"; long_motion=; }
 "${early[@]}" "$programs/kivframeloop" ${long_motion:+"$long_motion"} >"$results/frameloop.txt"
 echo "== drawn frames"
-LIBGL_ALWAYS_SOFTWARE=1 "${ahead[@]}" "$programs/kivdrawnframes" build/bench/root/Data/BVH/walk.bvh \
+LIBGL_ALWAYS_SOFTWARE=1 LP_NUM_THREADS=0 "${ahead[@]}" "$programs/kivdrawnframes" build/bench/root/Data/BVH/walk.bvh \
     >"$results/drawnframes.txt"
 echo "== Table (docs/performance.md)"
 python3 -B benchmarks/maketable.py "$results" build/bench/CMakeCache.txt docs/performance.md

@@ -1,11 +1,12 @@
-# kiv_add_test(<name> SOURCES <files> [LINK <targets>] [LABELS <labels>] [TIMEOUT <seconds>])
+# kiv_add_test(<name> SOURCES <files> [LINK <targets>] [LABELS <labels>] [TIMEOUT <seconds>]
+#              [ENVIRONMENT <variables>])
 # One GoogleTest program; every test in it becomes a ctest test of its own. Programs run in the build's run-time root
 # and find the motion library through KIV_MOTION_LIBRARY.
 find_package(GTest REQUIRED)
 include(GoogleTest)
 
 function(kiv_add_test name)
-    cmake_parse_arguments(ARG "" "TIMEOUT" "SOURCES;LINK;LABELS" ${ARGN})
+    cmake_parse_arguments(ARG "" "TIMEOUT" "SOURCES;LINK;LABELS;ENVIRONMENT" ${ARGN})
     if(NOT ARG_TIMEOUT)
         set(ARG_TIMEOUT 120)
     endif()
@@ -24,6 +25,9 @@ function(kiv_add_test name)
     set(properties TIMEOUT ${ARG_TIMEOUT})
     if(ARG_LABELS)
         list(APPEND properties LABELS "${ARG_LABELS}")
+    endif()
+    if(ARG_ENVIRONMENT)
+        list(APPEND properties ENVIRONMENT "${ARG_ENVIRONMENT}")
     endif()
     gtest_discover_tests(${name}
         TEST_PREFIX "${name}."

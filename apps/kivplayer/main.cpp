@@ -9,6 +9,7 @@
 #include "console.h"
 #include "headless.h"
 #include "options.h"
+#include "softwaredrawing.h"
 #include "window/runwindow.h"
 #include "window/startup.h"
 
@@ -30,6 +31,8 @@ int main(int argc, char** argv)
                                                          : Console::Loudness::Normal;
     if (!std::getenv("OSG_NOTIFY_LEVEL"))
         osg::setNotifyLevel(options.verbose ? osg::NOTICE : osg::FATAL);
+    if (!options.window)
+        KivPlayer::drawOnOneThread();
     try {
         Console console(std::cerr, loudness);
         return options.window ? KivPlayer::runWindow(options, console)
