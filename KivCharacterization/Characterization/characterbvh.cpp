@@ -4,6 +4,7 @@
 #include <osg/MatrixTransform>
 
 #include <algorithm>
+#include <string_view>
 #include <vector>
 
 #include "KivAnimation/bone.h"
@@ -11,7 +12,9 @@
 #include "KivCharacterization/Characterization/errormessage.h"
 #include "KivCharacterization/Characterization/jointnaming.h"
 #include "KivCharacterization/Characterization/kivpropsproertymanager.h"
+#include "KivCharacterization/Characterization/neighboursearch.h"
 #include "KivCharacterization/Characterization/nodemasks.h"
+#include "KivCharacterization/Characterization/piececopy.h"
 #include "KivCharacterization/Characterization/segmentfitting.h"
 #include "KivCharacterization/Characterization/skeletonvisitors.h"
 #include "KivManipulator/propsgeode.h"
@@ -34,6 +37,16 @@ struct SCurrentRun
     std::string actorName;
 };
 SCurrentRun currentRun;
+
+/// What the pieces of a run share while they are attached, in the order of their joints' names and so nearly
+/// in that of their segments.
+struct SAttaching
+{
+    osg::ref_ptr<osg::StateSet> rescaling =
+        new osg::StateSet;  ///< one for all: culling and drawing are quicker
+    NeighbourSearch<BvhSegmentMap> skeletonSegments{currentRun.record->segmentMap};
+    NeighbourSearch<IveSegmentMap> avatarSegments{currentRun.avatar->segmentMap};
+};
 
 KivAnimation::Skeleton* findSkeleton(osg::Node* node)
 {
@@ -68,14 +81,12 @@ osg::ref_ptr<KivManipulator::PropsGeode> buildProps(const std::string& joint, co
 }
 
 /// Turns and stretches the piece of a bone segment that both sides have.
-void fitToSegment(const std::string& segment, KivAnimation::Bone& bone, osg::MatrixTransform& holder,
-                  KivManipulator::PropsGeode* props)
+void fitToSegment(std::string_view segment, KivAnimation::Bone& bone, osg::MatrixTransform& holder,
+                  KivManipulator::PropsGeode* props, SAttaching& attaching)
 {
-    const BvhSegmentMap& skeletonSegments = currentRun.record->segmentMap;
-    const IveSegmentMap& avatarSegments = currentRun.avatar->segmentMap;
-    const auto skeletonSegment = skeletonSegments.find(segment);
-    const auto avatarSegment = avatarSegments.find(segment);
-    if (skeletonSegment == skeletonSegments.end() || avatarSegment == avatarSegments.end()) {
+    const BvhSegment* skeletonSegment = attaching.skeletonSegments.find(segment);
+    const IveSegment* avatarSegment = attaching.avatarSegments.find(segment);
+    if (!skeletonSegment || !avatarSegment) {
         return;
     }
     if (props) {
@@ -85,29 +96,28 @@ void fitToSegment(const std::string& segment, KivAnimation::Bone& bone, osg::Mat
         return;
     }
     osg::Matrixd matrix = holder.getMatrix();
-    AlignToSegment(matrix, skeletonSegment->second, avatarSegment->second);
-    StretchToSegment(matrix, skeletonSegment->second, avatarSegment->second);
+    AlignToSegment(matrix, *skeletonSegment, *avatarSegment);
+    StretchToSegment(matrix, *skeletonSegment, *avatarSegment);
     holder.setMatrix(matrix);
 }
 
 /// Hangs a copy of one piece under its bone.
-/// @param rescaling the state of a stretched piece, one for all of an actor: culling and drawing are quicker.
 /// @return the holder, or null for a piece that is not attached.
 osg::ref_ptr<osg::MatrixTransform> attachPiece(const std::string& joint, KivAnimation::Bone& bone,
-                                               const osg::MatrixTransform& piece, osg::StateSet& rescaling)
+                                               const osg::MatrixTransform& piece, SAttaching& attaching)
 {
     const std::string& name = piece.getName();
     if (name.find('$', kPiecePrefixLength) == std::string::npos) {
         return nullptr;
     }
-    const osg::ref_ptr<osg::Object> clone = piece.clone(osg::CopyOp::DEEP_COPY_ALL);
+    const osg::ref_ptr<osg::Object> clone = piece.clone(PieceCopy());
     auto* copy = dynamic_cast<osg::MatrixTransform*>(clone.get());
     if (!copy) {
         return nullptr;
     }
     osg::ref_ptr<osg::MatrixTransform> wrapper = new osg::MatrixTransform;
     osg::ref_ptr<osg::MatrixTransform> holder = new osg::MatrixTransform(kUpAxisTurn);
-    holder->setStateSet(&rescaling);
+    holder->setStateSet(attaching.rescaling.get());
     holder->addChild(copy);
     const bool alongSegment = ClassifySegmentPiece(name) != SegmentPieceKind::None;
     if (alongSegment) {
@@ -121,7 +131,7 @@ osg::ref_ptr<osg::MatrixTransform> attachPiece(const std::string& joint, KivAnim
         wrapper->addChild(holder.get());
     }
     if (alongSegment) {
-        fitToSegment(PieceBaseName(name), bone, *holder, props.get());
+        fitToSegment(PieceBase(name), bone, *holder, props.get(), attaching);
     }
     bone.addChild(wrapper.get());
     return holder;
@@ -133,23 +143,16 @@ using Holders = std::vector<const osg::MatrixTransform*>;
 Holders attachPieces()
 {
     Holders holders;
-    const osg::ref_ptr<osg::StateSet> rescaling = new osg::StateSet;
-    rescaling->setMode(GL_NORMALIZE, osg::StateAttribute::ON);
-    // Both tables are in the order of the names: one pass over the two finds every name that is in both.
-    const IveJointMap& avatarJoints = currentRun.avatar->jointMap;
-    auto entry = avatarJoints.begin();
+    SAttaching attaching;
+    attaching.rescaling->setMode(GL_NORMALIZE, osg::StateAttribute::ON);
+    NeighbourSearch<IveJointMap> avatarJoints(currentRun.avatar->jointMap);
     for (const auto& [joint, bone] : currentRun.record->jointMap) {
-        while (entry != avatarJoints.end() && entry->first < joint) {
-            ++entry;
-        }
-        if (entry == avatarJoints.end()) {
-            break;
-        }
-        if (entry->first != joint) {
+        const IveJointEntry* entry = avatarJoints.find(joint);
+        if (!entry) {
             continue;
         }
-        for (const osg::MatrixTransform* piece : entry->second.pieces) {
-            const auto holder = attachPiece(joint, *bone, *piece, *rescaling);
+        for (const osg::MatrixTransform* piece : entry->pieces) {
+            const auto holder = attachPiece(joint, *bone, *piece, attaching);
             if (holder && SpecialJointTable::instance().record(piece->getName(), holder.get())) {
                 holders.push_back(holder.get());
             }

@@ -31,20 +31,19 @@ std::string SegmentKey(std::string_view parent, std::string_view child)
     return key;
 }
 
-std::string PieceBody(const std::string& fullName)
+std::string_view PieceBase(std::string_view fullName)
 {
-    return fullName.size() < kPiecePrefixLength ? std::string() : fullName.substr(kPiecePrefixLength);
+    if (fullName.size() < kPiecePrefixLength) {
+        return {};
+    }
+    const std::string_view body = fullName.substr(kPiecePrefixLength);
+    const std::size_t tagMark = body.find('#');
+    return body.substr(0, tagMark != std::string_view::npos ? tagMark : body.find('$'));
 }
 
 std::string PieceBaseName(const std::string& fullName)
 {
-    std::string name = PieceBody(fullName);
-    const std::size_t tagMark = name.find('#');
-    const std::size_t endMark = tagMark != std::string::npos ? tagMark : name.find('$');
-    if (endMark != std::string::npos) {
-        name.resize(endMark);
-    }
-    return name;
+    return std::string(PieceBase(fullName));
 }
 
 SegmentPieceKind ClassifySegmentPiece(const std::string& fullName)

@@ -29,11 +29,12 @@ std::string NormaliseJointName(const std::string& name);
 /// The key of the bone segment between two joints: `<parent>&<child>`.
 std::string SegmentKey(std::string_view parent, std::string_view child);
 
-/// The body of a piece's full name: the text behind the prefix; empty for a name shorter than it.
-std::string PieceBody(const std::string& fullName);
+/// The joint or segment that a piece belongs to: what follows the prefix, up to the first "#", or up to the
+/// first "$" when there is no "#", or all of it when there is neither; empty for a name shorter than the
+/// prefix. It lives as long as the full name.
+std::string_view PieceBase(std::string_view fullName);
 
-/// The joint or segment that a piece belongs to: its body up to the first "#", or up to the first "$" when
-/// there is no "#"; all of the body when there is neither.
+/// The same as a text of its own.
 std::string PieceBaseName(const std::string& fullName);
 
 /// How a piece follows its bone segment.

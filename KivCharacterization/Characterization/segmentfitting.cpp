@@ -42,8 +42,8 @@ void AlignToSegment(osg::Matrixd& matrix, const BvhSegment& skeleton, const IveS
 void StretchToSegment(osg::Matrixd& matrix, const BvhSegment& skeleton, const IveSegment& avatar)
 {
     const float ratio = skeleton.length / avatar.length;
-    matrix = matrix * osg::Matrixd::scale(ratio, ratio, ratio);
-    matrix = matrix * osg::Matrixd::translate(osg::Vec3d(skeleton.offset) * kMiddle);
+    matrix.postMultScale(osg::Vec3d(ratio, ratio, ratio));
+    matrix.postMultTranslate(osg::Vec3d(skeleton.offset) * kMiddle);
 }
 
 float HipRatio(BvhSegmentMap& skeleton, IveSegmentMap& avatar)

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <iterator>
+#include <string_view>
+
+namespace KivCharacterization {
+
+/// Finds entries of a map by going on from the last one that was asked for: right for any order of keys,
+/// quick where each is near the one before. The map outlives the search and gains and loses nothing
+/// meanwhile.
+template <typename Map>
+class NeighbourSearch
+{
+public:
+    explicit NeighbourSearch(const Map& map) : m_map(map), m_at(map.begin()) {}
+
+    /// @return null for a key that the map has not.
+    const typename Map::mapped_type* find(std::string_view key)
+    {
+        while (m_at != m_map.end() && m_at->first < key) {
+            ++m_at;
+        }
+        while (m_at != m_map.begin() && !(std::prev(m_at)->first < key)) {
+            --m_at;
+        }
+        return m_at != m_map.end() && m_at->first == key ? &m_at->second : nullptr;
+    }
+
+private:
+    const Map& m_map;
+    typename Map::const_iterator m_at;  ///< the first entry that is not before the last key
+};
+
+}  // namespace KivCharacterization
