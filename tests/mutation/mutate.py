@@ -22,7 +22,7 @@ WORK = ROOT / "build" / "mutation"
 SOURCES = ["jointnaming", "characterbvh", "segmentfitting", "skeletonvisitors", "actorupdatecallbacks",
            "bvhbuildhierarchyfromstringcmdexchandler", "actorcmdexchandlers", "cameracmdexchandlers",
            "propscmdexchandlers", "kivpropsproertymanager", "actorscene", "namelabel", "namelabeltext", "glyphfront",
-           "labelvisibility", "rootjoint"]
+           "labelvisibility", "rootjoint", "neighboursearch.h"]
 # Seconds, several times what the unchanged programs take. The later ones see only what the earlier ones let through.
 PROGRAMS = {"unit": 60, "scenario": 60, "otherreader": 60, "allocationfailure": 300}
 TARGET = 0.95
@@ -140,7 +140,8 @@ def is_equivalent(mutant, text, listed):
 
 def main():
     arguments = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
-    arguments.add_argument("files", nargs="*", help="sources of KivCharacterization/Characterization, without .cpp")
+    arguments.add_argument("files", nargs="*",
+                           help="sources of KivCharacterization/Characterization, without .cpp; headers with .h")
     arguments.add_argument("--sample", type=int, default=0, help="as many mutants, drawn at random; 0: all of them")
     arguments.add_argument("--seed", type=int, default=1)
     arguments.add_argument("--jobs", type=int, default=2)
@@ -148,7 +149,8 @@ def main():
                            help="only the survivors that an earlier run has printed there")
     options = arguments.parse_args()
 
-    names = [f"KivCharacterization/Characterization/{name}.cpp" for name in options.files or SOURCES]
+    names = ["KivCharacterization/Characterization/" + (name if name.endswith(".h") else f"{name}.cpp")
+             for name in options.files or SOURCES]
     texts = {name: (ROOT / name).read_text() for name in names}
     listed = equivalents()
     everything = [mutant for name in names for mutant in mutants_of(name, texts[name])]
