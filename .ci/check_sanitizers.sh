@@ -1,8 +1,7 @@
 #!/usr/bin/env bash
 # Builds with sanitizers and runs the tests: check_sanitizers.sh [--all]
 # By itself what finds most in little time: the module's tests and whole loads under AddressSanitizer and
-# UndefinedBehaviorSanitizer, threads and frame loop under ThreadSanitizer. With --all every test under the first, and
-# those without a display under the second.
+# UndefinedBehaviorSanitizer, threads and frame loop under ThreadSanitizer. With --all every test under both.
 #   KIV_TSAN_OSG  the libraries of an OpenSceneGraph that is built with ThreadSanitizer, too: docs/reliability.md
 set -euo pipefail
 cd "$(dirname "$(realpath "$0")")/.."
@@ -36,4 +35,4 @@ if [[ -n "${KIV_TSAN_OSG:-}" ]]; then
     OSG_LIBRARY_PATH="$(pkg-config --variable=libdir openscenegraph-osg)"
     export OSG_LIBRARY_PATH
 fi
-ctest --preset tsan -j "$(nproc)" --label-exclude 'packaging|docs|install|gui'
+ctest --preset tsan -j "$(nproc)" --label-exclude 'packaging|docs|install'

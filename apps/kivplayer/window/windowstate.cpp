@@ -31,7 +31,12 @@ void PlayerWindow::writeState(bool always)
 {
     if (!m_stateFile.isWanted() || (!m_stateFile.isDue(now()) && !always))
         return;
-    ordered_json all = state();
+    ordered_json all;
+    {
+        // Camera and props are told of, and a command may be changing them.
+        const KivTaskCommand::SceneGate::Pass pass(m_session.gate());
+        all = state();
+    }
     all["running"] = !always;
     if (!m_stateFile.write(all) && always)
         m_console.error({m_options.stateFile, 0, 0, "cannot be written"});
