@@ -6,12 +6,16 @@
 set -euo pipefail
 cd "$(dirname "$(realpath "$0")")/.."
 
+build() { # PRESET ARGUMENT...
+    echo "== $1"
+    cmake --preset "$1" > /dev/null
+    cmake --build --preset "$@"
+}
+
 check() { # PRESET TARGET...: those test programs
     local preset="$1" alternatives
     shift
-    echo "== $preset"
-    cmake --preset "$preset" > /dev/null
-    cmake --build --preset "$preset" --target KivRoot "$@"
+    build "$preset" --target KivRoot "$@"
     alternatives="$(IFS='|' && echo "$*")"
     ctest --preset "$preset" -j "$(nproc)" --tests-regex "^($alternatives)\\."
 }
@@ -21,18 +25,14 @@ if [[ "${1:-}" != --all ]]; then
     check tsan taskcommandtest soak
     exit
 fi
-echo "== asan"
-cmake --preset asan > /dev/null
-cmake --build --preset asan
-ctest --preset asan -j "$(nproc)" --label-exclude 'packaging|docs'
+build asan
+ctest --preset asan -j "$(nproc)" --label-exclude packaging
 ctest --preset asan-drivers -j "$(nproc)"
-echo "== tsan"
-cmake --preset tsan > /dev/null
-cmake --build --preset tsan
+build tsan
 if [[ -n "${KIV_TSAN_OSG:-}" ]]; then
     # Its plugins, which need not be built so, are the system's.
     export LD_LIBRARY_PATH="$KIV_TSAN_OSG"
     OSG_LIBRARY_PATH="$(pkg-config --variable=libdir openscenegraph-osg)"
     export OSG_LIBRARY_PATH
 fi
-ctest --preset tsan -j "$(nproc)" --label-exclude 'packaging|docs|install'
+ctest --preset tsan -j "$(nproc)" --label-exclude packaging

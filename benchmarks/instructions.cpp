@@ -32,8 +32,8 @@ void count(
     for (int run = 0; run < 3; ++run) {
         before();
         if (run == 2) {
-            malloc_trim(
-                0);  // or tidying up the heap falls into this work or the next, as its addresses have it
+            // Or tidying up the heap falls into this work or the next, as its addresses have it.
+            malloc_trim(0);
             CALLGRIND_ZERO_STATS;
             CALLGRIND_TOGGLE_COLLECT;
         }
