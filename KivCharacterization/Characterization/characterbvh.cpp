@@ -15,6 +15,7 @@
 #include "KivCharacterization/Characterization/neighboursearch.h"
 #include "KivCharacterization/Characterization/nodemasks.h"
 #include "KivCharacterization/Characterization/piececopy.h"
+#include "KivCharacterization/Characterization/piecemount.h"
 #include "KivCharacterization/Characterization/segmentfitting.h"
 #include "KivCharacterization/Characterization/skeletonvisitors.h"
 #include "KivManipulator/propsgeode.h"
@@ -25,9 +26,27 @@ namespace {
 
 const char* const kSource = "KivCharacterization/Characterization/characterbvh";
 
-// A quarter turn about x takes the avatar's Y-up to the scene's Z-up. The angle is pi/2 as single precision
-// has it.
-const osg::Matrixd kUpAxisTurn = osg::Matrixd::rotate(1.5707963705062866, osg::Vec3d(1.0, 0.0, 0.0));
+/// Takes both collecting walks over a motion skeleton at once, while a bone is still near in memory.
+class SkeletonCollector : public osg::NodeVisitor
+{
+public:
+    explicit SkeletonCollector(SFittingRecord& record)
+        : osg::NodeVisitor(TRAVERSE_ALL_CHILDREN),
+          m_joints(new CBvhSkeletonNodeVisitor(&record.jointMap)),
+          m_segments(new CBVhCalBoneLenNodeVisitor(&record.segmentMap))
+    {}
+    void apply(osg::Node& node) override
+    {
+        m_joints->collect(node);
+        m_segments->collect(node);
+        traverse(node);
+    }
+    using osg::NodeVisitor::apply;
+
+private:
+    osg::ref_ptr<CBvhSkeletonNodeVisitor> m_joints;
+    osg::ref_ptr<CBVhCalBoneLenNodeVisitor> m_segments;
+};
 
 /// What the steps of a run share, for its length.
 struct SCurrentRun
@@ -38,14 +57,12 @@ struct SCurrentRun
 };
 SCurrentRun currentRun;
 
-/// What the pieces of a run share while they are attached, in the order of their joints' names and so nearly
+/// Where the steps of a run look for segments. Pieces come in the order of their joints' names and so nearly
 /// in that of their segments.
-struct SAttaching
+struct SSegmentSearch
 {
-    osg::ref_ptr<osg::StateSet> rescaling =
-        new osg::StateSet;  ///< one for all: culling and drawing are quicker
-    NeighbourSearch<BvhSegmentMap> skeletonSegments{currentRun.record->segmentMap};
-    NeighbourSearch<IveSegmentMap> avatarSegments{currentRun.avatar->segmentMap};
+    NeighbourSearch<BvhSegmentMap> skeleton{currentRun.record->segmentMap};
+    NeighbourSearch<IveSegmentMap> avatar{currentRun.avatar->segmentMap};
 };
 
 KivAnimation::Skeleton* findSkeleton(osg::Node* node)
@@ -62,37 +79,33 @@ KivAnimation::Skeleton* findSkeleton(osg::Node* node)
     return nullptr;
 }
 
-/// Puts a props transform between wrapper and holder, with the geode that moves it beside it.
-osg::ref_ptr<KivManipulator::PropsGeode> buildProps(const std::string& joint, const KivAnimation::Bone& bone,
-                                                    osg::MatrixTransform& wrapper,
-                                                    osg::MatrixTransform& holder)
+/// Makes the geode that moves a props transform, beside it.
+osg::ref_ptr<KivManipulator::PropsGeode> buildProps(const SPieceMount& mount)
 {
-    osg::ref_ptr<osg::MatrixTransform> propsTransform = new osg::MatrixTransform;
-    propsTransform->addChild(&holder);
-    const osg::Vec3f position(bone.getInitialMatrix().getTrans());
+    const osg::Vec3f position(mount.bone->getInitialMatrix().getTrans());
     osg::ref_ptr<KivManipulator::PropsGeode> props =
-        new KivManipulator::PropsGeode(currentRun.actorName, propsTransform.get(), position,
+        new KivManipulator::PropsGeode(currentRun.actorName, mount.propsTransform, position,
                                        KivPropsProertyManager::Instance()->CreateProertyChangeLink());
     props->SetDefaultDragger();
-    wrapper.addChild(propsTransform.get());
-    wrapper.addChild(props.get());
-    currentRun.record->propsMap[joint] = props.get();
+    mount.wrapper->addChild(props.get());
+    currentRun.record->propsMap[*mount.joint] = props.get();
     return props;
 }
 
 /// Turns and stretches the piece of a bone segment that both sides have.
-void fitToSegment(std::string_view segment, KivAnimation::Bone& bone, osg::MatrixTransform& holder,
-                  KivManipulator::PropsGeode* props, SAttaching& attaching)
+void fitToSegment(const SPieceMount& mount, KivManipulator::PropsGeode* props, SSegmentSearch& segments)
 {
-    const BvhSegment* skeletonSegment = attaching.skeletonSegments.find(segment);
-    const IveSegment* avatarSegment = attaching.avatarSegments.find(segment);
+    const std::string_view segment = PieceBase(mount.piece->getName());
+    const BvhSegment* skeletonSegment = segments.skeleton.find(segment);
+    const IveSegment* avatarSegment = segments.avatar.find(segment);
     if (!skeletonSegment || !avatarSegment) {
         return;
     }
+    osg::MatrixTransform& holder = *mount.holder;
     if (props) {
         // The user places this piece: it starts out as it was modelled.
         holder.setMatrix(osg::Matrixd::identity());
-        props->SetInitalBoneAndMatrix(&bone, bone.getInitialMatrix(), holder.getMatrix());
+        props->SetInitalBoneAndMatrix(mount.bone, mount.bone->getInitialMatrix(), holder.getMatrix());
         return;
     }
     osg::Matrixd matrix = holder.getMatrix();
@@ -101,40 +114,33 @@ void fitToSegment(std::string_view segment, KivAnimation::Bone& bone, osg::Matri
     holder.setMatrix(matrix);
 }
 
-/// Hangs a copy of one piece under its bone.
-/// @return the holder, or null for a piece that is not attached.
-osg::ref_ptr<osg::MatrixTransform> attachPiece(const std::string& joint, KivAnimation::Bone& bone,
-                                               const osg::MatrixTransform& piece, SAttaching& attaching)
+/// @return null for a piece whose copy is no matrix transform.
+osg::ref_ptr<osg::MatrixTransform> copyPiece(const osg::MatrixTransform& piece)
 {
-    const std::string& name = piece.getName();
-    if (name.find('$', kPiecePrefixLength) == std::string::npos) {
-        return nullptr;
-    }
-    const osg::ref_ptr<osg::Object> clone = piece.clone(PieceCopy());
-    auto* copy = dynamic_cast<osg::MatrixTransform*>(clone.get());
+    const osg::ref_ptr<osg::Node> copy = PieceCopy()(&piece);
+    osg::Transform* transform = copy ? copy->asTransform() : nullptr;
+    return transform ? transform->asMatrixTransform() : nullptr;
+}
+
+/// Hangs a copy of its piece into a mount.
+/// @return false for a piece that cannot be copied.
+bool fillMount(const SPieceMount& mount, SSegmentSearch& segments)
+{
+    const osg::ref_ptr<osg::MatrixTransform> copy = copyPiece(*mount.piece);
     if (!copy) {
-        return nullptr;
+        return false;
     }
-    osg::ref_ptr<osg::MatrixTransform> wrapper = new osg::MatrixTransform;
-    osg::ref_ptr<osg::MatrixTransform> holder = new osg::MatrixTransform(kUpAxisTurn);
-    holder->setStateSet(attaching.rescaling.get());
-    holder->addChild(copy);
-    const bool alongSegment = ClassifySegmentPiece(name) != SegmentPieceKind::None;
-    if (alongSegment) {
-        copy->setMatrix(osg::Matrixd::identity());
-    }
+    mount.holder->addChild(copy.get());
     osg::ref_ptr<KivManipulator::PropsGeode> props;
-    if (IsPropsJoint(joint)) {
-        props = buildProps(joint, bone, *wrapper, *holder);
+    if (mount.propsTransform) {
+        props = buildProps(mount);
         copy->setNodeMask(kOverlayMask);
-    } else {
-        wrapper->addChild(holder.get());
     }
-    if (alongSegment) {
-        fitToSegment(PieceBase(name), bone, *holder, props.get(), attaching);
+    if (ClassifySegmentPiece(mount.piece->getName()) != SegmentPieceKind::None) {
+        copy->setMatrix(osg::Matrixd::identity());
+        fitToSegment(mount, props.get(), segments);
     }
-    bone.addChild(wrapper.get());
-    return holder;
+    return true;
 }
 
 using Holders = std::vector<const osg::MatrixTransform*>;
@@ -143,19 +149,13 @@ using Holders = std::vector<const osg::MatrixTransform*>;
 Holders attachPieces()
 {
     Holders holders;
-    SAttaching attaching;
-    attaching.rescaling->setMode(GL_NORMALIZE, osg::StateAttribute::ON);
-    NeighbourSearch<IveJointMap> avatarJoints(currentRun.avatar->jointMap);
-    for (const auto& [joint, bone] : currentRun.record->jointMap) {
-        const IveJointEntry* entry = avatarJoints.find(joint);
-        if (!entry) {
-            continue;
-        }
-        for (const osg::MatrixTransform* piece : entry->pieces) {
-            const auto holder = attachPiece(joint, *bone, *piece, attaching);
-            if (holder && SpecialJointTable::instance().record(piece->getName(), holder.get())) {
-                holders.push_back(holder.get());
-            }
+    SSegmentSearch segments;
+    for (const SPieceMount& mount : MountPieces(currentRun.record->jointMap, currentRun.avatar->jointMap)) {
+        if (!fillMount(mount, segments)) {
+            Dismount(mount);
+        } else if (mount.isSpecial) {
+            SpecialJointTable::instance().record(mount.piece->getName(), mount.holder);
+            holders.push_back(mount.holder);
         }
     }
     return holders;
@@ -211,10 +211,8 @@ unsigned int AttachEntityToBvhSkeleton(const std::string& actorName, osg::Node* 
         ReportError(kSource, 37, "can not find skeleton node !");
         return 0;
     }
-    osg::ref_ptr<CBvhSkeletonNodeVisitor> joints = new CBvhSkeletonNodeVisitor(&record.jointMap);
-    skeleton->accept(*joints);
-    osg::ref_ptr<CBVhCalBoneLenNodeVisitor> segments = new CBVhCalBoneLenNodeVisitor(&record.segmentMap);
-    skeleton->accept(*segments);
+    osg::ref_ptr<SkeletonCollector> collector = new SkeletonCollector(record);
+    skeleton->accept(*collector);
 
     currentRun.record = &record;
     currentRun.avatar = &avatar;

@@ -10,7 +10,8 @@
 namespace KivCharacterization {
 
 /// A deep copy of everything. What makes up a mesh is taken for what its original is, where OpenSceneGraph's
-/// own copies are asked for their type one by one: a tenth of the time that a piece of 500 triangles takes.
+/// own copies are asked for their type one by one, and places and normals are copied several at once: two
+/// tenths of the instructions that a piece of 500 triangles takes.
 class PieceCopy : public osg::CopyOp
 {
 public:
@@ -20,7 +21,7 @@ public:
     osg::Node* operator()(const osg::Node* node) const override { return copyOf(node); }
     osg::Drawable* operator()(const osg::Drawable* drawable) const override { return copyOf(drawable); }
     osg::StateSet* operator()(const osg::StateSet* stateSet) const override { return copyOf(stateSet); }
-    osg::Array* operator()(const osg::Array* array) const override { return copyOf(array); }
+    osg::Array* operator()(const osg::Array* array) const override;
     osg::PrimitiveSet* operator()(const osg::PrimitiveSet* primitives) const override
     {
         return copyOf(primitives);

@@ -46,10 +46,15 @@ CBvhSkeletonNodeVisitor::CBvhSkeletonNodeVisitor(BvhJointMap* joints)
 
 void CBvhSkeletonNodeVisitor::apply(osg::Node& node)
 {
+    collect(node);
+    traverse(node);
+}
+
+void CBvhSkeletonNodeVisitor::collect(osg::Node& node)
+{
     if (KivAnimation::Bone* bone = asBone(node)) {
         enter(*m_pJoints, m_next, UnqualifiedJointName(bone->getName()), bone);
     }
-    traverse(node);
 }
 
 CBVhCalBoneLenNodeVisitor::CBVhCalBoneLenNodeVisitor(BvhSegmentMap* segments)
@@ -58,9 +63,14 @@ CBVhCalBoneLenNodeVisitor::CBVhCalBoneLenNodeVisitor(BvhSegmentMap* segments)
 
 void CBVhCalBoneLenNodeVisitor::apply(osg::Node& node)
 {
+    collect(node);
+    traverse(node);
+}
+
+void CBVhCalBoneLenNodeVisitor::collect(osg::Node& node)
+{
     KivAnimation::Bone* bone = asBone(node);
     if (!bone) {
-        traverse(node);
         return;
     }
     const std::string_view parentName = UnqualifiedJointName(bone->getName());
@@ -73,7 +83,6 @@ void CBVhCalBoneLenNodeVisitor::apply(osg::Node& node)
         enter(*m_pSegments, m_next, SegmentKey(parentName, UnqualifiedJointName(child->getName())),
               BvhSegment{offset, std::sqrt(offset * offset)});
     }
-    traverse(node);
 }
 
 CIveSkeletonNodeVisitor::CIveSkeletonNodeVisitor(IveJointMap* joints, SkeletonExtra* extra)

@@ -17,6 +17,8 @@ public:
     explicit CBvhSkeletonNodeVisitor(BvhJointMap* joints);
     void apply(osg::Node& node) override;
     using osg::NodeVisitor::apply;
+    /// The part of apply() that does not go on to what is below the node.
+    void collect(osg::Node& node);
 
 private:
     BvhJointMap* m_pJoints;
@@ -30,6 +32,8 @@ public:
     explicit CBVhCalBoneLenNodeVisitor(BvhSegmentMap* segments);
     void apply(osg::Node& node) override;
     using osg::NodeVisitor::apply;
+    /// The part of apply() that does not go on to what is below the node.
+    void collect(osg::Node& node);
 
 private:
     BvhSegmentMap* m_pSegments;

@@ -11,7 +11,7 @@
 namespace KivBenchmark {
 
 /// What a dress costs with nothing found, checked, fitted or recorded: the nodes that the contract asks for,
-/// made and hung by OpenSceneGraph's own calls. The floor under dressing.
+/// copied, made and hung as the module does it. The floor under dressing.
 
 /// The pieces of an avatar, each with the joint of a skeleton that it goes to.
 using PiecePlaces = std::vector<std::pair<osg::Group*, const osg::MatrixTransform*>>;

@@ -7,6 +7,7 @@
 #include <osg/MatrixTransform>
 #include <osg/ShapeDrawable>
 #include <osg/Texture2D>
+#include <osg/ValueObject>
 
 #include <initializer_list>
 #include <map>
@@ -157,6 +158,67 @@ TEST(APieceCopy, hasTheSameFiguresInIt)
     EXPECT_EQ((*static_cast<const osg::Vec3Array*>(mesh->getVertexArray()))[1], osg::Vec3(1, 0, 0));
     EXPECT_EQ(mesh->getColorBinding(), osg::Geometry::BIND_OVERALL);
     EXPECT_EQ(mesh->getPrimitiveSet(1)->index(3), 2U);
+}
+
+osg::ref_ptr<osg::Array> copyOf(const osg::ref_ptr<osg::Vec3Array>& array)
+{
+    return PieceCopy()(static_cast<const osg::Array*>(array.get()));
+}
+
+TEST(APieceCopy, ofAnArrayHasItsValuesWhateverTheirNumber)
+{
+    for (const unsigned number : {0U, 1U, 2U, 3U, 4U, 5U, 7U, 8U, 33U, 1000U}) {
+        osg::ref_ptr<osg::Vec3Array> array = new osg::Vec3Array;
+        for (unsigned i = 0; i < number; ++i) {
+            const auto first = static_cast<float>(3 * i);
+            array->push_back(osg::Vec3(first, first + 1, -first - 2));
+        }
+        const auto copy = copyOf(array);
+        EXPECT_EQ(static_cast<const osg::Vec3Array&>(*copy).asVector(), array->asVector()) << number;
+    }
+}
+
+TEST(APieceCopy, ofAnArraySaysHowItsValuesAreUsed)
+{
+    osg::ref_ptr<osg::Vec3Array> array = arrayOf<osg::Vec3Array>({{1, 2, 3}});
+    array->setName("normals");
+    array->setDataVariance(osg::Object::DYNAMIC);
+    array->setBinding(osg::Array::BIND_PER_PRIMITIVE_SET);
+    array->setNormalize(true);
+    array->setPreserveDataType(true);
+    const auto copy = copyOf(array);
+    EXPECT_EQ(copy->getName(), "normals");
+    EXPECT_EQ(copy->getDataVariance(), osg::Object::DYNAMIC);
+    EXPECT_EQ(copy->getBinding(), osg::Array::BIND_PER_PRIMITIVE_SET);
+    EXPECT_TRUE(copy->getNormalize());
+    EXPECT_TRUE(copy->getPreserveDataType());
+}
+
+TEST(APieceCopy, ofAnArrayTakesItsUserDataAndCallbackAlong)
+{
+    osg::ref_ptr<osg::Vec3Array> withData = arrayOf<osg::Vec3Array>({{1, 2, 3}});
+    withData->setUserValue("weight", 7);
+    int weight = 0;
+    EXPECT_TRUE(copyOf(withData)->getUserValue("weight", weight));
+    EXPECT_EQ(weight, 7);
+    osg::ref_ptr<osg::Vec3Array> withCallback = arrayOf<osg::Vec3Array>({{1, 2, 3}});
+    withCallback->setModifiedCallback(new osg::BufferData::ModifiedCallback);
+    EXPECT_EQ(copyOf(withCallback)->getModifiedCallback(), withCallback->getModifiedCallback());
+}
+
+/// Vectors that know more than their values.
+class MarkedVectors : public osg::Vec3Array
+{
+public:
+    MarkedVectors() = default;
+    MarkedVectors(const MarkedVectors& other, const osg::CopyOp& copyop) : osg::Vec3Array(other, copyop) {}
+    osg::Object* clone(const osg::CopyOp& copyop) const override { return new MarkedVectors(*this, copyop); }
+};
+
+TEST(APieceCopy, ofAnArrayOfAnotherClassIsOfThatClass)
+{
+    const osg::ref_ptr<osg::Vec3Array> marked = new MarkedVectors;
+    EXPECT_NE(dynamic_cast<const MarkedVectors*>(copyOf(marked).get()), nullptr);
 }
 
 TEST(APieceCopy, ofNothingIsNothing)
