@@ -72,8 +72,9 @@ void atLeast(benchmark::State& state, const std::function<SIveInfo()>& makeAvata
     PieceCounter counter;
     for (auto _ : state) {
         const osg::ref_ptr<osg::Node> skeleton = bareSkeleton();
-        const PiecePlaces places = findPlaces(*skeleton, avatar);
+        const PiecePlaces places = findPlaces(SkeletonTables(*skeleton).joints, avatar);
         const double start = threadSeconds();
+        const SkeletonTables tables(*skeleton);
         hangCopies(places);
         state.SetIterationTime(threadSeconds() - start);
         if (counter.pieces == 0)

@@ -45,11 +45,11 @@ def dressing(size, title, at_most):
 
 
 def floor(work, title):
-    """What the contract's nodes alone cost, made by the platform's own calls."""
+    """What the contract's nodes and tables cost at least."""
     return Row(f"… floor: {title}", f"{work}/floor", f"{work}/copies", "deep copies")
 
 
-HUNG = "the copies in their transforms, hung on the bones"
+HUNG = "the skeleton's tables, the copies in their transforms, hung on the bones"
 
 ROWS = [
     Row("read 60 joints × 10 000 rows", "reading/motion/ours/10000", "reading/motion/minimal/10000",
@@ -79,7 +79,7 @@ ROWS = [
       for n in (15, 60, 240)],
     Row("load command, hierarchy, shipped avatar", "commands/load/ours", "commands/load/copies", "deep copies",
         at_most=1.4),
-    floor("commands/load", "minimal reader, plain bones, and the same"),
+    floor("commands/load", "minimal reader, plain bones, name label, and the same"),
     Row("… of the first actor", "commands/load/first", "commands/load/copies", "deep copies"),
     Row("… with a props", "commands/load/props", "commands/load/copies", "deep copies"),
     *[Row(f"replace an actor among {n}", f"commands/replace/{n}", "commands/replace/1", "among 1")

@@ -7,11 +7,19 @@
 
 namespace KivBenchmark {
 
-PiecePlaces findPlaces(osg::Node& skeleton, const KivCharacterization::CommonTypeDef::SIveInfo& avatar)
+SkeletonTables::SkeletonTables(osg::Node& skeleton)
 {
-    KivCharacterization::BvhJointMap joints;
-    const osg::ref_ptr<osg::NodeVisitor> visitor = new KivCharacterization::CBvhSkeletonNodeVisitor(&joints);
-    skeleton.accept(*visitor);
+    const osg::ref_ptr<osg::NodeVisitor> intoJoints =
+        new KivCharacterization::CBvhSkeletonNodeVisitor(&joints);
+    skeleton.accept(*intoJoints);
+    const osg::ref_ptr<osg::NodeVisitor> intoSegments =
+        new KivCharacterization::CBVhCalBoneLenNodeVisitor(&segments);
+    skeleton.accept(*intoSegments);
+}
+
+PiecePlaces findPlaces(const KivCharacterization::BvhJointMap& joints,
+                       const KivCharacterization::CommonTypeDef::SIveInfo& avatar)
+{
     PiecePlaces places;
     for (const auto& [joint, entry] : avatar.jointMap) {
         const auto bone = joints.find(joint);

@@ -10,12 +10,23 @@
 
 namespace KivBenchmark {
 
-/// What a dress costs with nothing found, checked, fitted or recorded: the nodes that the contract asks for,
-/// copied, made and hung as the module does it. The floor under dressing.
+/// What a dress costs with nothing found, checked or fitted: the tables and nodes that the contract asks for,
+/// made, copied and hung as the module does it. The floor under dressing.
+
+/// The tables of joints and segments, made by the module's walks, one after the other.
+struct SkeletonTables
+{
+    SkeletonTables() = default;
+    explicit SkeletonTables(osg::Node& skeleton);
+
+    KivCharacterization::BvhJointMap joints;
+    KivCharacterization::BvhSegmentMap segments;
+};
 
 /// The pieces of an avatar, each with the joint of a skeleton that it goes to.
 using PiecePlaces = std::vector<std::pair<osg::Group*, const osg::MatrixTransform*>>;
-PiecePlaces findPlaces(osg::Node& skeleton, const KivCharacterization::CommonTypeDef::SIveInfo& avatar);
+PiecePlaces findPlaces(const KivCharacterization::BvhJointMap& joints,
+                       const KivCharacterization::CommonTypeDef::SIveInfo& avatar);
 
 /// Hangs a deep copy of every piece at its place, in its two transforms.
 void hangCopies(const PiecePlaces& places);
