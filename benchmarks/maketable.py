@@ -41,12 +41,12 @@ def posing(kind, title):
 
 
 def dressing(size, title, at_most):
-    return Row(f"dress, {title}", f"dressing/{size}/ours", f"dressing/{size}/copies", "deep copies", at_most=at_most)
+    return Row(f"dress, {title}", f"dressing/{size}", f"dressing/{size}:copies", "deep copies", at_most=at_most)
 
 
 def floor(work, title):
     """What the contract's nodes and tables cost at least."""
-    return Row(f"… floor: {title}", f"{work}/floor", f"{work}/copies", "deep copies")
+    return Row(f"… floor: {title}", f"{work}:floor", f"{work}:copies", "deep copies")
 
 
 HUNG = "the skeleton's tables, the copies in their transforms, hung on the bones"
@@ -77,11 +77,11 @@ ROWS = [
     floor("dressing/shipped", HUNG),
     *[Row(f"… of {n} light pieces, per piece", f"dressing/light/{n}", "dressing/light/60", "of 60", per=n, peer_per=60)
       for n in (15, 60, 240)],
-    Row("load command, hierarchy, shipped avatar", "commands/load/ours", "commands/load/copies", "deep copies",
+    Row("load command, hierarchy, shipped avatar", "commands/load", "commands/load:copies", "deep copies",
         at_most=1.4),
     floor("commands/load", "minimal reader, plain bones, name label, and the same"),
-    Row("… of the first actor", "commands/load/first", "commands/load/copies", "deep copies"),
-    Row("… with a props", "commands/load/props", "commands/load/copies", "deep copies"),
+    Row("… of the first actor", "commands/load/first", "commands/load:copies", "deep copies"),
+    Row("… with a props", "commands/load/props", "commands/load:copies", "deep copies"),
     *[Row(f"replace an actor among {n}", f"commands/replace/{n}", "commands/replace/1", "among 1")
       for n in (10, 100, 1000)],
     *[Row(f"remove an actor among {n}", f"commands/remove/{n}", "commands/remove/1", "among 1")
