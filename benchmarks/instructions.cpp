@@ -100,6 +100,9 @@ void countDressing()
 
 void countCommands()
 {
+    // What goes with an actor may or may not make the C library tidy up its lists of small pieces, as their
+    // addresses have it: without such lists there is nothing to tidy up.
+    mallopt(M_MXFAST, 0);
     const ModuleHost host;
     const std::string hierarchy = hierarchyText(Props::None);
     count(

@@ -56,13 +56,22 @@ bool IsPropsJoint(const std::string& normalisedName);
 const std::array<std::string, 4>& TorsoPieceNames();
 const std::array<std::string, 14>& HandPieceNames();
 
+/// Orders names that begin alike, most of which their lengths tell apart.
+struct ShorterFirst
+{
+    bool operator()(const std::string& a, const std::string& b) const
+    {
+        return a.size() != b.size() ? a.size() < b.size() : a < b;
+    }
+};
+
 /// Where fitting left the holders of the torso and hand pieces, by the pieces' full names. One table for
 /// the process, filled with its 18 names when the module is loaded. Entries only watch: one whose transform
 /// is gone reads as null. Not locked: fitting runs once at a time.
 class SpecialJointTable
 {
 public:
-    using Entries = std::map<std::string, osg::observer_ptr<osg::MatrixTransform>>;
+    using Entries = std::map<std::string, osg::observer_ptr<osg::MatrixTransform>, ShorterFirst>;
 
     static SpecialJointTable& instance();
 

@@ -17,13 +17,27 @@ public:
     /// @return null for a key that the map has not.
     const typename Map::mapped_type* find(std::string_view key)
     {
-        while (m_at != m_map.end() && m_at->first < key) {
-            ++m_at;
+        for (; m_at != m_map.end(); ++m_at) {
+            const int order = m_at->first.compare(key);
+            if (order == 0) {
+                return &m_at->second;
+            }
+            if (order > 0) {
+                break;
+            }
         }
-        while (m_at != m_map.begin() && !(std::prev(m_at)->first < key)) {
-            --m_at;
+        while (m_at != m_map.begin()) {
+            const auto before = std::prev(m_at);
+            const int order = before->first.compare(key);
+            if (order < 0) {
+                break;
+            }
+            m_at = before;
+            if (order == 0) {
+                return &m_at->second;
+            }
         }
-        return m_at != m_map.end() && m_at->first == key ? &m_at->second : nullptr;
+        return nullptr;
     }
 
 private:
