@@ -27,7 +27,7 @@ public:
         return *this;
     }
     bool operator==(const ComponentIterator& other) const { return m_at == other.m_at; }
-    bool operator!=(const ComponentIterator& other) const { return m_at != other.m_at; }
+    bool operator!=(const ComponentIterator& other) const { return !(*this == other); }
 
 private:
     const osg::Vec3f* m_at;
