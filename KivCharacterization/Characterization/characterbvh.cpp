@@ -80,7 +80,7 @@ KivAnimation::Skeleton* findSkeleton(osg::Node* node)
 }
 
 /// Makes the geode that moves a props transform, beside it.
-osg::ref_ptr<KivManipulator::PropsGeode> buildProps(const SPieceMount& mount)
+void buildProps(const SPieceMount& mount)
 {
     const osg::Vec3f position(mount.bone->getInitialMatrix().getTrans());
     osg::ref_ptr<KivManipulator::PropsGeode> props =
@@ -88,30 +88,62 @@ osg::ref_ptr<KivManipulator::PropsGeode> buildProps(const SPieceMount& mount)
                                        KivPropsProertyManager::Instance()->CreateProertyChangeLink());
     props->SetDefaultDragger();
     mount.wrapper->addChild(props.get());
+    if (mount.hasSegment) {
+        props->SetInitalBoneAndMatrix(mount.bone, mount.bone->getInitialMatrix(), mount.holder->getMatrix());
+    }
     currentRun.record->propsMap[*mount.joint] = props.get();
-    return props;
 }
 
-/// Turns and stretches the piece of a bone segment that both sides have.
-void fitToSegment(const SPieceMount& mount, KivManipulator::PropsGeode* props, SSegmentSearch& segments)
+/// Turns and stretches what a holder will hold by the bone segment that both sides have.
+/// @return false, and no change, where a side lacks it.
+bool fitToSegment(const SPieceMount& mount, SSegmentSearch& segments)
 {
     const std::string_view segment = PieceBase(mount.piece->getName());
     const BvhSegment* skeletonSegment = segments.skeleton.find(segment);
     const IveSegment* avatarSegment = segments.avatar.find(segment);
     if (!skeletonSegment || !avatarSegment) {
-        return;
+        return false;
     }
-    osg::MatrixTransform& holder = *mount.holder;
-    if (props) {
-        // The user places this piece: it starts out as it was modelled.
-        holder.setMatrix(osg::Matrixd::identity());
-        props->SetInitalBoneAndMatrix(mount.bone, mount.bone->getInitialMatrix(), holder.getMatrix());
-        return;
+    osg::Matrixd matrix;  // The user places a props: it starts out as it was modelled.
+    if (!mount.propsTransform) {
+        matrix = mount.holder->getMatrix();
+        AlignToSegment(matrix, *skeletonSegment, *avatarSegment);
+        StretchToSegment(matrix, *skeletonSegment, *avatarSegment);
     }
-    osg::Matrixd matrix = holder.getMatrix();
-    AlignToSegment(matrix, *skeletonSegment, *avatarSegment);
-    StretchToSegment(matrix, *skeletonSegment, *avatarSegment);
-    holder.setMatrix(matrix);
+    mount.holder->setMatrix(matrix);
+    return true;
+}
+
+void fitToSegments(std::vector<SPieceMount>& mounts)
+{
+    SSegmentSearch segments;
+    for (SPieceMount& mount : mounts) {
+        mount.hasSegment = mount.followsSegment && fitToSegment(mount, segments);
+    }
+}
+
+template <typename Names>
+void setProportion(SPieceMount& mount, const Names& names, float ratio)
+{
+    if (std::find(names.begin(), names.end(), mount.special->first) != names.end()) {
+        mount.proportion = ratio;
+    }
+}
+
+/// The hip width sizes the torso and the left ring finger's metacarpal both hands: one figure each is enough
+/// for a body that looks of a piece.
+void findProportions(std::vector<SPieceMount>& mounts)
+{
+    BvhSegmentMap& skeleton = currentRun.record->segmentMap;
+    IveSegmentMap& avatar = currentRun.avatar->segmentMap;
+    const float hipRatio = HipRatio(skeleton, avatar);
+    const float handRatio = HandRatio(skeleton, avatar);
+    for (SPieceMount& mount : mounts) {
+        if (mount.special) {
+            setProportion(mount, TorsoPieceNames(), hipRatio);
+            setProportion(mount, HandPieceNames(), handRatio);
+        }
+    }
 }
 
 /// @return null for a piece whose copy is no matrix transform.
@@ -122,77 +154,57 @@ osg::ref_ptr<osg::MatrixTransform> copyPiece(const osg::MatrixTransform& piece)
     return transform ? transform->asMatrixTransform() : nullptr;
 }
 
-/// Hangs a copy of its piece into a mount.
+/// Hangs a copy of its piece into a mount, and shows the mount's holder in the table of special joints.
 /// @return false for a piece that cannot be copied.
-bool fillMount(const SPieceMount& mount, SSegmentSearch& segments)
+bool fillMount(const SPieceMount& mount)
 {
     const osg::ref_ptr<osg::MatrixTransform> copy = copyPiece(*mount.piece);
     if (!copy) {
         return false;
     }
     mount.holder->addChild(copy.get());
-    osg::ref_ptr<KivManipulator::PropsGeode> props;
-    if (mount.propsTransform) {
-        props = buildProps(mount);
-        copy->setNodeMask(kOverlayMask);
-    }
-    if (ClassifySegmentPiece(mount.piece->getName()) != SegmentPieceKind::None) {
+    if (mount.followsSegment) {
         copy->setMatrix(osg::Matrixd::identity());
-        fitToSegment(mount, props.get(), segments);
+    }
+    if (mount.propsTransform) {
+        copy->setNodeMask(kOverlayMask);
+        buildProps(mount);
+    }
+    if (mount.special) {
+        mount.special->second = mount.holder;
     }
     return true;
 }
 
-using Holders = std::vector<const osg::MatrixTransform*>;
-
-/// @return the holders that the table of special joints shows from now on.
-Holders attachPieces()
+void scaleByProportion(const SPieceMount& mount)
 {
-    Holders holders;
-    SSegmentSearch segments;
-    for (const SPieceMount& mount : MountPieces(currentRun.record->jointMap, currentRun.avatar->jointMap)) {
-        if (!fillMount(mount, segments)) {
+    // Of pieces with one name the table shows the last, and that one is scaled.
+    if (mount.special && mount.special->second == mount.holder) {
+        const double ratio = mount.proportion;
+        mount.holder->setMatrix(mount.holder->getMatrix() * osg::Matrixd::scale(ratio, ratio, ratio));
+    }
+}
+
+/// Copying pushes skeleton and tables out of the caches: what is looked up there is found before.
+void attachPieces()
+{
+    std::vector<SPieceMount> mounts = MountPieces(currentRun.record->jointMap, currentRun.avatar->jointMap);
+    fitToSegments(mounts);
+    findProportions(mounts);
+    for (SPieceMount& mount : mounts) {
+        if (!fillMount(mount)) {
             Dismount(mount);
-        } else if (mount.isSpecial) {
-            SpecialJointTable::instance().record(mount.piece->getName(), mount.holder);
-            holders.push_back(mount.holder);
         }
     }
-    return holders;
-}
-
-/// Scales one special piece. The table may still show another actor's holder, which is not this run's to
-/// change.
-void scaleSpecialJoint(const std::string& name, float ratio, const Holders& ownHolders)
-{
-    osg::MatrixTransform* holder = SpecialJointTable::instance().find(name);
-    if (holder && std::find(ownHolders.begin(), ownHolders.end(), holder) != ownHolders.end()) {
-        holder->setMatrix(holder->getMatrix() * osg::Matrixd::scale(ratio, ratio, ratio));
-    }
-}
-
-/// The hip width sizes the torso and the left ring finger's metacarpal both hands: one figure each is enough
-/// for a body that looks of a piece.
-void scaleProportions(const Holders& ownHolders)
-{
-    BvhSegmentMap& skeleton = currentRun.record->segmentMap;
-    IveSegmentMap& avatar = currentRun.avatar->segmentMap;
-
-    const float hipRatio = HipRatio(skeleton, avatar);
-    for (const std::string& name : TorsoPieceNames()) {
-        scaleSpecialJoint(name, hipRatio, ownHolders);
-    }
-    const float handRatio = HandRatio(skeleton, avatar);
-    for (const std::string& name : HandPieceNames()) {
-        scaleSpecialJoint(name, handRatio, ownHolders);
+    for (const SPieceMount& mount : mounts) {
+        scaleByProportion(mount);
     }
 }
 
 /// @return false if the avatar cannot be fitted; no avatar is refused today.
 bool fitAvatar()
 {
-    const Holders ownHolders = attachPieces();
-    scaleProportions(ownHolders);
+    attachPieces();
     return true;
 }
 

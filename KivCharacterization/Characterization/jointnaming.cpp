@@ -23,11 +23,9 @@ std::string NormaliseJointName(const std::string& name)
 
 std::string SegmentKey(std::string_view parent, std::string_view child)
 {
-    std::string key;
-    key.reserve(parent.size() + 1 + child.size());
-    key += parent;
-    key += '&';
-    key += child;
+    std::string key(parent.size() + 1 + child.size(), '&');
+    parent.copy(key.data(), parent.size());
+    child.copy(key.data() + parent.size() + 1, child.size());
     return key;
 }
 
@@ -114,14 +112,19 @@ osg::MatrixTransform* SpecialJointTable::find(const std::string& name)
     return m_mapEntries[name].get();
 }
 
+SpecialJointTable::Entry* SpecialJointTable::entry(const std::string& name)
+{
+    const auto found = m_mapEntries.find(name);
+    return found != m_mapEntries.end() ? &*found : nullptr;
+}
+
 bool SpecialJointTable::record(const std::string& name, osg::MatrixTransform* transform)
 {
-    const auto entry = m_mapEntries.find(name);
-    if (entry == m_mapEntries.end()) {
-        return false;
+    Entry* const known = entry(name);
+    if (known) {
+        known->second = transform;
     }
-    entry->second = transform;
-    return true;
+    return known != nullptr;
 }
 
 }  // namespace KivCharacterization

@@ -3,7 +3,6 @@
 #include <osg/StateSet>
 
 #include "KivAnimation/bone.h"
-#include "KivCharacterization/Characterization/jointnaming.h"
 #include "KivCharacterization/Characterization/neighboursearch.h"
 
 namespace KivCharacterization {
@@ -31,8 +30,14 @@ SPieceMount makeMount(const std::string& joint, KivAnimation::Bone& bone, const 
     auto* holder = new PieceTransform(propsTransform ? *propsTransform : *wrapper, kUpAxisTurn);
     holder->setStateSet(&rescaling);
     bone.addChild(wrapper.get());
-    const bool isSpecial = SpecialJointTable::instance().entries().count(piece.getName()) != 0;
-    return {&joint, &bone, &piece, wrapper.get(), propsTransform, holder, isSpecial};
+    return {&joint,
+            &bone,
+            &piece,
+            wrapper.get(),
+            propsTransform,
+            holder,
+            SpecialJointTable::instance().entry(piece.getName()),
+            ClassifySegmentPiece(piece.getName()) != SegmentPieceKind::None};
 }
 
 }  // namespace
@@ -58,9 +63,11 @@ std::vector<SPieceMount> MountPieces(const BvhJointMap& skeleton, const IveJoint
     return mounts;
 }
 
-void Dismount(const SPieceMount& mount)
+void Dismount(SPieceMount& mount)
 {
     mount.bone->removeChild(mount.wrapper);
+    mount.wrapper = mount.propsTransform = mount.holder = nullptr;
+    mount.special = nullptr;
 }
 
 }  // namespace KivCharacterization

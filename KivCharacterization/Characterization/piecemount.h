@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "KivCharacterization/Characterization/jointnaming.h"
 #include "KivCharacterization/Characterization/piecetransform.h"
 #include "KivCharacterization/common/fittingmaps.h"
 
@@ -20,7 +21,10 @@ struct SPieceMount
     PieceTransform* wrapper;
     PieceTransform* propsTransform;  ///< between wrapper and holder; null for a piece of no props
     PieceTransform* holder;
-    bool isSpecial;  ///< whether the table of special joints has the piece's name
+    SpecialJointTable::Entry* special;  ///< of the piece's name; null for most
+    bool followsSegment;      ///< whether the piece is of a kind that a bone segment turns and stretches
+    bool hasSegment = false;  ///< whether both sides have that segment
+    float proportion = 1.0f;  ///< what a special piece is scaled by, last of all
 };
 
 /// Mounts for all pieces of the avatar whose joint the skeleton has, in ascending order of the joints' names.
@@ -28,7 +32,7 @@ struct SPieceMount
 /// without the mark that ends its name gets none.
 std::vector<SPieceMount> MountPieces(const BvhJointMap& skeleton, const IveJointMap& avatar);
 
-/// Takes the transforms of a mount, and what hangs in them, away from its bone.
-void Dismount(const SPieceMount& mount);
+/// Takes the transforms of a mount, and what hangs in them, away from its bone. They are gone then.
+void Dismount(SPieceMount& mount);
 
 }  // namespace KivCharacterization

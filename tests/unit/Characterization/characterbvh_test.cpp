@@ -143,7 +143,10 @@ class UncopiedPiece : public osg::MatrixTransform
 {
 public:
     osg::Object* clone(const osg::CopyOp&) const override { return m_copy ? new osg::Group : nullptr; }
-    explicit UncopiedPiece(bool copy) : m_copy(copy) { setName("Joint:Head$"); }
+    explicit UncopiedPiece(bool copy, const std::string& name = "Joint:Head$") : m_copy(copy)
+    {
+        setName(name);
+    }
 
 private:
     bool m_copy;
@@ -383,6 +386,53 @@ TEST_F(Proportions, applyAMissingReferenceSegmentAsZero)
     const Figure made = figure(30, 0);
     ASSERT_EQ(dress(made.root.get()), 1u);
     EXPECT_EQ(findPiece(*made.leftHand, "Joint:LeftHand$").holder->getMatrix()(0, 0), 0.0);
+}
+
+TEST_F(Proportions, doNotMakeUpASegmentThatAPieceFollows)
+{
+    const Figure made = figure(30, 2);
+    made.hips->removeChild(0, 1);
+    const std::string name = "Joint:Hips&LeftUpLeg#Inner$";
+    avatarRoot->getChild(0)->asGroup()->addChild(avatarPiece(name));
+    ASSERT_EQ(dress(made.root.get()), 1u);
+    EXPECT_EQ(record.segmentMap.count("Hips&LeftUpLeg"), 1u);
+    EXPECT_EQ(findPiece(*made.hips, name).holder->getMatrix(), kUpAxis);
+}
+
+/// The holder of the piece that a bone's child is the wrapper of.
+const osg::MatrixTransform& holderBelow(const osg::Group& bone, unsigned int child)
+{
+    return *bone.getChild(child)->asGroup()->getChild(0)->asTransform()->asMatrixTransform();
+}
+
+TEST_F(Proportions, scaleTheLastOfTwoPiecesWithOneName)
+{
+    const Figure made = figure(30, 2);
+    const unsigned int wrappers = made.hips->getNumChildren();
+    avatarRoot->getChild(0)->asGroup()->addChild(avatarPiece("Joint:Hips&Spine$"));
+    ASSERT_EQ(dress(made.root.get()), 1u);
+    EXPECT_EQ(holderBelow(*made.hips, wrappers).getMatrix(), kUpAxis);
+    EXPECT_NEAR(holderBelow(*made.hips, wrappers + 2).getMatrix()(0, 0), 1.5, 1e-6);
+}
+
+TEST_F(Proportions, areThoseOfTheTorsoAndTheHandsWhateverElseTheTableHas)
+{
+    SpecialJointTable::instance().find("Joint:Hips$");
+    const Figure made = figure(30, 2);
+    ASSERT_EQ(dress(made.root.get()), 1u);
+    EXPECT_EQ(findPiece(*made.hips, "Joint:Hips$").holder->getMatrix(), kUpAxis);
+    EXPECT_EQ(SpecialJointTable::instance().find("Joint:Hips$"),
+              findPiece(*made.hips, "Joint:Hips$").holder.get());
+}
+
+TEST_F(Proportions, passByAPieceThatCannotBeCopied)
+{
+    avatarRoot->getChild(0)->asGroup()->addChild(new UncopiedPiece(true, "Joint:Hips&Spine$"));
+    const Figure made = figure(30, 2);
+    ASSERT_EQ(dress(made.root.get()), 1u);
+    EXPECT_NEAR(made.factor(*made.hips, "Joint:Hips&Spine$"), 1.5, 1e-6);
+    EXPECT_EQ(SpecialJointTable::instance().find("Joint:Hips&Spine$"),
+              findPiece(*made.hips, "Joint:Hips&Spine$").holder.get());
 }
 
 TEST_F(Proportions, ofASecondFigureLeaveTheFirstOneAlone)
