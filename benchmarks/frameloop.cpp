@@ -46,29 +46,61 @@ void print(double value, const std::string& name)
     std::printf("%.4g\t%s\n", value, name.c_str());
 }
 
-/// Runs another command's stages and notes how much processor time the one inside the gate takes.
+/// Processor time of the stages of all loads, in seconds.
+struct LoadTimes
+{
+    double prepare = 0.0;         ///< beside the frames, of all together
+    double longestExecute = 0.0;  ///< inside the gate
+};
+
+/// Runs another command's stages and notes how much processor time they take.
 class TimedLoad : public ICmdExcDelegate
 {
 public:
-    TimedLoad(const std::string& motion, int actor, double& longestExecute)
-        : ICmdExcDelegate(1, 2, 3, 4), m_longestExecute(longestExecute)
+    TimedLoad(const std::string& motion, int actor, LoadTimes& times)
+        : ICmdExcDelegate(1, 2, 3, 4), m_times(times)
     {
         ModuleHost::manager().createLoadBVHCommand(motion, actor, "Actor " + std::to_string(actor), &m_load);
     }
 
-    bool prepare() override { return m_load.cmdExcImp()->prepare(); }
+    bool prepare() override
+    {
+        const double start = threadSeconds();
+        const bool done = m_load.cmdExcImp()->prepare();
+        m_times.prepare += threadSeconds() - start;
+        return done;
+    }
     bool execute() override
     {
         const double start = threadSeconds();
         const bool done = m_load.cmdExcImp()->execute();
-        m_longestExecute = std::max(m_longestExecute, 1e3 * (threadSeconds() - start));
+        m_times.longestExecute = std::max(m_times.longestExecute, threadSeconds() - start);
         return done;
     }
     bool finish() override { return m_load.cmdExcImp()->finish(); }
 
 private:
     TaskCommand m_load;
-    double& m_longestExecute;
+    LoadTimes& m_times;
+};
+
+/// Keeps a processor busy for as long as a load does and then passes the gate with nothing to do there.
+class EmptyCommand : public ICmdExcDelegate
+{
+public:
+    explicit EmptyCommand(double seconds) : ICmdExcDelegate(1, 2, 3, 4), m_seconds(seconds) {}
+
+    bool prepare() override
+    {
+        for (const double start = threadSeconds(); threadSeconds() - start < m_seconds;) {
+        }
+        return true;
+    }
+    bool execute() override { return true; }
+    bool finish() override { return true; }
+
+private:
+    double m_seconds;
 };
 
 /// What the loop waits for around its frames, in milliseconds: to close the gate and to open it.
@@ -105,7 +137,6 @@ void printStalls(std::vector<double> stalls, const std::string& when)
 {
     std::sort(stalls.begin(), stalls.end());
     print(static_cast<double>(stalls.size()), "frames " + when);
-    print(stalls[stalls.size() / 2], "median stall " + when);
     print(stalls.back(), "longest stall " + when);
     auto counted = stalls.begin();
     for (const double limit : {0.01, 0.1, 0.5, 1.0, 2.0, 5.0}) {
@@ -116,34 +147,49 @@ void printStalls(std::vector<double> stalls, const std::string& when)
     std::printf("%td\tstalls of more %s\n", stalls.end() - counted, when.c_str());
 }
 
+using Commands = std::vector<std::unique_ptr<ICmdExcDelegate>>;
+
+/// Frames one after the other, as many as it takes for a thread beside them to run all commands.
+void playWhile(FrameLoop& loop, SceneGate& gate, Commands commands)
+{
+    loop.stalls.clear();
+    CommandThread thread(gate);
+    std::vector<std::future<bool>> answers;
+    for (std::unique_ptr<ICmdExcDelegate>& stages : commands) {
+        auto command = std::make_unique<TaskCommand>();
+        command->setCmdExcImp(stages.release());
+        answers.push_back(thread.submit(std::move(command)));
+    }
+    for (std::future<bool>& answer : answers) {
+        while (answer.wait_for(std::chrono::seconds(0)) != std::future_status::ready)
+            loop.frame();
+        if (!answer.get())
+            throw std::runtime_error("a command has failed");
+    }
+}
+
 void measureStalls()
 {
     const ModuleHost host;
     const std::string motion = motionText(64, kFrameTime);
     SceneGate gate;
     FrameLoop loop(gate);
-    double longestExecute = 0.0;
-    {
-        CommandThread commands(gate);
-        std::vector<std::future<bool>> answers;
-        for (int actor = 0; actor < kActors; ++actor) {
-            auto command = std::make_unique<TaskCommand>();
-            command->setCmdExcImp(new TimedLoad(motion, actor, longestExecute));
-            answers.push_back(commands.submit(std::move(command)));
-        }
-        for (std::future<bool>& answer : answers) {
-            while (answer.wait_for(std::chrono::seconds(0)) != std::future_status::ready)
-                loop.frame();
-            if (!answer.get())
-                throw std::runtime_error("a load has failed");
-        }
-    }
+    LoadTimes times;
+    Commands loads;
+    for (int actor = 0; actor < kActors; ++actor)
+        loads.push_back(std::make_unique<TimedLoad>(motion, actor, times));
+    playWhile(loop, gate, std::move(loads));
     printStalls(loop.stalls, "while 100 actors load");
-    print(longestExecute, "longest stage inside the gate, processor time");
-    // The same scene with nobody at the gate: what the machine alone does to a frame loop.
-    const std::size_t frames = loop.stalls.size();
+    print(1e3 * times.longestExecute, "longest stage inside the gate, processor time");
+    // The same scene and a thread as busy that has nothing to do inside the gate, and then nobody at the
+    // gate: what the machine alone does to a frame loop.
+    Commands empty;
+    for (int command = 0; command < kActors; ++command)
+        empty.push_back(std::make_unique<EmptyCommand>(times.prepare / kActors));
+    playWhile(loop, gate, std::move(empty));
+    printStalls(loop.stalls, "while 100 empty commands pass");
     loop.stalls.clear();
-    while (loop.stalls.size() < std::min<std::size_t>(frames, 200))
+    while (loop.stalls.size() < 200)
         loop.frame();
     printStalls(loop.stalls, "with nothing to load");
 }
