@@ -26,7 +26,7 @@ packaging/install-packages.sh packaging/build-packages.txt packaging/bench-packa
 echo "== Build (build/bench)"
 cmake --preset bench >/dev/null
 wanted=(kivinstructions)
-[[ -n "$mode" ]] || wanted+=(kivbenchmarks kivdrawnframes kivframeloop)
+[[ -n "$mode" ]] || wanted+=(kivbenchmarks kivdrawnframes kivframeloop kivplayer)
 cmake --build --preset bench --target "${wanted[@]}"
 
 # What a count depends on beside the sources: the C library chooses its routines by the processor.
@@ -96,6 +96,9 @@ long_motion="${KIV_MOTION_LIBRARY:-../shared/bvh}/real/derived_large_cmu_daz_3x.
 for ((run = 0; run < 5; ++run)); do
     "${early[@]}" "$programs/kivframeloop" ${long_motion:+"$long_motion"}
 done >"$results/frameloop.txt"
+echo "== start of the window"
+LIBGL_ALWAYS_SOFTWARE=1 LP_NUM_THREADS=0 "${early[@]}" xvfb-run -a -s "-screen 0 1400x900x24 -noreset" \
+    python3 -B benchmarks/windowstart.py 5 "$programs/kivplayer" build/bench/root/Data/BVH/walk.bvh >"$results/windowstart.txt"
 echo "== drawn frames"
 LIBGL_ALWAYS_SOFTWARE=1 LP_NUM_THREADS=0 "${ahead[@]}" "$programs/kivdrawnframes" build/bench/root/Data/BVH/walk.bvh \
     >"$results/drawnframes.txt"

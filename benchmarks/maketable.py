@@ -143,7 +143,7 @@ def read_results(folder):
         for line in lines:
             count, name = line.rstrip("\n").split("\t")
             figures["counted:" + name] = int(count)
-    for prefix, file in (("loop:", "frameloop.txt"), ("drawn:", "drawnframes.txt")):
+    for prefix, file in (("loop:", "frameloop.txt"), ("start:", "windowstart.txt"), ("drawn:", "drawnframes.txt")):
         runs = defaultdict(list)
         with open(os.path.join(folder, file), encoding="utf-8") as lines:
             for line in lines:
@@ -196,8 +196,8 @@ def stalls(figures):
 
 def start(figures):
     """The way to the first frame, and that of a long motion."""
-    steps = [(name[len("loop:"):], value) for name, value in figures.items()
-             if name.startswith(("loop:start", "loop:long motion"))]
+    steps = [(name.split(":", 1)[1], value) for name, value in figures.items()
+             if name.startswith(("loop:start", "loop:long motion", "start:start of the window"))]
     return ["| step | |", "|---|---|",
             *(f"| {name} | {number(value)}{'' if 'megabytes' in name else ' ms'} |" for name, value in steps)]
 

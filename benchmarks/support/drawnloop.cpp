@@ -82,8 +82,8 @@ FrameParts DrawnLoop::frame()
     FrameParts parts;
     const Clock::time_point start = Clock::now();
     const double processor = threadSeconds();
-    parts.taking = takeLoaded();
-    parts.gate = timeOf([this] { m_session.gate().close(); });
+    takeLoaded(parts);
+    parts.gate += timeOf([this] { m_session.gate().close(); });
     whenClosed();
     const double duration = m_scene.publisher().duration();
     m_time = m_time + kStep < duration ? m_time + kStep : 0.0;
@@ -96,14 +96,16 @@ FrameParts DrawnLoop::frame()
     return parts;
 }
 
-double DrawnLoop::takeLoaded()
+void DrawnLoop::takeLoaded(FrameParts& parts)
 {
     const Clock::time_point start = Clock::now();
     if (m_scene.loader().advance()) {
+        const Clock::time_point atGate = Clock::now();
         const KivTaskCommand::SceneGate::Pass pass(m_session.gate());
+        parts.gate = millisecondsSince(atGate);
         m_scene.takeActors();
     }
-    return millisecondsSince(start);
+    parts.taking = millisecondsSince(start) - parts.gate;
 }
 
 void DrawnLoop::draw(FrameParts& parts)

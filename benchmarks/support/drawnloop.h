@@ -17,7 +17,7 @@ namespace KivBenchmark {
 struct FrameParts
 {
     double taking = 0.0;  ///< into the player's tables what the command thread has loaded
-    double gate = 0.0;    ///< waiting to close and to open it
+    double gate = 0.0;    ///< waiting to pass it, to close it and to open it
     double posing = 0.0;  ///< setting the scene up for its moment
     double update = 0.0;
     double cull = 0.0;
@@ -58,7 +58,7 @@ public:
 private:
     class Finish;
 
-    double takeLoaded();
+    void takeLoaded(FrameParts& parts);
     void draw(FrameParts& parts);
     std::size_t visibleFigures() const;
 
