@@ -62,6 +62,7 @@ void FramePublisher::setActors(const std::map<unsigned, LoadedActor>& actors,
 {
     std::vector<Body> before = std::move(m_bodies);
     m_bodies.clear();
+    m_bodies.reserve(actors.size());  // A body that has to move holds all that was sampled of its motion.
     m_duration = 0.0;
     for (const auto& [index, actor] : actors) {
         const auto known = std::find_if(before.begin(), before.end(), [&actor = actor](const Body& body) {
@@ -69,7 +70,6 @@ void FramePublisher::setActors(const std::map<unsigned, LoadedActor>& actors,
         });
         m_bodies.push_back(known != before.end() && !shown ? std::move(*known) : makeBody(actor, shown));
         m_bodies.back().actor = &actor;
-        m_bodies.back().followed = kNeverFollowed;
         m_duration = std::max(m_duration, actor.end());
     }
     playback().pause();

@@ -2,6 +2,7 @@
 
 #include <osg/NodeCallback>
 #include <osg/NodeVisitor>
+#include <osgText/TextBase>
 
 #include <algorithm>
 #include <chrono>
@@ -34,7 +35,9 @@ public:
 
     void apply(osg::Drawable& drawable) override
     {
-        drawables.emplace_back(&drawable);
+        // A text uploads by drawing itself, which then would be done twice.
+        if (!dynamic_cast<osgText::TextBase*>(&drawable))
+            drawables.emplace_back(&drawable);
         apply(static_cast<osg::Node&>(drawable));
     }
 
@@ -111,6 +114,11 @@ void Arrivals::noteChanges()
             continue;
         PartsFinder parts;
         figure->accept(parts);
+        const auto known = [this](const osg::ref_ptr<osg::Drawable>& drawable) {
+            return drawable->getNumParents() > 1 && !m_shared.insert(drawable).second;
+        };
+        parts.drawables.erase(std::remove_if(parts.drawables.begin(), parts.drawables.end(), known),
+                              parts.drawables.end());
         figure->addCullCallback(m_spUnseen);
         m_arriving.push_back({figure, std::move(parts.drawables), std::move(parts.states)});
         somebodyCame = true;

@@ -8,6 +8,7 @@
 
 #include <cstddef>
 #include <deque>
+#include <set>
 #include <vector>
 
 #include "drawnonly.h"
@@ -71,6 +72,8 @@ private:
     osg::ref_ptr<osg::NodeCallback> m_spUnseen;
     std::vector<osg::ref_ptr<osg::Node>> m_known;
     std::deque<Arriving> m_arriving;
+    /// Parts of several figures, uploaded with the first that is seen to share them.
+    std::set<osg::ref_ptr<osg::Drawable>> m_shared;
     std::size_t m_uploaded = 0;
     double m_uploadTime = 0.0;
 };

@@ -4,6 +4,7 @@
 #include <osg/Geometry>
 #include <osg/Shape>
 #include <osg/ShapeDrawable>
+#include <osgText/Text3D>
 
 #include <optional>
 #include <vector>
@@ -114,6 +115,31 @@ TEST_F(ArrivingFigures, areShownInTheOrderOfTheirComing)
         frame();
     EXPECT_EQ(m_second->draws, kBalls);
     EXPECT_EQ(m_arrivals->waiting(), 0U);
+}
+
+TEST_F(ArrivingFigures, bringWhatTheyShareOnce)
+{
+    begin(1e9);
+    const osg::ref_ptr<osg::Group> one = figure(m_first);
+    const osg::ref_ptr<osg::Group> other = figure(m_second);
+    other->addChild(one->getChild(0));
+    m_figures->addChild(one);
+    m_figures->addChild(other);
+    frame();
+    EXPECT_EQ(m_arrivals->uploaded(), static_cast<std::size_t>(2 * kBalls));
+    frame();
+    EXPECT_EQ(m_first->draws, kBalls + 1);
+    EXPECT_EQ(m_first->unprepared, 0);
+}
+
+TEST_F(ArrivingFigures, areNotKeptWaitingForTheirNames)
+{
+    begin(1e9);
+    const osg::ref_ptr<osg::Group> named = figure(m_first);
+    named->addChild(new osgText::Text3D);
+    m_figures->addChild(named);
+    frame();
+    EXPECT_EQ(m_arrivals->uploaded(), static_cast<std::size_t>(kBalls));
 }
 
 TEST_F(ArrivingFigures, areAllShownInAFrameThatMustBeComplete)

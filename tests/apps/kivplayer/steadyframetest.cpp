@@ -57,4 +57,14 @@ TEST_F(SteadyFrame, isOneInWhichAllocationsOfAnyPartAreSeen)
     EXPECT_GT(allocationsOf([&] { scene.accept(*m_visitor); }), 0) << "of an overlay that grows";
 }
 
+TEST_F(SteadyFrame, isFollowedByTakingOverWhoeverIsThereWithoutCopyingWhatIsKnownOfThem)
+{
+    const auto takingOver = [this] { m_publisher.setActors(m_session->actors()); };
+    const auto ofTwo = allocationsOf(takingOver);
+    for (unsigned index = 3; index < 8; ++index)
+        ASSERT_TRUE(m_session->load(index, sample("wave"), "Cid"));
+    takingOver();
+    EXPECT_EQ(allocationsOf(takingOver), ofTwo) << "of seven";
+}
+
 }  // namespace
