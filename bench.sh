@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # bench.sh: installs what is missing, builds, runs every benchmark beside its peers and writes the table of results into
-# docs/performance.md. Seven minutes on a calm machine; other work on the machine is seen in the figures, less in the ratios, and
-# least for root, whose benchmarks go ahead of it.
+# docs/performance.md. Eight minutes on a calm machine; other work on the machine is seen in the figures, less in the
+# ratios, and least for root, whose benchmarks go ahead of it.
 # bench.sh --gate: counts the instructions of small works and fails where one needs 3 % more than
 # benchmarks/instructions.txt says. Under two minutes, and steady on a busy machine; with another compiler or processor
 # than the file names it tells and does not judge.
@@ -98,7 +98,8 @@ for ((run = 0; run < 5; ++run)); do
 done >"$results/frameloop.txt"
 echo "== start of the window"
 LIBGL_ALWAYS_SOFTWARE=1 LP_NUM_THREADS=0 "${early[@]}" xvfb-run -a -s "-screen 0 1400x900x24 -noreset" \
-    python3 -B benchmarks/windowstart.py 5 "$programs/kivplayer" build/bench/root/Data/BVH/walk.bvh >"$results/windowstart.txt"
+    python3 -B benchmarks/windowstart.py 5 "$programs/kivplayer" build/bench/root/Data/BVH/walk.bvh \
+    >"$results/windowstart.txt"
 echo "== drawn frames"
 LIBGL_ALWAYS_SOFTWARE=1 LP_NUM_THREADS=0 "${ahead[@]}" "$programs/kivdrawnframes" build/bench/root/Data/BVH/walk.bvh \
     >"$results/drawnframes.txt"

@@ -526,6 +526,17 @@ TEST_F(DressingProps, tieTheSegmentPieceOfAPropsToItsBoneAndLeaveItAsModelled)
     EXPECT_TRUE(geode->getInitialJointMatrix().isIdentity());
 }
 
+TEST_F(DressingProps, areNotTiedToABoneForASegmentThatASideLacks)
+{
+    propsBone->addChild(bone("7#LeftPropsTip", osg::Vec3d(0, 0, 20)));
+    avatarRoot->getChild(0)->asGroup()->addChild(avatarPiece("Joint:LeftProps&LeftPropsTip#Inner$"));
+    const auto root = skeletonOf(propsBone.get());
+    ASSERT_EQ(dress(root.get()), 1u);
+    const AttachedPiece piece = findPiece(*propsBone, "Joint:LeftProps&LeftPropsTip#Inner$");
+    EXPECT_EQ(piece.holder->getMatrix(), kUpAxis);
+    EXPECT_EQ(record.propsMap.at("LeftProps")->getInitialBone(), nullptr);
+}
+
 TEST_F(DressingProps, outliveTheirLinksOnlyInTheManager)
 {
     auto root = skeletonOf(propsBone.get());
