@@ -2,7 +2,6 @@
 // before and thrown away after is not measured.
 #include <benchmark/benchmark.h>
 
-#include <cstdint>
 #include <functional>
 
 #include "KivCharacterization/Characterization/characterbvh.h"

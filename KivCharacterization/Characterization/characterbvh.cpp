@@ -186,7 +186,8 @@ void scaleByProportion(const SPieceMount& mount)
 }
 
 /// Copying pushes skeleton and tables out of the caches: what is looked up there is found before.
-void attachPieces()
+/// @return false if the avatar cannot be fitted; no avatar is refused today.
+bool fitAvatar()
 {
     std::vector<SPieceMount> mounts = MountPieces(currentRun.record->jointMap, currentRun.avatar->jointMap);
     fitToSegments(mounts);
@@ -199,12 +200,6 @@ void attachPieces()
     for (const SPieceMount& mount : mounts) {
         scaleByProportion(mount);
     }
-}
-
-/// @return false if the avatar cannot be fitted; no avatar is refused today.
-bool fitAvatar()
-{
-    attachPieces();
     return true;
 }
 

@@ -62,7 +62,7 @@ void FramePublisher::setActors(const std::map<unsigned, LoadedActor>& actors,
 {
     std::vector<Body> before = std::move(m_bodies);
     m_bodies.clear();
-    m_bodies.reserve(actors.size());  // A body that has to move holds all that was sampled of its motion.
+    m_bodies.reserve(actors.size());  // Growing would copy what was sampled of every motion.
     m_duration = 0.0;
     for (const auto& [index, actor] : actors) {
         const auto known = std::find_if(before.begin(), before.end(), [&actor = actor](const Body& body) {
