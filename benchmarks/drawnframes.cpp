@@ -16,8 +16,8 @@
 #include <utility>
 #include <vector>
 
+#include "apps/kivplayer/support/console.h"
 #include "benchmarks/support/drawnloop.h"
-#include "console.h"
 
 namespace {
 

@@ -1,20 +1,20 @@
-#include "headless.h"
+#include "apps/kivplayer/headless.h"
 
 #include <exception>
 #include <filesystem>
 #include <locale>
 #include <sstream>
 
-#include "avatartrial.h"
-#include "contactsheet.h"
-#include "exports.h"
-#include "fitreport.h"
-#include "loadingprogress.h"
-#include "picturefile.h"
-#include "picturemaker.h"
-#include "reportfile.h"
-#include "session.h"
-#include "summary.h"
+#include "apps/kivplayer/content/loadingprogress.h"
+#include "apps/kivplayer/output/contactsheet.h"
+#include "apps/kivplayer/output/exports.h"
+#include "apps/kivplayer/output/picturefile.h"
+#include "apps/kivplayer/output/picturemaker.h"
+#include "apps/kivplayer/report/fitreport.h"
+#include "apps/kivplayer/report/reportfile.h"
+#include "apps/kivplayer/report/summary.h"
+#include "apps/kivplayer/session/avatartrial.h"
+#include "apps/kivplayer/session/session.h"
 
 namespace KivPlayer {
 

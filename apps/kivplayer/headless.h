@@ -1,7 +1,7 @@
 #pragma once
 
-#include "console.h"
-#include "options.h"
+#include "apps/kivplayer/options/options.h"
+#include "apps/kivplayer/support/console.h"
 
 namespace KivPlayer {
 

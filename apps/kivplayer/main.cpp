@@ -5,13 +5,13 @@
 #include <iostream>
 #include <string_view>
 
-#include "avatartrial.h"
-#include "console.h"
-#include "headless.h"
-#include "options.h"
-#include "softwaredrawing.h"
-#include "window/runwindow.h"
-#include "window/startup.h"
+#include "apps/kivplayer/headless.h"
+#include "apps/kivplayer/options/options.h"
+#include "apps/kivplayer/session/avatartrial.h"
+#include "apps/kivplayer/support/console.h"
+#include "apps/kivplayer/support/softwaredrawing.h"
+#include "apps/kivplayer/window/runwindow.h"
+#include "apps/kivplayer/window/startup.h"
 
 int main(int argc, char** argv)
 {

@@ -7,9 +7,9 @@
 #include <memory>
 #include <string>
 
-#include "eglcontext.h"
-#include "session.h"
-#include "window/playedscene.h"
+#include "apps/kivplayer/output/eglcontext.h"
+#include "apps/kivplayer/session/session.h"
+#include "apps/kivplayer/window/playedscene.h"
 
 namespace KivBenchmark {
 

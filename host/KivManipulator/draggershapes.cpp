@@ -1,4 +1,4 @@
-#include "draggershapes.h"
+#include "host/KivManipulator/draggershapes.h"
 
 #include <osg/BlendColor>
 #include <osg/BlendFunc>

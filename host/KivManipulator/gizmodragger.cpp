@@ -1,10 +1,10 @@
-#include "gizmodragger.h"
+#include "host/KivManipulator/gizmodragger.h"
 
 #include <osgManipulator/Command>
 
 #include <utility>
 
-#include "propspose.h"
+#include "host/KivManipulator/propspose.h"
 
 namespace KivManipulator {
 

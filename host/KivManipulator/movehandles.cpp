@@ -1,8 +1,8 @@
-#include "movehandles.h"
+#include "host/KivManipulator/movehandles.h"
 
 #include <cmath>
 
-#include "pointerray.h"
+#include "host/KivManipulator/pointerray.h"
 
 namespace KivManipulator {
 

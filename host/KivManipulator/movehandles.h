@@ -3,7 +3,7 @@
 #include <osgManipulator/Translate1DDragger>
 #include <osgManipulator/Translate2DDragger>
 
-#include "gizmodragger.h"
+#include "host/KivManipulator/gizmodragger.h"
 
 namespace KivManipulator {
 

@@ -1,4 +1,4 @@
-#include "pointerray.h"
+#include "host/KivManipulator/pointerray.h"
 
 #include <osg/Transform>
 

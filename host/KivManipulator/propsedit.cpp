@@ -1,12 +1,12 @@
-#include "propsedit.h"
+#include "host/KivManipulator/propsedit.h"
 
 #include <osg/ComputeBoundsVisitor>
 
 #include <algorithm>
 #include <cmath>
 
-#include "propsgizmos.h"
-#include "propspose.h"
+#include "host/KivManipulator/propsgizmos.h"
+#include "host/KivManipulator/propspose.h"
 
 namespace KivManipulator {
 

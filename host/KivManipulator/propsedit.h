@@ -7,7 +7,7 @@
 #include <string>
 
 #include "KivManipulator/propsgeode.h"
-#include "gizmodragger.h"
+#include "host/KivManipulator/gizmodragger.h"
 
 namespace KivManipulator {
 

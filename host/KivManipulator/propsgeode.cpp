@@ -2,9 +2,9 @@
 
 #include <osgAnimation/Bone>
 
-#include "propsedit.h"
-#include "propsgizmos.h"
-#include "propspose.h"
+#include "host/KivManipulator/propsedit.h"
+#include "host/KivManipulator/propsgizmos.h"
+#include "host/KivManipulator/propspose.h"
 
 namespace KivManipulator {
 

@@ -1,8 +1,8 @@
-#include "propsgizmos.h"
+#include "host/KivManipulator/propsgizmos.h"
 
-#include "draggershapes.h"
-#include "movehandles.h"
-#include "ringdragger.h"
+#include "host/KivManipulator/draggershapes.h"
+#include "host/KivManipulator/movehandles.h"
+#include "host/KivManipulator/ringdragger.h"
 
 namespace KivManipulator {
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "gizmodragger.h"
+#include "host/KivManipulator/gizmodragger.h"
 
 namespace KivManipulator {
 

@@ -1,4 +1,4 @@
-#include "propspose.h"
+#include "host/KivManipulator/propspose.h"
 
 #include <algorithm>
 #include <cmath>

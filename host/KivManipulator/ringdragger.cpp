@@ -1,10 +1,10 @@
-#include "ringdragger.h"
+#include "host/KivManipulator/ringdragger.h"
 
 #include <osgManipulator/Command>
 
 #include <cmath>
 
-#include "pointerray.h"
+#include "host/KivManipulator/pointerray.h"
 
 namespace KivManipulator {
 

@@ -3,7 +3,7 @@
 #include <osg/Matrixd>
 #include <osg/Vec4>
 
-#include "gizmodragger.h"
+#include "host/KivManipulator/gizmodragger.h"
 
 namespace KivManipulator {
 

@@ -6,8 +6,8 @@
 #include <utility>
 
 #include "KivReader/motiondocument.h"
-#include "host/KivReader/profiledfigure.h"
-#include "host/KivReader/skeletonbuilder.h"
+#include "host/KivReader/figure/skeletonbuilder.h"
+#include "host/KivReader/humanoid/profiledfigure.h"
 
 namespace KivReader {
 

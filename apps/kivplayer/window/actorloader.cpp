@@ -1,4 +1,4 @@
-#include "window/actorloader.h"
+#include "apps/kivplayer/window/actorloader.h"
 
 #include <algorithm>
 #include <chrono>

@@ -8,7 +8,7 @@
 #include <utility>
 
 #include "KivReader/readinglistener.h"
-#include "session.h"
+#include "apps/kivplayer/session/session.h"
 
 namespace KivPlayer {
 

@@ -1,4 +1,4 @@
-#include "window/arrivals.h"
+#include "apps/kivplayer/window/arrivals.h"
 
 #include <osg/NodeCallback>
 #include <osg/NodeVisitor>

@@ -11,7 +11,7 @@
 #include <set>
 #include <vector>
 
-#include "drawnonly.h"
+#include "apps/kivplayer/stage/drawnonly.h"
 
 namespace KivPlayer {
 

@@ -1,4 +1,4 @@
-#include "window/orbitcamera.h"
+#include "apps/kivplayer/window/orbitcamera.h"
 
 #include <osg/Math>
 

@@ -9,7 +9,7 @@
 
 #include <optional>
 
-#include "framing.h"
+#include "apps/kivplayer/stage/framing.h"
 
 namespace KivPlayer {
 

@@ -1,4 +1,4 @@
-#include "window/pendingcommands.h"
+#include "apps/kivplayer/window/pendingcommands.h"
 
 #include <algorithm>
 #include <chrono>

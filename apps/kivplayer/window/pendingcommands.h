@@ -5,8 +5,8 @@
 #include <string>
 #include <vector>
 
-#include "console.h"
-#include "session.h"
+#include "apps/kivplayer/session/session.h"
+#include "apps/kivplayer/support/console.h"
 
 namespace KivPlayer {
 

@@ -1,7 +1,7 @@
-#include "window/playedscene.h"
+#include "apps/kivplayer/window/playedscene.h"
 
 #include "KivMemoryShare/scenecfgshare.h"
-#include "framing.h"
+#include "apps/kivplayer/stage/framing.h"
 
 namespace KivPlayer {
 

@@ -1,10 +1,10 @@
 #pragma once
 
-#include "framepublisher.h"
-#include "session.h"
-#include "stage.h"
-#include "window/actorloader.h"
-#include "window/arrivals.h"
+#include "apps/kivplayer/session/framepublisher.h"
+#include "apps/kivplayer/session/session.h"
+#include "apps/kivplayer/stage/stage.h"
+#include "apps/kivplayer/window/actorloader.h"
+#include "apps/kivplayer/window/arrivals.h"
 
 namespace KivPlayer {
 

@@ -1,4 +1,4 @@
-#include "window/playerwindow.h"
+#include "apps/kivplayer/window/playerwindow.h"
 
 #include <algorithm>
 #include <cmath>
@@ -10,7 +10,7 @@
 #include "KivErrorOperator/tavrincommonerrormsg.h"
 #include "KivMemoryShare/scenecfgshare.h"
 #include "KivRenderState/kivrenderstatemanager.h"
-#include "window/startup.h"
+#include "apps/kivplayer/window/startup.h"
 
 namespace KivPlayer {
 

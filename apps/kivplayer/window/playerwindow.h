@@ -7,21 +7,21 @@
 #include <string>
 #include <vector>
 
-#include "avatarfile.h"
-#include "console.h"
-#include "options.h"
-#include "window/desk.h"
-#include "window/filewatch.h"
-#include "window/framepace.h"
-#include "window/interfacelayer.h"
-#include "window/nativewindow.h"
-#include "window/orbitcamera.h"
-#include "window/panels.h"
-#include "window/pendingcommands.h"
-#include "window/playedscene.h"
-#include "window/statefile.h"
-#include "window/supersampler.h"
-#include "window/viewerwindow.h"
+#include "apps/kivplayer/content/avatarfile.h"
+#include "apps/kivplayer/options/options.h"
+#include "apps/kivplayer/support/console.h"
+#include "apps/kivplayer/window/orbitcamera.h"
+#include "apps/kivplayer/window/pendingcommands.h"
+#include "apps/kivplayer/window/platform/nativewindow.h"
+#include "apps/kivplayer/window/platform/viewerwindow.h"
+#include "apps/kivplayer/window/playedscene.h"
+#include "apps/kivplayer/window/state/filewatch.h"
+#include "apps/kivplayer/window/state/framepace.h"
+#include "apps/kivplayer/window/statefile.h"
+#include "apps/kivplayer/window/supersampler.h"
+#include "apps/kivplayer/window/ui/desk.h"
+#include "apps/kivplayer/window/ui/interfacelayer.h"
+#include "apps/kivplayer/window/ui/panels.h"
 
 namespace KivPlayer {
 

@@ -1,12 +1,12 @@
-#include "window/runwindow.h"
+#include "apps/kivplayer/window/runwindow.h"
 
 #include <cstdlib>
 
 #include "KivCharacterization/characterizationmanager.h"
-#include "avatartrial.h"
-#include "session.h"
-#include "window/playerwindow.h"
-#include "window/startup.h"
+#include "apps/kivplayer/session/avatartrial.h"
+#include "apps/kivplayer/session/session.h"
+#include "apps/kivplayer/window/playerwindow.h"
+#include "apps/kivplayer/window/startup.h"
 
 namespace KivPlayer {
 

@@ -1,4 +1,4 @@
-#include "window/startup.h"
+#include "apps/kivplayer/window/startup.h"
 
 #include <chrono>
 #include <cstdio>

@@ -1,4 +1,4 @@
-#include "window/statefile.h"
+#include "apps/kivplayer/window/statefile.h"
 
 #include <filesystem>
 #include <fstream>

@@ -1,4 +1,4 @@
-#include "window/supersampler.h"
+#include "apps/kivplayer/window/supersampler.h"
 
 namespace KivPlayer {
 

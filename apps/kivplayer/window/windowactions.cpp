@@ -6,10 +6,10 @@
 #include "KivCharacterization/characterizationmanager.h"
 #include "KivCommonDef/stickcontact.h"
 #include "KivRenderState/kivrenderstatemanager.h"
-#include "fitreport.h"
-#include "picturefile.h"
-#include "reportfile.h"
-#include "window/playerwindow.h"
+#include "apps/kivplayer/output/picturefile.h"
+#include "apps/kivplayer/report/fitreport.h"
+#include "apps/kivplayer/report/reportfile.h"
+#include "apps/kivplayer/window/playerwindow.h"
 
 namespace KivPlayer {
 

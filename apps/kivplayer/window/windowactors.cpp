@@ -3,9 +3,9 @@
 #include <filesystem>
 
 #include "KivCharacterization/characterizationmanager.h"
-#include "framing.h"
-#include "moments.h"
-#include "window/playerwindow.h"
+#include "apps/kivplayer/output/moments.h"
+#include "apps/kivplayer/stage/framing.h"
+#include "apps/kivplayer/window/playerwindow.h"
 
 namespace KivPlayer {
 

@@ -1,8 +1,8 @@
 #include <imgui.h>
 
 #include "KivRenderState/kivrenderstatemanager.h"
-#include "window/playerwindow.h"
-#include "window/startup.h"
+#include "apps/kivplayer/window/playerwindow.h"
+#include "apps/kivplayer/window/startup.h"
 
 namespace KivPlayer {
 

@@ -8,8 +8,8 @@
 #include <string>
 
 #include "KivMemoryShare/scenecfgshare.h"
-#include "console.h"
-#include "session.h"
+#include "apps/kivplayer/session/session.h"
+#include "apps/kivplayer/support/console.h"
 #include "tests/support/motionlibrary.h"
 
 /// A session on the build's run-time root, and a folder for files.

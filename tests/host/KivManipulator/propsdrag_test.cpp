@@ -2,7 +2,7 @@
 
 #include <cmath>
 
-#include "propsstage.h"
+#include "tests/host/KivManipulator/propsstage.h"
 
 using namespace KivTestSupport;
 

@@ -4,7 +4,7 @@
 #include <limits>
 #include <set>
 
-#include "propsstage.h"
+#include "tests/host/KivManipulator/propsstage.h"
 
 using namespace KivTestSupport;
 using KivManipulator::PropsGeode;

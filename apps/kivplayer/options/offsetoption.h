@@ -1,0 +1,12 @@
+#pragma once
+
+#include "apps/kivplayer/options/options.h"
+#include "apps/kivplayer/options/optiontexts.h"
+
+namespace KivPlayer {
+
+/// Understands when the actors start.
+/// @throws CLI::Error that says what is wrong.
+void understandOffsets(const OptionTexts& texts, Options& options);
+
+}  // namespace KivPlayer

@@ -1,0 +1,194 @@
+#include "apps/kivplayer/options/options.h"
+
+#include <CLI/CLI.hpp>
+
+#include <cmath>
+#include <map>
+#include <sstream>
+
+#include "KivReader/humanoidprofile.h"
+#include "apps/kivplayer/options/offsetoption.h"
+#include "apps/kivplayer/options/optionchecks.h"
+#include "apps/kivplayer/options/optiontexts.h"
+#include "apps/kivplayer/options/outputoptions.h"
+#include "apps/kivplayer/support/numbers.h"
+#include "apps/kivplayer/window/state/keytable.h"
+#include "version.h"
+
+namespace KivPlayer {
+
+namespace {
+
+constexpr int kLargestSide = 16384;
+
+osg::Vec3d vector(const std::string& option, const std::string& text)
+{
+    const auto values = parseNumbers(text, 3);
+    if (!values)
+        refuse(option, "three numbers X,Y,Z", text);
+    return {(*values)[0], (*values)[1], (*values)[2]};
+}
+
+/// A value as the reader's words have it; refused where the reader would not obey it.
+std::string readerWord(const std::string& option, const std::string& name, const std::string& wanted,
+                       const std::string& given)
+{
+    const std::string word = name + "=\"" + given + "\"";
+    std::string problem;
+    KivReader::profileOptionsFrom(word, problem);
+    if (!problem.empty() || given.find('"') != std::string::npos)
+        refuse(option, wanted, given);
+    return word;
+}
+
+void understandReading(const OptionTexts& texts, Options& options)
+{
+    const std::string tableWanted = "auto, off or the path of a table, without double quotes in it";
+    options.reading = readerWord("--profile", "profile", tableWanted, texts.profile);
+    options.reading +=
+        " " + readerWord("--unit", "unit", "auto, cm, m, mm, inch, dm, cmu or centimetres per unit, above 0",
+                         texts.unit);
+    options.reading += " " + readerWord("--up", "up", "auto, y or z", texts.up);
+    if (texts.firstFrameIsRest)
+        options.reading += " firstFrameIsRest";
+}
+
+void understandTimes(const OptionTexts& texts, Options& options)
+{
+    if (!texts.time.empty())
+        options.time = numberIn("--time", texts.time, "seconds, 0 or more", 0.0);
+    if (!texts.frame.empty()) {
+        const auto frame = parseInteger(texts.frame);
+        if (!frame || *frame < 0)
+            refuse("--frame", "a frame number, 0 or more", texts.frame);
+        options.frame = *frame;
+    }
+    if (!texts.range.empty()) {
+        const auto range = parseNumbers(texts.range, 2);
+        if (!range || (*range)[0] < 0.0 || (*range)[1] < (*range)[0])
+            refuse("--range", "two times FROM,TO in seconds", texts.range);
+        options.range = std::make_pair((*range)[0], (*range)[1]);
+    }
+    if (!texts.fps.empty()) {
+        options.fps = numberIn("--fps", texts.fps, "pictures per second, above 0", 0.0);
+        if (options.fps <= 0.0 || options.fps > 1000.0)
+            refuse("--fps", "pictures per second, above 0 and at most 1000", texts.fps);
+    }
+}
+
+void understandSize(const OptionTexts& texts, Options& options)
+{
+    if (!texts.resolution.empty()) {
+        const auto size = parseNumbers(texts.resolution, 2);
+        const auto good = [](double side) {
+            return side >= 1.0 && side <= kLargestSide && side == std::floor(side);
+        };
+        if (!size || !good((*size)[0]) || !good((*size)[1]))
+            refuse("--resolution", "W,H in whole pixels, 1 to " + std::to_string(kLargestSide),
+                   texts.resolution);
+        options.width = static_cast<int>((*size)[0]);
+        options.height = static_cast<int>((*size)[1]);
+    }
+    if (!texts.samples.empty()) {
+        const auto samples = parseInteger(texts.samples);
+        if (!samples || *samples < 1 || *samples > 8)
+            refuse("--samples", "1 to 8", texts.samples);
+        options.samples = static_cast<int>(*samples);
+    }
+}
+
+void understandCamera(const OptionTexts& texts, Options& options)
+{
+    static const std::map<std::string, double> sides{
+        {"front", 0.0}, {"three-quarter", 31.5}, {"left", 90.0}, {"back", 180.0}, {"right", -90.0}};
+    if (!texts.camera.empty()) {
+        const auto side = sides.find(texts.camera);
+        const auto angles = parseNumbers(texts.camera, 2);
+        if (side != sides.end())
+            options.view.azimuth = osg::DegreesToRadians(side->second);
+        else if (angles && std::abs((*angles)[1]) < 90.0)
+            options.view = {osg::DegreesToRadians((*angles)[0]), osg::DegreesToRadians((*angles)[1])};
+        else
+            refuse("--camera", "front, back, left, right, three-quarter or AZIMUTH,ELEVATION", texts.camera);
+    }
+    if (!texts.position.empty())
+        options.cameraPosition = vector("--camera-position", texts.position);
+    if (!texts.target.empty())
+        options.cameraTarget = vector("--camera-target", texts.target);
+    if (!texts.follow.empty()) {
+        const auto actor = parseInteger(texts.follow);
+        if (!actor || *actor < 0 || static_cast<std::size_t>(*actor) >= options.motions.size())
+            refuse("--follow", "the number of a motion, 0 for the first", texts.follow);
+        options.follow = static_cast<std::size_t>(*actor);
+    }
+    if (options.cameraPosition && options.cameraTarget && *options.cameraPosition == *options.cameraTarget)
+        refuse("--camera-target", "a point other than the camera's position", texts.target);
+}
+
+void understandShown(const std::string& option, const std::vector<std::string>& what, bool value,
+                     Shown& shown)
+{
+    for (const std::string& name : what) {
+        if (name == "names")
+            shown.names = value;
+        else if (name == "com")
+            shown.centreOfMass = value;
+        else if (name == "contacts")
+            shown.contacts = value;
+        else if (name == "skeleton")
+            shown.skeleton = value;
+        else if (name == "props")
+            shown.props = value;
+        else if (name == "grid")
+            shown.grid = value;
+        else
+            refuse(option, "names, com, contacts, skeleton, props or grid", name);
+    }
+}
+
+}  // namespace
+
+Parsing parseOptions(int argc, const char* const* argv, bool display)
+{
+    CLI::App app("Shows motion-capture files on an avatar", "kivplayer");
+    app.set_version_flag("--version", "kivplayer " KIV_PLAYER_VERSION);
+    app.get_formatter()->column_width(32);
+    Options options;
+    OptionTexts texts;
+    declareOptions(app, options, texts);
+    bool helpKeys = false;
+    app.add_flag("--help-keys", helpKeys, "Print the keys of the window and exit");
+    app.add_flag("--watch", options.watch, "In the window, load a motion again when its file changes");
+    app.add_option("--state-file", options.stateFile, "Keep writing what the window shows (JSON)")
+        ->type_name("FILE");
+    Parsing parsing;
+    try {
+        app.parse(argc, argv);
+        if (helpKeys) {
+            parsing.output = keysHelp();
+            return parsing;
+        }
+        understandReading(texts, options);
+        understandOffsets(texts, options);
+        understandTimes(texts, options);
+        understandSize(texts, options);
+        understandCamera(texts, options);
+        understandShown("--show", texts.show, true, options.shown);
+        understandShown("--hide", texts.hide, false, options.shown);
+        understandOutput(texts, options);
+        understandSheet(texts, options);
+        options.window = display && asksForNoPicture(options);
+        checkTogether(options, texts);
+        parsing.options = options;
+    } catch (const CLI::Success& answer) {
+        std::ostringstream out;
+        app.exit(answer, out, out);
+        parsing.output = out.str();
+    } catch (const CLI::Error& problem) {
+        parsing.exitCode = ExitUsage;
+        parsing.error = std::string("kivplayer: error: ") + problem.what() + "\nTry kivplayer --help\n";
+    }
+    return parsing;
+}
+
+}  // namespace KivPlayer

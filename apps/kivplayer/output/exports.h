@@ -1,0 +1,17 @@
+#pragma once
+
+#include <string>
+
+#include "apps/kivplayer/options/options.h"
+#include "apps/kivplayer/session/session.h"
+#include "apps/kivplayer/support/console.h"
+
+namespace KivPlayer {
+
+/// Whether the name's ending is one that can be exported to: .csv, .osgb or .osgt.
+bool isExportable(const std::string& file);
+
+/// Writes what --export asks for of the actors that are loaded. What goes wrong is said on the console.
+void writeExports(const Options& options, const Session& session, Console& console);
+
+}  // namespace KivPlayer

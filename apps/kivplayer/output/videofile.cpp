@@ -1,0 +1,152 @@
+#include "apps/kivplayer/output/videofile.h"
+
+#include <algorithm>
+#include <cctype>
+#include <cerrno>
+#include <cstring>
+#include <filesystem>
+#include <system_error>
+
+#include "apps/kivplayer/support/numbers.h"
+
+namespace KivPlayer {
+
+namespace {
+
+const char* const kEncoder = "ffmpeg";
+// The colours of high-definition video, said in the file: without it players guess.
+const std::vector<std::string> kVideoColours{
+    "-vf",
+    "scale=out_color_matrix=bt709:out_range=tv:flags=bicubic+accurate_rnd+full_chroma_int+bitexact",
+    "-pix_fmt",
+    "yuv420p",
+    "-colorspace",
+    "bt709",
+    "-color_primaries",
+    "bt709",
+    "-color_trc",
+    "bt709",
+    "-color_range",
+    "tv"};
+const std::vector<std::string> kH264{"-c:v", "libx264", "-preset", "medium", "-crf", "18"};
+const std::vector<std::string> kVp9{"-c:v",      "libvpx-vp9", "-crf",      "24", "-b:v",    "0",
+                                    "-deadline", "good",       "-cpu-used", "4",  "-row-mt", "0"};
+const std::vector<std::string> kPalette{
+    "-filter_complex",
+    "split[a][b];[a]palettegen=stats_mode=full[p];[b][p]paletteuse=dither=bayer:bayer_scale=3"};
+
+std::vector<std::string> encoding(VideoFormat format)
+{
+    if (format == VideoFormat::Gif) {
+        std::vector<std::string> words = kPalette;
+        words.insert(words.end(), {"-f", "gif"});
+        return words;
+    }
+    std::vector<std::string> words = format == VideoFormat::WebM ? kVp9 : kH264;
+    words.insert(words.end(), kVideoColours.begin(), kVideoColours.end());
+    if (format == VideoFormat::Mp4)
+        words.insert(words.end(), {"-movflags", "+faststart", "-f", "mp4"});
+    else
+        words.insert(words.end(), {"-f", format == VideoFormat::WebM ? "webm" : "matroska"});
+    return words;
+}
+
+std::string picturesInstead(const std::string& video)
+{
+    const std::filesystem::path path(video);
+    return "--output '" + (path.parent_path() / path.stem() / "{frame:04}.png").string() + "'";
+}
+
+}  // namespace
+
+std::string lowerCaseEnding(const std::string& file)
+{
+    std::string ending = std::filesystem::path(file).extension().string();
+    std::transform(ending.begin(), ending.end(), ending.begin(),
+                   [](unsigned char letter) { return static_cast<char>(std::tolower(letter)); });
+    return ending;
+}
+
+VideoFormat videoFormatOf(const std::string& file)
+{
+    const std::string ending = lowerCaseEnding(file);
+    if (ending == ".mp4")
+        return VideoFormat::Mp4;
+    if (ending == ".mkv")
+        return VideoFormat::Matroska;
+    if (ending == ".webm")
+        return VideoFormat::WebM;
+    return ending == ".gif" ? VideoFormat::Gif : VideoFormat::None;
+}
+
+VideoFile::VideoFile(const std::string& file, int width, int height, double fps)
+    : m_name(file), m_width(width), m_height(height), m_fps(fps), m_file(file)
+{}
+
+std::vector<std::string> VideoFile::arguments() const
+{
+    std::vector<std::string> words{"-nostdin",
+                                   "-hide_banner",
+                                   "-loglevel",
+                                   "error",
+                                   "-y",
+                                   "-f",
+                                   "rawvideo",
+                                   "-pixel_format",
+                                   "rgb24",
+                                   "-video_size",
+                                   std::to_string(m_width) + "x" + std::to_string(m_height),
+                                   "-framerate",
+                                   numberText(m_fps),
+                                   "-i",
+                                   "pipe:0",
+                                   "-an"};
+    const std::vector<std::string> own = encoding(videoFormatOf(m_name));
+    words.insert(words.end(), own.begin(), own.end());
+    for (const char* word : {"-threads", "1", "-filter_threads", "1", "-filter_complex_threads", "1",
+                             "-flags:v", "+bitexact", "-fflags", "+bitexact", "-map_metadata", "-1"})
+        words.emplace_back(word);
+    words.push_back("file:" + m_file.temporary());
+    return words;
+}
+
+std::string VideoFile::open()
+{
+    const std::string problem = m_file.begin();
+    if (!problem.empty())
+        return problem;
+    const int refused = m_encoder.start(kEncoder, arguments());
+    if (refused == ENOENT)
+        return "there is no ffmpeg, which makes the videos: install it (Debian: apt-get install ffmpeg), or "
+               "write "
+               "pictures: " +
+               picturesInstead(m_name);
+    return refused ? "ffmpeg cannot be started: " + std::generic_category().message(refused) : std::string();
+}
+
+std::string VideoFile::add(const osg::Image& picture)
+{
+    const std::size_t row = static_cast<std::size_t>(m_width) * 3;
+    m_rows.resize(row * static_cast<std::size_t>(m_height));
+    for (int y = 0; y < m_height; ++y)
+        std::memcpy(&m_rows[row * static_cast<std::size_t>(y)],
+                    picture.data(0, static_cast<unsigned>(m_height - 1 - y)), row);
+    if (m_encoder.write(m_rows.data(), m_rows.size()))
+        return std::string();
+    const std::string end = m_encoder.finish();
+    return "cannot be written: ffmpeg " + (end.empty() ? "ended before the last picture" : end);
+}
+
+std::string VideoFile::close()
+{
+    const std::string end = m_encoder.finish();
+    if (!end.empty())
+        return "cannot be written: ffmpeg " + end;
+    std::error_code problem;
+    const bool device = m_file.temporary() == m_name;
+    if (!device && std::filesystem::file_size(m_file.temporary(), problem) == 0)
+        return "cannot be written: ffmpeg made an empty file of it";
+    return m_file.putInPlace();
+}
+
+}  // namespace KivPlayer

@@ -1,0 +1,51 @@
+#include "apps/kivplayer/session/avatartrial.h"
+
+#include <sys/resource.h>
+#include <unistd.h>
+
+#include <optional>
+#include <sstream>
+
+#include "apps/kivplayer/content/runtimeroot.h"
+#include "apps/kivplayer/session/session.h"
+#include "apps/kivplayer/support/childprocess.h"
+#include "apps/kivplayer/support/numbers.h"
+
+namespace KivPlayer {
+
+int tryAvatar(const std::string& root, const std::string& seconds)
+{
+    const rlimit noDump{0, 0};
+    setrlimit(RLIMIT_CORE, &noDump);
+    const std::optional<long long> limit = parseInteger(seconds);
+    alarm(limit && *limit > 0 ? static_cast<unsigned>(*limit) : static_cast<unsigned>(kAvatarSeconds));
+    std::ostringstream unheard;
+    Console console(unheard, Console::Loudness::Quiet);
+    Session(console).start(root);
+    return 0;
+}
+
+std::string avatarTrialProblem(const std::string& root, int seconds, const std::string& program)
+{
+    ChildProcess trial;
+    const int problem = trial.start(program, {kTryAvatar, root, std::to_string(seconds)});
+    // Without a second process there is no trial; the avatar itself is not to blame.
+    return problem ? std::string() : trial.finish();
+}
+
+bool startSession(Session& session, const Options& options, Console& console)
+{
+    if (options.root.empty())
+        return session.start(findRuntimeRoot());
+    const std::string problem = options.ownProgram.empty()
+                                    ? std::string()
+                                    : avatarTrialProblem(options.root, kAvatarSeconds, options.ownProgram);
+    if (problem.empty())
+        return session.start(options.root);
+    console.error({Session::avatarBelow(options.root), 0, 0,
+                   "the avatar is damaged: a process that read it for at most " +
+                       std::to_string(kAvatarSeconds) + " s " + problem + "; write the file anew"});
+    return false;
+}
+
+}  // namespace KivPlayer

@@ -1,0 +1,126 @@
+#include "apps/kivplayer/support/childprocess.h"
+
+#include <fcntl.h>
+#include <signal.h>
+#include <spawn.h>
+#include <sys/socket.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <cerrno>
+
+extern char** environ;
+
+namespace KivPlayer {
+
+namespace {
+
+/// What becomes of the program's standard streams.
+class Streams
+{
+public:
+    Streams(int input, int messages)
+    {
+        posix_spawn_file_actions_init(&m_actions);
+        posix_spawn_file_actions_adddup2(&m_actions, input, STDIN_FILENO);
+        posix_spawn_file_actions_addopen(&m_actions, STDOUT_FILENO, "/dev/null", O_WRONLY, 0);
+        posix_spawn_file_actions_adddup2(&m_actions, messages, STDERR_FILENO);
+    }
+    ~Streams() { posix_spawn_file_actions_destroy(&m_actions); }
+    Streams(const Streams&) = delete;
+    Streams& operator=(const Streams&) = delete;
+
+    const posix_spawn_file_actions_t* actions() const { return &m_actions; }
+
+private:
+    posix_spawn_file_actions_t m_actions;
+};
+
+int waitFor(pid_t process)
+{
+    int status = 0;
+    while (waitpid(process, &status, 0) < 0 && errno == EINTR) {
+    }
+    return status;
+}
+
+}  // namespace
+
+ChildProcess::~ChildProcess()
+{
+    if (m_input >= 0)
+        close(m_input);
+    if (m_process > 0) {
+        kill(m_process, SIGKILL);
+        waitFor(m_process);
+    }
+    if (m_pMessages)
+        std::fclose(m_pMessages);
+}
+
+int ChildProcess::start(const std::string& program, const std::vector<std::string>& arguments)
+{
+    // A socket in place of a pipe: writing to one whose other end is gone can be asked to answer without a
+    // signal.
+    int ends[2];
+    if (socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, ends) != 0)
+        return errno;
+    m_input = ends[0];
+    // A file in place of a second pipe: nobody has to read it meanwhile.
+    m_pMessages = std::tmpfile();
+    int problem = m_pMessages ? 0 : errno;
+    if (!problem) {
+        std::vector<char*> words{const_cast<char*>(program.c_str())};
+        for (const std::string& argument : arguments)
+            words.push_back(const_cast<char*>(argument.c_str()));
+        words.push_back(nullptr);
+        const Streams streams(ends[1], fileno(m_pMessages));
+        problem =
+            posix_spawnp(&m_process, program.c_str(), streams.actions(), nullptr, words.data(), environ);
+    }
+    close(ends[1]);
+    if (problem)
+        m_process = -1;
+    return problem;
+}
+
+bool ChildProcess::write(const void* bytes, std::size_t count)
+{
+    const auto* rest = static_cast<const char*>(bytes);
+    while (count > 0) {
+        const ssize_t taken = send(m_input, rest, count, MSG_NOSIGNAL);
+        if (taken < 0 && errno == EINTR)
+            continue;
+        if (taken < 0)
+            return false;
+        rest += taken;
+        count -= static_cast<std::size_t>(taken);
+    }
+    return true;
+}
+
+std::string ChildProcess::said() const
+{
+    std::rewind(m_pMessages);
+    std::string line;
+    for (int letter = std::fgetc(m_pMessages); letter != EOF && letter != '\n';
+         letter = std::fgetc(m_pMessages))
+        line += static_cast<char>(letter);
+    return line;
+}
+
+std::string ChildProcess::finish()
+{
+    close(m_input);
+    m_input = -1;
+    const int status = waitFor(m_process);
+    m_process = -1;
+    if (WIFEXITED(status) && WEXITSTATUS(status) == 0)
+        return std::string();
+    const std::string end = WIFSIGNALED(status) ? "was ended by signal " + std::to_string(WTERMSIG(status))
+                                                : "ended with " + std::to_string(WEXITSTATUS(status));
+    const std::string reason = said();
+    return reason.empty() ? end : end + ": " + reason;
+}
+
+}  // namespace KivPlayer

@@ -1,0 +1,116 @@
+#include <imgui.h>
+
+#include <string>
+
+#include "apps/kivplayer/window/ui/panels.h"
+#include "apps/kivplayer/window/ui/theme.h"
+
+namespace KivPlayer {
+
+using nlohmann::ordered_json;
+
+namespace {
+
+constexpr float kWidth = 520.0f;
+constexpr float kNumber = 62.0f;
+
+/// Stands at the right of the next column.
+void atRight(const char* text)
+{
+    ImGui::TableNextColumn();
+    const float room = ImGui::GetContentRegionAvail().x - ImGui::CalcTextSize(text).x;
+    ImGui::SetCursorPosX(ImGui::GetCursorPosX() + room);
+    ImGui::TextUnformatted(text);
+}
+
+/// A dash where there is none.
+void number(const ordered_json& value, const char* format)
+{
+    char text[32] = "\xE2\x80\x93";
+    if (value.is_number())
+        std::snprintf(text, sizeof text, format, value.get<double>());
+    atRight(text);
+}
+
+void segments(const ordered_json& actor)
+{
+    const ImGuiTableFlags flags = ImGuiTableFlags_RowBg | ImGuiTableFlags_ScrollY | ImGuiTableFlags_PadOuterX;
+    if (!ImGui::BeginTable("##segments", 4, flags, {0, -1}))
+        return;
+    ImGui::TableSetupScrollFreeze(0, 1);
+    ImGui::TableSetupColumn("Segment");
+    ImGui::TableSetupColumn("Avatar", ImGuiTableColumnFlags_WidthFixed, kNumber);
+    ImGui::TableSetupColumn("Actor", ImGuiTableColumnFlags_WidthFixed, kNumber);
+    ImGui::TableSetupColumn("Factor", ImGuiTableColumnFlags_WidthFixed, kNumber);
+    ImGui::TableNextRow(ImGuiTableRowFlags_Headers);
+    ImGui::TableNextColumn();
+    ImGui::TextUnformatted("Segment");
+    for (const char* title : {"Avatar", "Actor", "Factor"})
+        atRight(title);
+    for (const auto& segment : actor.at("segments")) {
+        ImGui::TableNextRow();
+        ImGui::TableNextColumn();
+        ImGui::TextUnformatted(segment.at("key").get<std::string>().c_str());
+        number(segment.at("avatarLength"), "%.2f");
+        number(segment.at("actorLength"), "%.2f");
+        number(segment.at("factor"), "%.3f");
+    }
+    ImGui::EndTable();
+}
+
+void findings(const ordered_json& actor)
+{
+    const std::size_t matched = actor.at("matched").size();
+    ImGui::TextDisabled("%zu of %zu joints have a piece of the avatar; lengths in scene units", matched,
+                        matched + actor.at("unmatched").size());
+    for (const auto& warning : actor.at("warnings")) {
+        ImGui::PushStyleColor(ImGuiCol_Text, Theme::warning());
+        ImGui::TextWrapped("%s", warning.get<std::string>().c_str());
+        ImGui::PopStyleColor();
+    }
+    if (actor.at("unmatched").empty() || !ImGui::TreeNode("Joints without a piece"))
+        return;
+    for (const auto& joint : actor.at("unmatched")) {
+        const std::string nearest =
+            joint.at("nearest").is_string() ? joint.at("nearest").get<std::string>() : std::string();
+        ImGui::BulletText("%s", joint.at("joint").get<std::string>().c_str());
+        if (!nearest.empty()) {
+            ImGui::SameLine();
+            ImGui::TextDisabled("nearest: %s", nearest.c_str());
+        }
+    }
+    ImGui::TreePop();
+}
+
+}  // namespace
+
+void describeFit(Desk& desk, int width, int height)
+{
+    const float tall = static_cast<float>(height - kBarHeight) - 32;
+    ImGui::SetNextWindowPos({static_cast<float>(width) - 16, 16}, ImGuiCond_Always, {1.0f, 0.0f});
+    ImGui::SetNextWindowSize({kWidth, tall});
+    ImGui::PushStyleVar(ImGuiStyleVar_WindowRounding, 8.0f);
+    ImGui::Begin("##fit", nullptr, ImGuiWindowFlags_NoDecoration | ImGuiWindowFlags_NoMove);
+    const ImVec2 place = ImGui::GetWindowPos();
+    const ImVec2 size = ImGui::GetWindowSize();
+    desk.places["fitReport"] = {place.x, place.y, size.x, size.y};
+    ImGui::TextUnformatted("Fit report");
+    const ordered_json& report = desk.fitReport();
+    if (report.is_null())
+        ImGui::TextDisabled("Reading the avatar ...");
+    else if (ImGui::BeginTabBar("##actors")) {
+        for (const auto& actor : report.at("actors")) {
+            const std::string label = actor.at("name").get<std::string>() + "##" + actor.at("actorId").dump();
+            if (!ImGui::BeginTabItem(label.c_str()))
+                continue;
+            findings(actor);
+            segments(actor);
+            ImGui::EndTabItem();
+        }
+        ImGui::EndTabBar();
+    }
+    ImGui::End();
+    ImGui::PopStyleVar();
+}
+
+}  // namespace KivPlayer

@@ -1,0 +1,11 @@
+#pragma once
+
+#include "host/KivReader/humanoid/humanoidmeasure.h"
+
+namespace KivReader {
+
+/// What has to be added to the height of everything for the soles to meet the ground; 0 where they do.
+/// @param figure has the avatar's feet, its axes in them.
+double groundShift(const MatchedMotion& motion, const MotionFigure& figure, double height);
+
+}  // namespace KivReader

@@ -1,0 +1,48 @@
+#include "apps/kivplayer/support/console.h"
+
+#include <gtest/gtest.h>
+
+#include <sstream>
+
+namespace {
+
+using KivPlayer::Console;
+
+TEST(Console, saysWhereAnErrorIsInOneLine)
+{
+    std::ostringstream said;
+    Console console(said, Console::Loudness::Normal);
+    console.error({"walk.bvh", 12, 5, "expected a number"});
+    console.error({"walk.bvh", 12, 0, "expected a number"});
+    console.error({"walk.bvh", 0, 5, "no such file"});
+    console.error({"", 0, 0, "no display"});
+    EXPECT_EQ(said.str(),
+              "kivplayer: walk.bvh:12:5: error: expected a number\n"
+              "kivplayer: walk.bvh:12: error: expected a number\n"
+              "kivplayer: walk.bvh: error: no such file\n"
+              "kivplayer: error: no display\n");
+    EXPECT_EQ(console.errors().size(), 4u);
+}
+
+TEST(Console, keepsErrorsWhenItIsQuiet)
+{
+    std::ostringstream said;
+    Console console(said, Console::Loudness::Quiet);
+    console.warning({"walk.bvh", 3, 1, "odd"});
+    console.note("loading");
+    EXPECT_EQ(said.str(), "");
+    console.error({"walk.bvh", 3, 1, "bad"});
+    EXPECT_EQ(said.str(), "kivplayer: walk.bvh:3:1: error: bad\n");
+}
+
+TEST(Console, doesNotCountWarningsAsErrors)
+{
+    std::ostringstream said;
+    Console console(said, Console::Loudness::Verbose);
+    console.warning({"walk.bvh", 3, 1, "odd"});
+    console.note("loading");
+    EXPECT_EQ(said.str(), "kivplayer: walk.bvh:3:1: warning: odd\nkivplayer: loading\n");
+    EXPECT_TRUE(console.errors().empty());
+}
+
+}  // namespace
