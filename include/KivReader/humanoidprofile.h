@@ -55,8 +55,21 @@ struct ProfileRecord
         std::vector<std::string> nearest;
     };
 
+    /// Why a joint of the file's was taken for one of the avatar's.
+    struct Evidence
+    {
+        std::string joint;        ///< the avatar's name
+        std::string fileJoint;    ///< the file's
+        double confidence = 0.0;  ///< 0 to 1; below kGuess it is a guess
+        std::vector<std::string> reasons;
+    };
+
+    static constexpr double kGuess = 0.6;  ///< what is less sure than this is a guess
+
     bool isHumanoid = false;
     std::string whyNot;                ///< why the file is no humanoid; empty where it is one
+    double confidence = 0.0;           ///< 0 to 1: the least sure of the joints that a person needs
+    std::vector<Evidence> evidence;    ///< of every joint that was found, in the avatar's order
     std::string dialect;               ///< of the table that was used; empty where none fits
     std::vector<std::string> matched;  ///< the avatar's names that the file has, renamed ones included
     std::vector<Renamed> renamed;

@@ -1,13 +1,13 @@
 #include "KivReader/humanoidprofile.h"
 
 #include <algorithm>
-#include <array>
 
 #include "host/KivReader/humanoid/bodyassembly.h"
 #include "host/KivReader/humanoid/bodyplan.h"
 #include "host/KivReader/humanoid/groundlevel.h"
 #include "host/KivReader/humanoid/humanoidmeasure.h"
 #include "host/KivReader/humanoid/profiledfigure.h"
+#include "host/KivReader/humanoid/recognition/recogniser.h"
 #include "host/KivReader/humanoid/remainingjoints.h"
 
 namespace KivReader {
@@ -16,24 +16,7 @@ namespace {
 
 using Kind = KivAnimation::PoseStep::Kind;
 
-constexpr std::array<const char*, 8> kLimbs = {"LeftUpLeg", "RightUpLeg", "LeftLeg",     "RightLeg",
-                                               "LeftArm",   "RightArm",   "LeftForeArm", "RightForeArm"};
 constexpr std::size_t kSettledFrames = 25;
-/// What hangs from a folded joint repeats the moves of all that is folded above it: more would take far more
-/// memory than their text.
-constexpr std::size_t kMostBetween = 32;
-
-/// Why this is no humanoid; empty if it is one.
-std::string missingLimbs(const JointMatching& matching)
-{
-    std::string missing;
-    for (const char* name : kLimbs) {
-        if (!matching.has(name))
-            missing += (missing.empty() ? "" : ", ") + std::string(name);
-    }
-    return missing.empty() ? missing : "there is no " + missing;
-}
-
 /// What both joints hang from.
 std::size_t commonAncestor(const MotionFigure& figure, std::size_t one, std::size_t other)
 {
@@ -42,41 +25,6 @@ std::size_t commonAncestor(const MotionFigure& figure, std::size_t one, std::siz
         later = static_cast<std::size_t>(figure.joints[later].parent);
     }
     return one;
-}
-
-/// What both legs hang from are the hips, whatever their name.
-void findHips(JointMatching& matching, const MotionFigure& figure, ProfileRecord& record)
-{
-    if (matching.has("Hips"))
-        return;
-    const std::size_t hips = commonAncestor(figure, matching.at("LeftUpLeg"), matching.at("RightUpLeg"));
-    for (const auto& [name, joint] : matching.joints) {
-        if (joint == hips)
-            return;
-    }
-    matching.joints["Hips"] = hips;
-    record.warnings.push_back("no joint is called Hips; " + figure.joints[hips].name +
-                              " is what both legs hang from");
-}
-
-/// Why the joints between two of the avatar's are too many to be folded; empty where they are not.
-std::string crowding(const JointMatching& matching, const MotionFigure& figure)
-{
-    std::vector<std::string> targets(figure.joints.size());
-    for (const auto& [name, joint] : matching.joints)
-        targets[joint] = name;
-    std::vector<std::size_t> between(figure.joints.size());  // others since the last of the avatar's
-    std::vector<bool> isBelowOne(figure.joints.size());
-    for (std::size_t i = 1; i < figure.joints.size(); ++i) {
-        const auto parent = static_cast<std::size_t>(figure.joints[i].parent);
-        isBelowOne[i] = isBelowOne[parent] || !targets[parent].empty();
-        between[i] = isBelowOne[i] && targets[parent].empty() ? between[parent] + 1 : 0;
-        if (!targets[i].empty() && between[i] > kMostBetween)
-            return std::to_string(between[i]) + " joints stand between " + targets[i] +
-                   " and the next of the avatar's joints above it; more than " +
-                   std::to_string(kMostBetween) + " are not folded";
-    }
-    return {};
 }
 
 /// Joints whose own columns move them may stand elsewhere than their offsets say, all through the motion.
@@ -175,20 +123,17 @@ ProfiledFigure makeProfiledFigure(const MotionDocument& document, const ProfileO
         return asItStands(document, options, std::move(record));
     }
     const ProfileTable table = profileTableWith(options.tableFile);
-    const MotionFigure raw = makeFigure(document, FileFrame());
-    JointMatching matching = matchJoints(raw, table);
+    Recognition found = recognise(document, table);
+    const JointMatching& matching = found.matching;
     record.dialect = matching.dialect;
     record.ambiguous = matching.ambiguous;
-    record.whyNot = missingLimbs(matching);
-    if (record.whyNot.empty())
-        findHips(matching, raw, record);
-    if (record.whyNot.empty() && !matching.has("Hips"))
-        record.whyNot = "there is no joint for the hips";
-    if (record.whyNot.empty())
-        record.whyNot = crowding(matching, raw);
-    if (!record.whyNot.empty())
+    record.isHumanoid = found.isHumanoid;
+    record.whyNot = std::move(found.whyNot);
+    record.confidence = found.confidence;
+    record.evidence = std::move(found.evidence);
+    if (!record.isHumanoid)
         return asItStands(document, options, std::move(record));
-    record.isHumanoid = true;
+    record.warnings = matching.warnings;
     MotionFigure figure = profiled({document, matching, table.figure}, options, record);
     return {std::move(figure), std::move(record)};
 }

@@ -16,7 +16,9 @@ struct JointMatching
 {
     std::string dialect;
     std::map<std::string, std::size_t> joints;  ///< the avatar's name → index into the file's joints
-    std::vector<std::string> ambiguous;
+    std::map<std::string, std::size_t> toes;    ///< the avatar's foot → the file's toe joint; no end site
+    std::vector<std::string> ambiguous;         ///< sentences: what may be one as well as the other
+    std::vector<std::string> warnings;
 
     bool has(const std::string& name) const { return joints.count(name) > 0; }
     std::size_t at(const std::string& name) const { return joints.at(name); }

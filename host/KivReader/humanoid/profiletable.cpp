@@ -194,6 +194,7 @@ ProfileTable profileTableWith(const std::string& file)
         throw std::runtime_error("the profile table " + quoted(file) + " cannot be read");
     ProfileTable table = parseProfileTable(text.str(), file);
     const ProfileTable& builtIn = builtInProfileTable();
+    table.usersDialects = table.dialects.size();
     table.dialects.insert(table.dialects.end(), builtIn.dialects.begin(), builtIn.dialects.end());
     for (const RestFigure::Joint& joint : builtIn.figure.joints) {
         if (!table.figure.joints.empty() && !table.figure.has(joint.name))

@@ -53,6 +53,7 @@ struct Dialect
 struct ProfileTable
 {
     std::vector<Dialect> dialects;
+    std::size_t usersDialects = 0;  ///< so many of the first ones are the user's own
     RestFigure figure;
 };
 
