@@ -7,6 +7,7 @@
 #include <sstream>
 
 #include "KivReader/humanoidprofile.h"
+#include "apps/kivplayer/options/inputprotection.h"
 #include "apps/kivplayer/options/offsetoption.h"
 #include "apps/kivplayer/options/optionchecks.h"
 #include "apps/kivplayer/options/optiontexts.h"
@@ -45,6 +46,8 @@ void understandReading(const OptionTexts& texts, Options& options)
 {
     const std::string tableWanted = "auto, off or the path of a table, without double quotes in it";
     options.reading = readerWord("--profile", "profile", tableWanted, texts.profile);
+    if (texts.profile != "auto" && texts.profile != "off")
+        options.aliasTable = texts.profile;
     options.reading +=
         " " + readerWord("--unit", "unit", "auto, cm, m, mm, inch, dm, cmu or centimetres per unit, above 0",
                          texts.unit);
@@ -179,6 +182,7 @@ Parsing parseOptions(int argc, const char* const* argv, bool display)
         understandSheet(texts, options);
         options.window = display && asksForNoPicture(options);
         checkTogether(options, texts);
+        protectInputs(options);
         parsing.options = options;
     } catch (const CLI::Success& answer) {
         std::ostringstream out;
