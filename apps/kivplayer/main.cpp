@@ -9,6 +9,7 @@
 #include "apps/kivplayer/options/options.h"
 #include "apps/kivplayer/session/avatartrial.h"
 #include "apps/kivplayer/support/console.h"
+#include "apps/kivplayer/support/printable.h"
 #include "apps/kivplayer/support/softwaredrawing.h"
 #include "apps/kivplayer/window/runwindow.h"
 #include "apps/kivplayer/window/startup.h"
@@ -21,7 +22,7 @@ int main(int argc, char** argv)
     KivPlayer::startUp().reached("program");
     const KivPlayer::Parsing parsing = KivPlayer::parseOptions(argc, argv, KivPlayer::displayThere());
     std::cout << parsing.output << std::flush;
-    std::cerr << parsing.error << std::flush;
+    std::cerr << KivPlayer::printable(parsing.error) << std::flush;
     if (!parsing.options)
         return parsing.exitCode;
     KivPlayer::Options options = *parsing.options;
@@ -38,7 +39,7 @@ int main(int argc, char** argv)
         return options.window ? KivPlayer::runWindow(options, console)
                               : KivPlayer::runHeadless(options, console);
     } catch (const std::exception& problem) {
-        std::cerr << "kivplayer: error: " << problem.what() << std::endl;
+        std::cerr << "kivplayer: error: " << KivPlayer::printable(problem.what()) << std::endl;
         return KivPlayer::ExitFailed;
     }
 }

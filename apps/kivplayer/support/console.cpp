@@ -2,6 +2,8 @@
 
 #include <ostream>
 
+#include "apps/kivplayer/support/printable.h"
+
 namespace KivPlayer {
 
 std::string placeText(const Complaint& complaint)
@@ -24,7 +26,7 @@ void Console::error(const Complaint& complaint)
 {
     const std::lock_guard<std::mutex> lock(m_mutex);
     m_errors.push_back(complaint);
-    m_stream << complaintLine(complaint, "error") << std::endl;
+    m_stream << printable(complaintLine(complaint, "error")) << std::endl;
 }
 
 std::vector<std::string> Console::errorLines() const
@@ -40,21 +42,21 @@ void Console::warning(const Complaint& complaint)
 {
     const std::lock_guard<std::mutex> lock(m_mutex);
     if (m_loudness != Loudness::Quiet)
-        m_stream << complaintLine(complaint, "warning") << std::endl;
+        m_stream << printable(complaintLine(complaint, "warning")) << std::endl;
 }
 
 void Console::say(const std::string& text)
 {
     const std::lock_guard<std::mutex> lock(m_mutex);
     if (m_loudness != Loudness::Quiet)
-        m_stream << text << std::flush;
+        m_stream << printable(text) << std::flush;
 }
 
 void Console::note(const std::string& text)
 {
     const std::lock_guard<std::mutex> lock(m_mutex);
     if (m_loudness == Loudness::Verbose)
-        m_stream << "kivplayer: " << text << std::endl;
+        m_stream << "kivplayer: " << printable(text) << std::endl;
 }
 
 }  // namespace KivPlayer

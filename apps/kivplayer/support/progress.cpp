@@ -4,7 +4,8 @@
 #include <cstdlib>
 #include <ostream>
 #include <string_view>
-#include <utility>
+
+#include "apps/kivplayer/support/printable.h"
 
 #if defined(_WIN32)
 #include <io.h>
@@ -29,7 +30,7 @@ Progress::Progress(std::ostream& stream, Style style, std::string job, unsigned 
                    std::chrono::milliseconds patience, Unit unit)
     : m_stream(stream),
       m_style(style),
-      m_job(std::move(job)),
+      m_job(printable(job)),
       m_total(std::max(1ULL, total)),
       m_speaksFrom(std::chrono::steady_clock::now() + patience),
       m_unit(unit)

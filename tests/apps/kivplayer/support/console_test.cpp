@@ -45,4 +45,17 @@ TEST(Console, doesNotCountWarningsAsErrors)
     EXPECT_TRUE(console.errors().empty());
 }
 
+TEST(Console, neverShowsATerminalTheControlCharactersOfAFile)
+{
+    std::ostringstream said;
+    Console console(said, Console::Loudness::Verbose);
+    console.error({"a\x1b[2J.bvh", 3, 1, "joint \a"});
+    console.warning({"", 0, 0, "\x1b"});
+    console.say("\x1b\n");
+    console.note("\x1b");
+    EXPECT_EQ(said.str(),
+              "kivplayer: a\\x1B[2J.bvh:3:1: error: joint \\x07\nkivplayer: warning: \\x1B\n\\x1B\n"
+              "kivplayer: \\x1B\n");
+}
+
 }  // namespace
