@@ -9,6 +9,7 @@
 #include "apps/kivplayer/options/options.h"
 #include "apps/kivplayer/session/avatartrial.h"
 #include "apps/kivplayer/support/console.h"
+#include "apps/kivplayer/support/platform/interruption.h"
 #include "apps/kivplayer/support/printable.h"
 #include "apps/kivplayer/support/softwaredrawing.h"
 #include "apps/kivplayer/window/runwindow.h"
@@ -19,6 +20,7 @@ int main(int argc, char** argv)
     using KivPlayer::Console;
     if (argc == 4 && argv[1] == std::string_view(KivPlayer::kTryAvatar))
         return KivPlayer::tryAvatar(argv[2], argv[3]);
+    KivPlayer::cleanUpWhenInterrupted();
     KivPlayer::startUp().reached("program");
     const KivPlayer::Parsing parsing = KivPlayer::parseOptions(argc, argv, KivPlayer::displayThere());
     std::cout << parsing.output << std::flush;

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cctype>
 #include <cerrno>
+#include <cstdlib>
 #include <cstring>
 #include <filesystem>
 #include <system_error>
@@ -14,6 +15,7 @@ namespace KivPlayer {
 namespace {
 
 const char* const kEncoder = "ffmpeg";
+const char* const kReader = "ffprobe";
 // The colours of high-definition video, said in the file: without it players guess.
 const std::vector<std::string> kVideoColours{
     "-vf",
@@ -55,6 +57,33 @@ std::string picturesInstead(const std::string& video)
 {
     const std::filesystem::path path(video);
     return "--output '" + (path.parent_path() / path.stem() / "{frame:04}.png").string() + "'";
+}
+
+/// Reads a finished video to its end and counts its pictures. Without the program that does it, which comes
+/// with the encoder, nothing is known and nothing is said.
+std::string faultOf(const std::string& video, unsigned long long pictures)
+{
+    ChildProcess reader;
+    const std::vector<std::string> arguments{"-v",
+                                             "error",
+                                             "-select_streams",
+                                             "v:0",
+                                             "-count_packets",
+                                             "-show_entries",
+                                             "stream=nb_read_packets",
+                                             "-of",
+                                             "default=noprint_wrappers=1:nokey=1",
+                                             "file:" + video};
+    if (reader.start(kReader, arguments, ChildProcess::Output::Kept) != 0)
+        return std::string();
+    const std::string end = reader.finish();
+    if (!end.empty() || !reader.message().empty())
+        return "cannot be read again after it was written: " + (end.empty() ? reader.message() : end);
+    const unsigned long long found = std::strtoull(reader.output().c_str(), nullptr, 10);
+    if (found == pictures)
+        return std::string();
+    return "was cut short: it has " + std::to_string(found) + " of " + std::to_string(pictures) +
+           " pictures; is the disk full?";
 }
 
 }  // namespace
@@ -131,6 +160,7 @@ std::string VideoFile::add(const osg::Image& picture)
     for (int y = 0; y < m_height; ++y)
         std::memcpy(&m_rows[row * static_cast<std::size_t>(y)],
                     picture.data(0, static_cast<unsigned>(m_height - 1 - y)), row);
+    ++m_pictures;
     if (m_encoder.write(m_rows.data(), m_rows.size()))
         return std::string();
     const std::string end = m_encoder.finish();
@@ -142,11 +172,15 @@ std::string VideoFile::close()
     const std::string end = m_encoder.finish();
     if (!end.empty())
         return "cannot be written: ffmpeg " + end;
+    // On a full disk it ends with 0 and says so in words alone.
+    if (!m_encoder.message().empty())
+        return "cannot be written: ffmpeg says: " + m_encoder.message();
     std::error_code problem;
     const bool device = m_file.temporary() == m_name;
     if (!device && std::filesystem::file_size(m_file.temporary(), problem) == 0)
         return "cannot be written: ffmpeg made an empty file of it";
-    return m_file.putInPlace();
+    const std::string fault = device ? std::string() : faultOf(m_file.temporary(), m_pictures);
+    return fault.empty() ? m_file.putInPlace() : fault;
 }
 
 }  // namespace KivPlayer

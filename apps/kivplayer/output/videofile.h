@@ -31,7 +31,8 @@ constexpr bool needsEvenSize(VideoFormat format)
 }
 
 /// A video that an ffmpeg child makes of pictures. The same pictures give the same bytes with the same
-/// ffmpeg: no dates, no names of programs, one thread. The file appears under its name once it is complete.
+/// ffmpeg: no dates, no names of programs, one thread. The file appears under its name once it is complete
+/// and has been read to its end.
 class VideoFile
 {
 public:
@@ -53,6 +54,7 @@ private:
     WholeFile m_file;
     ChildProcess m_encoder;
     std::vector<unsigned char> m_rows;
+    unsigned long long m_pictures = 0;
 };
 
 }  // namespace KivPlayer

@@ -7,6 +7,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 
 extern char** environ;
@@ -19,12 +20,16 @@ namespace {
 class Streams
 {
 public:
-    Streams(int input, int messages)
+    /// @param output null: dropped
+    Streams(int input, std::FILE* output, std::FILE* errors)
     {
         posix_spawn_file_actions_init(&m_actions);
         posix_spawn_file_actions_adddup2(&m_actions, input, STDIN_FILENO);
-        posix_spawn_file_actions_addopen(&m_actions, STDOUT_FILENO, "/dev/null", O_WRONLY, 0);
-        posix_spawn_file_actions_adddup2(&m_actions, messages, STDERR_FILENO);
+        if (output != nullptr)
+            posix_spawn_file_actions_adddup2(&m_actions, fileno(output), STDOUT_FILENO);
+        else
+            posix_spawn_file_actions_addopen(&m_actions, STDOUT_FILENO, "/dev/null", O_WRONLY, 0);
+        posix_spawn_file_actions_adddup2(&m_actions, fileno(errors), STDERR_FILENO);
     }
     ~Streams() { posix_spawn_file_actions_destroy(&m_actions); }
     Streams(const Streams&) = delete;
@@ -44,6 +49,16 @@ int waitFor(pid_t process)
     return status;
 }
 
+/// From its beginning, at most as much as a person would read.
+std::string contentOf(std::FILE* file)
+{
+    constexpr std::size_t kMaxBytes = 65536;
+    std::string content(kMaxBytes, '\0');
+    std::rewind(file);
+    content.resize(std::fread(content.data(), 1, content.size(), file));
+    return content;
+}
+
 }  // namespace
 
 ChildProcess::~ChildProcess()
@@ -54,11 +69,9 @@ ChildProcess::~ChildProcess()
         kill(m_process, SIGKILL);
         waitFor(m_process);
     }
-    if (m_pMessages)
-        std::fclose(m_pMessages);
 }
 
-int ChildProcess::start(const std::string& program, const std::vector<std::string>& arguments)
+int ChildProcess::start(const std::string& program, const std::vector<std::string>& arguments, Output output)
 {
     // A socket in place of a pipe: writing to one whose other end is gone can be asked to answer without a
     // signal.
@@ -66,21 +79,24 @@ int ChildProcess::start(const std::string& program, const std::vector<std::strin
     if (socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, ends) != 0)
         return errno;
     m_input = ends[0];
-    // A file in place of a second pipe: nobody has to read it meanwhile.
-    m_pMessages = std::tmpfile();
-    int problem = m_pMessages ? 0 : errno;
+    m_spErrors.reset(std::tmpfile());
+    if (output == Output::Kept)
+        m_spOutput.reset(std::tmpfile());
+    int problem = m_spErrors && (m_spOutput || output == Output::Dropped) ? 0 : errno;
     if (!problem) {
         std::vector<char*> words{const_cast<char*>(program.c_str())};
         for (const std::string& argument : arguments)
             words.push_back(const_cast<char*>(argument.c_str()));
         words.push_back(nullptr);
-        const Streams streams(ends[1], fileno(m_pMessages));
+        const Streams streams(ends[1], m_spOutput.get(), m_spErrors.get());
         problem =
             posix_spawnp(&m_process, program.c_str(), streams.actions(), nullptr, words.data(), environ);
     }
     close(ends[1]);
     if (problem)
         m_process = -1;
+    else
+        m_running.emplace(m_process);
     return problem;
 }
 
@@ -99,28 +115,22 @@ bool ChildProcess::write(const void* bytes, std::size_t count)
     return true;
 }
 
-std::string ChildProcess::said() const
-{
-    std::rewind(m_pMessages);
-    std::string line;
-    for (int letter = std::fgetc(m_pMessages); letter != EOF && letter != '\n';
-         letter = std::fgetc(m_pMessages))
-        line += static_cast<char>(letter);
-    return line;
-}
-
 std::string ChildProcess::finish()
 {
     close(m_input);
     m_input = -1;
     const int status = waitFor(m_process);
     m_process = -1;
+    m_running.reset();
+    m_message = contentOf(m_spErrors.get());
+    m_message.erase(std::min(m_message.find('\n'), m_message.size()));
+    if (m_spOutput)
+        m_output = contentOf(m_spOutput.get());
     if (WIFEXITED(status) && WEXITSTATUS(status) == 0)
         return std::string();
     const std::string end = WIFSIGNALED(status) ? "was ended by signal " + std::to_string(WTERMSIG(status))
                                                 : "ended with " + std::to_string(WEXITSTATUS(status));
-    const std::string reason = said();
-    return reason.empty() ? end : end + ": " + reason;
+    return m_message.empty() ? end : end + ": " + m_message;
 }
 
 }  // namespace KivPlayer

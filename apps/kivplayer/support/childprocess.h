@@ -2,10 +2,14 @@
 
 #include <cstddef>
 #include <cstdio>
+#include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
 #include <sys/types.h>
+
+#include "apps/kivplayer/support/platform/interruption.h"
 
 namespace KivPlayer {
 
@@ -20,8 +24,16 @@ public:
     ChildProcess(const ChildProcess&) = delete;
     ChildProcess& operator=(const ChildProcess&) = delete;
 
+    /// What becomes of the program's standard output.
+    enum class Output
+    {
+        Dropped,
+        Kept
+    };
+
     /// @return 0, or the system's error: ENOENT where there is no such program.
-    int start(const std::string& program, const std::vector<std::string>& arguments);
+    int start(const std::string& program, const std::vector<std::string>& arguments,
+              Output output = Output::Dropped);
 
     /// @return false where the program no longer reads.
     bool write(const void* bytes, std::size_t count);
@@ -30,12 +42,26 @@ public:
     /// @return what went wrong with it, in its own words where it said any; empty where it answered 0.
     std::string finish();
 
+    /// Of a program that has finished: the first line of its standard error, whatever it answered, and its
+    /// standard output where that was kept.
+    const std::string& message() const { return m_message; }
+    const std::string& output() const { return m_output; }
+
 private:
-    std::string said() const;
+    struct Closing
+    {
+        void operator()(std::FILE* file) const { std::fclose(file); }
+    };
+    using File = std::unique_ptr<std::FILE, Closing>;
 
     pid_t m_process = -1;
+    std::optional<RunningChild> m_running;
     int m_input = -1;
-    std::FILE* m_pMessages = nullptr;  ///< what it writes to its standard error
+    // Files in place of pipes: nobody has to read them meanwhile.
+    File m_spErrors;
+    File m_spOutput;
+    std::string m_message;
+    std::string m_output;
 };
 
 }  // namespace KivPlayer

@@ -29,7 +29,8 @@ std::string printable(std::string_view text)
     std::string shown;
     for (std::size_t i = 0; i < text.size(); ++i) {
         const auto byte = static_cast<unsigned char>(text[i]);
-        const auto next = i + 1 < text.size() ? static_cast<unsigned char>(text[i + 1]) : static_cast<unsigned char>(0);
+        const auto next =
+            i + 1 < text.size() ? static_cast<unsigned char>(text[i + 1]) : static_cast<unsigned char>(0);
         if (byte == kC1Lead && next >= kC1First && next <= kC1Last) {
             appendEscaped(shown, next);
             ++i;

@@ -31,7 +31,7 @@ WholeFile::WholeFile(const std::string& goal)
 WholeFile::~WholeFile()
 {
     std::error_code ignored;
-    if (m_begun && m_renamed)
+    if (m_unfinished)
         std::filesystem::remove(m_temporary, ignored);
 }
 
@@ -46,7 +46,8 @@ std::string WholeFile::begin()
     errno = 0;
     if (!std::ofstream(m_temporary, std::ios::binary | std::ios::trunc))
         return because("cannot be written", errno);
-    m_begun = true;
+    if (m_renamed)
+        m_unfinished.emplace(m_temporary);
     return std::string();
 }
 
@@ -57,7 +58,7 @@ std::string WholeFile::putInPlace()
         std::filesystem::rename(m_temporary, m_goal, problem);
     if (problem)
         return "cannot be written: " + problem.message();
-    m_begun = false;
+    m_unfinished.reset();
     return std::string();
 }
 

@@ -2,13 +2,16 @@
 
 #include <functional>
 #include <iosfwd>
+#include <optional>
 #include <string>
+
+#include "apps/kivplayer/support/platform/interruption.h"
 
 namespace KivPlayer {
 
 /// A file that is there whole or not at all: written as NAME.part beside its goal and renamed once it is
-/// complete; what is not put in place is removed. Missing folders are made. Devices and pipes are written as
-/// they are.
+/// complete; what is not put in place is removed, also when the program is interrupted. Missing folders are
+/// made. Devices and pipes are written as they are.
 class WholeFile
 {
 public:
@@ -29,8 +32,8 @@ public:
 private:
     std::string m_goal;
     std::string m_temporary;
-    bool m_renamed;  ///< at the end
-    bool m_begun = false;
+    bool m_renamed;                              ///< at the end
+    std::optional<UnfinishedFile> m_unfinished;  ///< from its beginning until it is put in place
 };
 
 /// Writes a whole file at once. Writing answers whether it went well.

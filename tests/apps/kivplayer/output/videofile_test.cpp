@@ -132,6 +132,18 @@ TEST_F(VideoFileTest, takesNoEmptyFileForAVideo)
     EXPECT_FALSE(std::filesystem::exists(path("walk.mp4")));
 }
 
+TEST_F(VideoFileTest, believesNoEncoderThatComplainsAndAnswersZero)
+{
+    write("walk.mp4", "older");
+    putInFront(
+        "cat >/dev/null; echo 'av_interleaved_write_frame(): No space left' >&2; for last; do :; done; "
+        "echo video >\"${last#file:}\"");
+    EXPECT_EQ(make("walk.mp4"),
+              "cannot be written: ffmpeg says: av_interleaved_write_frame(): No space left");
+    EXPECT_EQ(contentOf(path("walk.mp4")), "older");
+    EXPECT_FALSE(unfinishedThere("walk.mp4"));
+}
+
 TEST_F(VideoFileTest, saysWhyAFolderCannotBeMadeBeforeAnythingIsDrawn)
 {
     write("file", "");
@@ -145,6 +157,25 @@ TEST_F(RealVideo, saysThatTheDiskIsFullAndLeavesTheOlderVideo)
     EXPECT_THAT(make("walk.mp4"), HasSubstr("No space left on device"));
     EXPECT_EQ(contentOf(path("walk.mp4")), "older");
     EXPECT_FALSE(unfinishedThere("walk.mp4"));
+}
+
+/// The encoder answers 0 and is silent, and the video is not whole: what a disk that fills up can look like.
+TEST_F(RealVideo, isReadToItsEndBeforeItReplacesAnOlderOne)
+{
+    for (const char* name : {"a.mp4", "a.mkv", "a.webm", "a.gif"}) {
+        for (const int percent : {1, 10, 50, 90, 99}) {
+            write(name, "older");
+            const std::string real = outputOf("command -v ffmpeg");
+            putInFront("PATH='" + m_path + "'; " + real.substr(0, real.find('\n')) +
+                       " \"$@\" || exit; for last; do :; done; file=\"${last#file:}\"; "
+                       "truncate -s $(($(stat -c %s \"$file\") * " +
+                       std::to_string(percent) + " / 100)) \"$file\"");
+            EXPECT_NE(make(name, 25), "") << name << " cut to " << percent << " %";
+            EXPECT_EQ(contentOf(path(name)), "older") << name << " cut to " << percent << " %";
+            EXPECT_FALSE(unfinishedThere(name));
+            setenv("PATH", m_path.c_str(), 1);
+        }
+    }
 }
 
 TEST_F(RealVideo, hasEveryPictureTheSizeAndTheRate)

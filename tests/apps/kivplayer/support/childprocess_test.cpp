@@ -62,6 +62,16 @@ TEST(ChildProcess, passesWordsOnAsTheyAre)
     EXPECT_EQ(child.finish(), "");
 }
 
+TEST(ChildProcess, keepsWhatAProgramPrintsAndItsFirstComplaintWhateverItAnswers)
+{
+    ChildProcess child;
+    ASSERT_EQ(child.start("sh", {"-c", "echo 12; echo odd >&2; echo more >&2"}, ChildProcess::Output::Kept),
+              0);
+    EXPECT_EQ(child.finish(), "");
+    EXPECT_EQ(child.output(), "12\n");
+    EXPECT_EQ(child.message(), "odd");
+}
+
 TEST(ChildProcess, endsAProgramThatNobodyWaitedFor)
 {
     ChildProcess child;
