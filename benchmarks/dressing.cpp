@@ -5,6 +5,7 @@
 #include <functional>
 
 #include "KivCharacterization/Characterization/characterbvh.h"
+#include "KivCharacterization/naming.h"
 #include "benchmarks/support/figuretext.h"
 #include "benchmarks/support/leastdress.h"
 #include "benchmarks/support/meshavatar.h"
@@ -29,7 +30,7 @@ public:
     PieceCounter() : osg::NodeVisitor(TRAVERSE_ALL_CHILDREN) {}
     void apply(osg::Node& node) override
     {
-        pieces += node.getName().compare(0, 6, "Joint:") == 0 ? 1 : 0;
+        pieces += KivCharacterization::hasPiecePrefix(node.getName()) ? 1 : 0;
         traverse(node);
     }
     std::size_t pieces = 0;

@@ -4,7 +4,6 @@
 #include <osg/MatrixTransform>
 
 #include <algorithm>
-#include <string_view>
 #include <vector>
 
 #include "KivAnimation/bone.h"
@@ -13,7 +12,6 @@
 #include "KivCharacterization/Characterization/jointnaming.h"
 #include "KivCharacterization/Characterization/kivpropsproertymanager.h"
 #include "KivCharacterization/Characterization/neighboursearch.h"
-#include "KivCharacterization/Characterization/nodemasks.h"
 #include "KivCharacterization/Characterization/piececopy.h"
 #include "KivCharacterization/Characterization/piecemount.h"
 #include "KivCharacterization/Characterization/segmentfitting.h"
@@ -98,7 +96,7 @@ void buildProps(const SPieceMount& mount)
 /// @return false, and no change, where a side lacks it.
 bool fitToSegment(const SPieceMount& mount, SSegmentSearch& segments)
 {
-    const std::string_view segment = PieceBase(mount.piece->getName());
+    const std::string segment = PieceBaseName(mount.piece->getName());
     const BvhSegment* skeletonSegment = segments.skeleton.find(segment);
     const IveSegment* avatarSegment = segments.avatar.find(segment);
     if (!skeletonSegment || !avatarSegment) {
@@ -140,8 +138,8 @@ void findProportions(std::vector<SPieceMount>& mounts)
     const float handRatio = HandRatio(skeleton, avatar);
     for (SPieceMount& mount : mounts) {
         if (mount.special) {
-            setProportion(mount, TorsoPieceNames(), hipRatio);
-            setProportion(mount, HandPieceNames(), handRatio);
+            setProportion(mount, kTorsoPieces, hipRatio);
+            setProportion(mount, kHandPieces, handRatio);
         }
     }
 }

@@ -1,70 +1,34 @@
 #include "KivCharacterization/Characterization/jointnaming.h"
 
+#include <string_view>
+
 namespace KivCharacterization {
 
-const std::string kPiecePrefix = "Joint:";
-const std::size_t kPiecePrefixLength = 6;
-
-bool HasPiecePrefix(const std::string& name)
-{
-    return name.compare(0, kPiecePrefixLength, kPiecePrefix) == 0;
-}
-
-std::string_view UnqualifiedJointName(std::string_view name)
-{
-    const std::size_t mark = name.find('#');
-    return mark == std::string_view::npos ? name : name.substr(mark + 1);
-}
-
-std::string NormaliseJointName(const std::string& name)
-{
-    return std::string(UnqualifiedJointName(name));
-}
-
-std::string SegmentKey(std::string_view parent, std::string_view child)
-{
-    std::string key(parent.size() + 1 + child.size(), '&');
-    parent.copy(key.data(), parent.size());
-    child.copy(key.data() + parent.size() + 1, child.size());
-    return key;
-}
-
-std::string_view PieceBase(std::string_view fullName)
+std::string PieceBaseName(const std::string& fullName)
 {
     if (fullName.size() < kPiecePrefixLength) {
         return {};
     }
-    const std::string_view body = fullName.substr(kPiecePrefixLength);
-    const std::size_t tagMark = body.find('#');
-    return body.substr(0, tagMark != std::string_view::npos ? tagMark : body.find('$'));
-}
-
-std::string PieceBaseName(const std::string& fullName)
-{
-    return std::string(PieceBase(fullName));
+    const std::string body = fullName.substr(kPiecePrefixLength);
+    const std::size_t tagMark = body.find(kTagMark);
+    return body.substr(0, tagMark != std::string::npos ? tagMark : body.find(kPieceEndMark));
 }
 
 SegmentPieceKind ClassifySegmentPiece(const std::string& fullName)
 {
-    const std::size_t tagMark = fullName.find('#');
+    const std::size_t tagMark = fullName.find(kTagMark);
     if (tagMark == std::string::npos) {
         return SegmentPieceKind::None;
     }
-    const std::size_t endMark = fullName.find('$');
+    const std::size_t endMark = fullName.find(kPieceEndMark);
     if (endMark == std::string::npos || endMark < tagMark) {
         return SegmentPieceKind::None;
     }
     const std::string_view tag = std::string_view(fullName).substr(tagMark + 1, endMark - tagMark - 1);
-    if (tag == "Inner") {
+    if (tag == kInnerTag) {
         return SegmentPieceKind::Inner;
     }
-    return tag == "Outer" ? SegmentPieceKind::Outer : SegmentPieceKind::None;
-}
-
-bool IsPropsJoint(const std::string& normalisedName)
-{
-    return normalisedName.find("Props") != std::string::npos &&
-           normalisedName.find("End") == std::string::npos;
+    return tag == kOuterTag ? SegmentPieceKind::Outer : SegmentPieceKind::None;
 }
 
 namespace {
@@ -74,23 +38,6 @@ namespace {
 
 }  // namespace
 
-const std::array<std::string, 4>& TorsoPieceNames()
-{
-    static const std::array<std::string, 4> names = {"Joint:Spine3&Neck$", "Joint:Hips&Spine$",
-                                                     "Joint:Spine2$", "Joint:Spine1$"};
-    return names;
-}
-
-const std::array<std::string, 14>& HandPieceNames()
-{
-    static const std::array<std::string, 14> names = {
-        "Joint:RightHand$",   "Joint:LeftHand$",    "Joint:LeftHand#1$",  "Joint:LeftHand#2$",
-        "Joint:LeftHand#3$",  "Joint:LeftHand#4$",  "Joint:LeftHand#5$",  "Joint:LeftHand#6$",
-        "Joint:RightHand#1$", "Joint:RightHand#2$", "Joint:RightHand#3$", "Joint:RightHand#4$",
-        "Joint:RightHand#5$", "Joint:RightHand#6$"};
-    return names;
-}
-
 SpecialJointTable& SpecialJointTable::instance()
 {
     static SpecialJointTable table;
@@ -99,11 +46,11 @@ SpecialJointTable& SpecialJointTable::instance()
 
 SpecialJointTable::SpecialJointTable()
 {
-    for (const std::string& name : TorsoPieceNames()) {
-        m_mapEntries[name] = nullptr;
+    for (const std::string_view name : kTorsoPieces) {
+        m_mapEntries[std::string(name)] = nullptr;
     }
-    for (const std::string& name : HandPieceNames()) {
-        m_mapEntries[name] = nullptr;
+    for (const std::string_view name : kHandPieces) {
+        m_mapEntries[std::string(name)] = nullptr;
     }
 }
 

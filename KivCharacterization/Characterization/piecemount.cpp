@@ -55,7 +55,7 @@ std::vector<SPieceMount> MountPieces(const BvhJointMap& skeleton, const IveJoint
             continue;
         }
         for (const osg::MatrixTransform* piece : entry->pieces) {
-            if (piece->getName().find('$', kPiecePrefixLength) != std::string::npos) {
+            if (piece->getName().find(kPieceEndMark, kPiecePrefixLength) != std::string::npos) {
                 mounts.push_back(makeMount(joint, *bone, *piece, *rescaling));
             }
         }

@@ -6,6 +6,7 @@
 #include <string>
 
 #include "KivAnimation/updatebone.h"
+#include "KivCharacterization/naming.h"
 
 namespace KivCharacterization {
 
@@ -13,7 +14,7 @@ namespace {
 
 bool isRootJointName(const std::string& name)
 {
-    const std::size_t mark = name.find('#');
+    const std::size_t mark = name.find(kQualifierMark);
     return mark != std::string::npos && name.compare(mark + 1, std::string::npos, "Hips") == 0;
 }
 

@@ -4,6 +4,8 @@
 
 #include <cmath>
 
+#include "KivCharacterization/naming.h"
+
 namespace KivCharacterization {
 
 namespace {
@@ -24,8 +26,8 @@ float length(const osg::Vec3f& vector)
 template <typename SegmentMap>
 float hipWidth(SegmentMap& segments)
 {
-    const osg::Vec3f left = segments["Hips&LeftUpLeg"].offset;
-    return length(left - segments["Hips&RightUpLeg"].offset);
+    const osg::Vec3f left = segments[kLeftHipSegment].offset;
+    return length(left - segments[kRightHipSegment].offset);
 }
 
 }  // namespace
@@ -54,9 +56,8 @@ float HipRatio(BvhSegmentMap& skeleton, IveSegmentMap& avatar)
 
 float HandRatio(BvhSegmentMap& skeleton, IveSegmentMap& avatar)
 {
-    const char* const ring = "LeftInHandRing&LeftHandRing1";
-    const float skeletonLength = length(skeleton[ring].offset);
-    return skeletonLength / length(avatar[ring].offset);
+    const float skeletonLength = length(skeleton[kHandSegment].offset);
+    return skeletonLength / length(avatar[kHandSegment].offset);
 }
 
 }  // namespace KivCharacterization

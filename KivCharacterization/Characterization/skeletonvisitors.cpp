@@ -9,16 +9,11 @@
 #include <utility>
 
 #include "KivAnimation/bone.h"
-#include "KivCharacterization/Characterization/jointnaming.h"
+#include "KivCharacterization/naming.h"
 
 namespace KivCharacterization {
 
 namespace {
-
-bool isPieceName(const std::string& name)
-{
-    return name.size() > kPiecePrefixLength && HasPiecePrefix(name);
-}
 
 /// Most nodes of a motion skeleton are bones and nothing beyond, which is told without a search through the
 /// classes above.
@@ -53,7 +48,7 @@ void CBvhSkeletonNodeVisitor::apply(osg::Node& node)
 void CBvhSkeletonNodeVisitor::collect(osg::Node& node)
 {
     if (KivAnimation::Bone* bone = asBone(node)) {
-        enter(*m_pJoints, m_next, UnqualifiedJointName(bone->getName()), bone);
+        enter(*m_pJoints, m_next, withoutQualifier(bone->getName()), bone);
     }
 }
 
@@ -73,14 +68,14 @@ void CBVhCalBoneLenNodeVisitor::collect(osg::Node& node)
     if (!bone) {
         return;
     }
-    const std::string_view parentName = UnqualifiedJointName(bone->getName());
+    const std::string_view parentName = withoutQualifier(bone->getName());
     for (unsigned int i = 0; i < bone->getNumChildren(); ++i) {
         const KivAnimation::Bone* child = asBone(*bone->getChild(i));
         if (!child) {
             continue;
         }
         const osg::Vec3f offset(child->getInitialMatrix().getTrans());
-        enter(*m_pSegments, m_next, SegmentKey(parentName, UnqualifiedJointName(child->getName())),
+        enter(*m_pSegments, m_next, SegmentKey(parentName, withoutQualifier(child->getName())),
               BvhSegment{offset, std::sqrt(offset * offset)});
     }
 }
@@ -92,7 +87,7 @@ CIveSkeletonNodeVisitor::CIveSkeletonNodeVisitor(IveJointMap* joints, SkeletonEx
 void CIveSkeletonNodeVisitor::apply(osg::Node& node)
 {
     auto* joint = dynamic_cast<osg::MatrixTransform*>(&node);
-    if (!joint || HasPiecePrefix(joint->getName())) {
+    if (!joint || hasPiecePrefix(joint->getName())) {
         traverse(node);
         return;
     }

@@ -8,8 +8,8 @@
 #include <map>
 #include <stdexcept>
 
-#include "KivCharacterization/Characterization/jointnaming.h"
 #include "KivCharacterization/Characterization/modelloading.h"
+#include "KivCharacterization/naming.h"
 #include "tools/figure/restfigure.h"
 
 namespace KivBenchmark {
@@ -66,6 +66,11 @@ void addPiece(osg::Group& joint, const std::string& name, unsigned triangles)
     joint.addChild(piece);
 }
 
+std::string pieceName(const std::string& body)
+{
+    return std::string(KivCharacterization::kPiecePrefix) + body + KivCharacterization::kPieceEndMark;
+}
+
 using Joints = std::map<std::string, osg::ref_ptr<osg::MatrixTransform>>;
 
 /// The rest figure, bare.
@@ -101,8 +106,8 @@ SIveInfo meshAvatar(unsigned triangles)
     Joints joints;
     const osg::ref_ptr<osg::Group> model = restJoints(joints);
     for (const auto& [name, joint] : joints)
-        addPiece(*joint, "Joint:" + name + "$", triangles);
-    addPiece(*joints.at("Hips"), "Joint:Hips&Spine$", triangles);
+        addPiece(*joint, pieceName(name), triangles);
+    addPiece(*joints.at("Hips"), pieceName("Hips&Spine"), triangles);
     return analysed(model);
 }
 
@@ -112,7 +117,7 @@ SIveInfo meshAvatar(unsigned triangles, std::size_t pieces)
     const osg::ref_ptr<osg::Group> model = restJoints(joints);
     auto joint = joints.begin();
     for (std::size_t piece = 0; piece < pieces; ++piece) {
-        addPiece(*joint->second, "Joint:" + joint->first + "#" + std::to_string(piece) + "$", triangles);
+        addPiece(*joint->second, pieceName(joint->first + "#" + std::to_string(piece)), triangles);
         if (++joint == joints.end())
             joint = joints.begin();
     }

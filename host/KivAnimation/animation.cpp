@@ -8,6 +8,7 @@
 #include <string_view>
 #include <utility>
 
+#include "KivCharacterization/naming.h"
 #include "host/KivAnimation/bonewatch.h"
 #include "host/KivAnimation/contactmarkers.h"
 #include "host/KivAnimation/poser.h"
@@ -38,9 +39,9 @@ struct Animation::Motion
     /// The first bone of this unqualified name; null if there is none any more.
     Bone* findBone(const std::string& jointName) const
     {
-        const std::string_view wanted = withoutQualifier(jointName);
+        const std::string_view wanted = KivCharacterization::withoutQualifier(jointName);
         for (const PoseProgram::Joint& joint : program.joints) {
-            if (joint.bone && withoutQualifier(joint.bone->getName()) == wanted) {
+            if (joint.bone && KivCharacterization::withoutQualifier(joint.bone->getName()) == wanted) {
                 return joint.bone;
             }
         }

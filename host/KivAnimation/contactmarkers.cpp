@@ -9,12 +9,13 @@
 #include <osg/ShapeDrawable>
 #include <osg/StateSet>
 
+#include "KivCharacterization/naming.h"
+
 namespace KivAnimation {
 
 namespace {
 
-constexpr float kMarkerRadius = 2.5f;                     // centimetres
-constexpr osg::Node::NodeMask kOverlayMask = 0x00000004;  // what the overlays of a character carry
+constexpr float kMarkerRadius = 2.5f;  // centimetres
 constexpr float kOpacityBehind = 0.7f;
 constexpr int kBin = 7;  // after bodies and ground, ahead of what is transparent
 constexpr int kBinBehind = 8;
@@ -57,7 +58,7 @@ osg::ref_ptr<osg::Group> makeMarker()
     behind->addChild(sphere);
     osg::ref_ptr<osg::Group> marker = new osg::Group;
     marker->setName("ContactMarker");
-    marker->setNodeMask(kOverlayMask);
+    marker->setNodeMask(KivCharacterization::kOverlayMask);
     marker->setStateSet(stateInSight());
     marker->addChild(sphere);
     marker->addChild(behind);
@@ -74,14 +75,9 @@ void paintMarker(osg::Group& marker, const osg::Vec4f& color)
 
 }  // namespace
 
-std::string_view withoutQualifier(std::string_view name)
-{
-    return name.substr(name.find('#') + 1);  // where there is none, npos + 1 is the beginning
-}
-
 void ContactMarkers::paint(const std::string& jointName, Bone& bone, const osg::Vec4f& color)
 {
-    Marker& marker = m_markers[std::string(withoutQualifier(jointName))];
+    Marker& marker = m_markers[KivCharacterization::NormaliseJointName(jointName)];
     marker.color = color;
     osg::ref_ptr<osg::Group> node;
     if (!marker.node.lock(node) || !bone.containsNode(node)) {
@@ -94,7 +90,7 @@ void ContactMarkers::paint(const std::string& jointName, Bone& bone, const osg::
 
 const osg::Vec4f* ContactMarkers::color(const std::string& jointName) const
 {
-    const auto found = m_markers.find(std::string(withoutQualifier(jointName)));
+    const auto found = m_markers.find(KivCharacterization::NormaliseJointName(jointName));
     return found == m_markers.end() ? nullptr : &found->second.color;
 }
 

@@ -6,14 +6,10 @@
 
 #include <map>
 #include <string>
-#include <string_view>
 
 #include "KivAnimation/bone.h"
 
 namespace KivAnimation {
-
-/// A joint's name without its qualifier: the text after the first "#", the whole name where there is none.
-std::string_view withoutQualifier(std::string_view name);
 
 /// The contact markers of one skeleton and their colours, by unqualified joint name.
 class ContactMarkers

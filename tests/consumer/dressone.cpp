@@ -11,6 +11,7 @@
 #include <string>
 
 #include "KivCharacterization/characterizationmanager.h"
+#include "KivCharacterization/naming.h"
 #include "KivErrorOperator/tavrincommonerrormsg.h"
 #include "KivMemoryShare/scenecfgshare.h"
 #include "KivTaskCommand/commandthread.h"
@@ -59,7 +60,7 @@ public:
 
     void apply(osg::Node& node) override
     {
-        if (node.getName().compare(0, 6, "Joint:") == 0)
+        if (KivCharacterization::hasPiecePrefix(node.getName()))
             ++m_pieces;
         else
             traverse(node);

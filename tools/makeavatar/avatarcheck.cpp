@@ -6,6 +6,8 @@
 #include <stdexcept>
 #include <utility>
 
+#include "KivCharacterization/naming.h"
+
 namespace KivAvatarMaker {
 
 namespace {
@@ -41,11 +43,11 @@ std::string nameFault(const Piece& piece)
     } catch (const std::invalid_argument& fault) {
         return fault.what();
     }
-    const std::string base = piece.body.substr(0, piece.body.find('#'));
-    if (base.substr(0, base.find('&')) != piece.joint)
+    const std::string base = piece.body.substr(0, piece.body.find(KivCharacterization::kTagMark));
+    if (base.substr(0, base.find(KivCharacterization::kSegmentMark)) != piece.joint)
         return "it is not named after its joint";
     if (piece.isSegmentPiece()) {
-        const std::size_t mark = base.find('&');
+        const std::size_t mark = base.find(KivCharacterization::kSegmentMark);
         const auto* child =
             mark == std::string::npos ? nullptr : KivFigure::findRestJoint(base.substr(mark + 1));
         if (!child || child->parent != piece.joint)

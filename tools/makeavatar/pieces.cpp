@@ -1,5 +1,9 @@
 #include "tools/makeavatar/pieces.h"
 
+#include <string_view>
+
+#include "KivCharacterization/naming.h"
+
 namespace KivAvatarMaker {
 
 namespace Tone {
@@ -11,9 +15,10 @@ const osg::Vec4f kBallLight(0.93f, 0.87f, 0.74f, 1.0f);
 
 namespace {
 
-bool endsWith(const std::string& text, const std::string& end)
+bool hasTag(const std::string& body, std::string_view tag)
 {
-    return text.size() >= end.size() && text.compare(text.size() - end.size(), end.size(), end) == 0;
+    const std::size_t mark = body.find(KivCharacterization::kTagMark);
+    return mark != std::string::npos && body.substr(mark + 1) == tag;
 }
 
 std::string otherSide(std::string name)
@@ -25,9 +30,14 @@ std::string otherSide(std::string name)
 
 }  // namespace
 
+std::string Piece::name() const
+{
+    return std::string(KivCharacterization::kPiecePrefix) + body + KivCharacterization::kPieceEndMark;
+}
+
 bool Piece::isSegmentPiece() const
 {
-    return endsWith(body, "#Inner") || endsWith(body, "#Outer");
+    return hasTag(body, KivCharacterization::kInnerTag) || hasTag(body, KivCharacterization::kOuterTag);
 }
 
 osg::Vec3d restPoint(const std::string& joint)
@@ -40,8 +50,8 @@ osg::Vec3d pieceOrigin(const Piece& piece)
 {
     if (!piece.isSegmentPiece())
         return restPoint(piece.joint);
-    const std::string base = piece.body.substr(0, piece.body.find('#'));
-    const std::size_t mark = base.find('&');
+    const std::string base = piece.body.substr(0, piece.body.find(KivCharacterization::kTagMark));
+    const std::size_t mark = base.find(KivCharacterization::kSegmentMark);
     if (mark == std::string::npos)
         return restPoint(base);
     return (restPoint(base.substr(0, mark)) + restPoint(base.substr(mark + 1))) * 0.5;

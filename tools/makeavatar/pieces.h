@@ -9,16 +9,16 @@
 
 namespace KivAvatarMaker {
 
-/// Piece names are "Joint:" + body + "$". A body is a joint's name, or two joined by "&", with a "#" tag or
-/// without. The tags Inner and Outer make a segment piece: it follows the direction and the length of its
-/// segment.
+/// Piece names are the piece prefix, a body and the mark that ends them. A body is a joint's name, or two
+/// joined by "&", with a "#" tag or without. The tags Inner and Outer make a segment piece: it follows the
+/// direction and the length of its segment.
 struct Piece
 {
     std::string joint;
     std::string body;
     Mesh mesh;  ///< in the rest figure's frame: centimetres, Y-up, ground at y = 0
 
-    std::string name() const { return "Joint:" + body + "$"; }
+    std::string name() const;
     bool isSegmentPiece() const;
 };
 

@@ -4,6 +4,8 @@
 #include <array>
 #include <cmath>
 
+#include "KivCharacterization/naming.h"
+
 namespace KivPlayer {
 
 namespace {
@@ -26,11 +28,6 @@ constexpr std::array<Touching, 6> kTouching{{{"LeftFoot", kAnkleHeight},
                                              {"LeftHand", kHandHeight},
                                              {"RightHand", kHandHeight}}};
 
-bool isProps(const std::string& name)
-{
-    return name.find("Props") != std::string::npos && name.find("End") == std::string::npos;
-}
-
 }  // namespace
 
 ContactTracker::ContactTracker(const std::vector<std::string>& joints)
@@ -39,7 +36,7 @@ ContactTracker::ContactTracker(const std::vector<std::string>& joints)
         const auto known = std::find_if(kTouching.begin(), kTouching.end(), [&](const Touching& touching) {
             return joints[i] == touching.joint;
         });
-        if (known == kTouching.end() && !isProps(joints[i]))
+        if (known == kTouching.end() && !KivCharacterization::IsPropsJoint(joints[i]))
             continue;
         Point point;
         point.joint = i;

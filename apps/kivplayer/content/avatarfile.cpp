@@ -6,17 +6,11 @@
 
 #include <exception>
 
+#include "KivCharacterization/naming.h"
+
 namespace KivPlayer {
 
 namespace {
-
-const std::string kPiecePrefix = "Joint:";
-
-bool isPiece(const osg::Node& node)
-{
-    return node.getName().size() > kPiecePrefix.size() &&
-           node.getName().compare(0, kPiecePrefix.size(), kPiecePrefix) == 0;
-}
 
 class AvatarVisitor : public osg::NodeVisitor
 {
@@ -28,19 +22,20 @@ public:
 
     void apply(osg::MatrixTransform& node) override
     {
-        if (isPiece(node))
+        if (KivCharacterization::isPieceName(node.getName()))
             return;
         std::vector<std::string> pieces;
         for (unsigned i = 0; i < node.getNumChildren(); ++i) {
             const auto* child = dynamic_cast<const osg::MatrixTransform*>(node.getChild(i));
             if (!child)
                 continue;
-            if (isPiece(*child)) {
+            if (KivCharacterization::isPieceName(child->getName())) {
                 pieces.push_back(child->getName());
                 continue;
             }
             const osg::Vec3d offset = child->getMatrix().getTrans();
-            m_avatar.segments[node.getName() + "&" + child->getName()] = {offset.length(), offset};
+            m_avatar.segments[KivCharacterization::SegmentKey(node.getName(), child->getName())] = {
+                offset.length(), offset};
         }
         m_avatar.joints[node.getName()] = pieces;
         traverse(node);

@@ -4,11 +4,11 @@
 #include <osg/NodeVisitor>
 #include <osgText/TextBase>
 
+#include "KivCharacterization/naming.h"
+
 namespace KivPlayer {
 
 namespace {
-
-const std::string kPiecePrefix = "Joint:";
 
 class SkeletonFinder : public osg::NodeVisitor
 {
@@ -79,7 +79,7 @@ void collectPieces(osg::Group& parent, const std::string& joint, std::vector<Dre
         if (!child || dynamic_cast<KivAnimation::Bone*>(child))
             continue;
         const auto* holder = dynamic_cast<const osg::MatrixTransform*>(&parent);
-        if (child->getName().compare(0, kPiecePrefix.size(), kPiecePrefix) == 0)
+        if (KivCharacterization::hasPiecePrefix(child->getName()))
             pieces.push_back({child->getName(), joint, holder});
         else
             collectPieces(*child, joint, pieces);
@@ -105,8 +105,7 @@ osg::Matrixd worldMatrixOf(const osg::Node& node)
 
 std::string withoutQualifier(const std::string& boneName)
 {
-    const std::size_t hash = boneName.find('#');
-    return hash == std::string::npos ? boneName : boneName.substr(hash + 1);
+    return KivCharacterization::NormaliseJointName(boneName);
 }
 
 std::optional<DressedActor> DressedActor::find(osg::Group& characterScene, const std::string& actorId)
@@ -119,7 +118,7 @@ std::optional<DressedActor> DressedActor::find(osg::Group& characterScene, const
             continue;
         DressedActor actor;
         collectBones(*finder.m_pFound, actor.m_joints);
-        const std::string prefix = actorId + "#";
+        const std::string prefix = actorId + KivCharacterization::kQualifierMark;
         if (actor.m_joints.empty() ||
             actor.m_joints.front().bone->getName().compare(0, prefix.size(), prefix) != 0)
             continue;

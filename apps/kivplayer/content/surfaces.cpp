@@ -9,11 +9,11 @@
 
 #include <vector>
 
+#include "KivCharacterization/naming.h"
+
 namespace KivPlayer {
 
 namespace {
-
-constexpr unsigned kOverlayMask = 4;
 
 void setFlag(osg::Node& node, const char* name, bool value)
 {
@@ -34,7 +34,7 @@ public:
 
     void apply(osg::Switch& node) override
     {
-        if (node.getNodeMask() == kOverlayMask)
+        if (node.getNodeMask() == KivCharacterization::kOverlayMask)
             setFlag(node, "kivCastsNoShadow", true);
         apply(static_cast<osg::Group&>(node));
     }

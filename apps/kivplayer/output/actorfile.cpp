@@ -10,6 +10,7 @@
 
 #include <ostream>
 
+#include "KivCharacterization/naming.h"
 #include "KivMemoryShare/scenecfgshare.h"
 #include "apps/kivplayer/output/videofile.h"
 #include "apps/kivplayer/support/wholefile.h"
@@ -17,8 +18,6 @@
 namespace KivPlayer {
 
 namespace {
-
-const std::string kPiecePrefix = "Joint:";
 
 /// Takes off what only means something to the player's shading or to a running program.
 class Undress : public osg::NodeVisitor
@@ -76,7 +75,7 @@ bool addPlain(const osg::MatrixTransform& from, osg::Group& to)
         if (!child)
             continue;
         osg::ref_ptr<osg::Node> copy;
-        if (child->getName().compare(0, kPiecePrefix.size(), kPiecePrefix) == 0)
+        if (KivCharacterization::hasPiecePrefix(child->getName()))
             copy = plainPiece(*child);
         else
             copy = plainBranch(*child);

@@ -3,10 +3,11 @@
 #include <algorithm>
 #include <cctype>
 #include <cmath>
-#include <numeric>
 #include <optional>
 #include <set>
 
+#include "KivCharacterization/naming.h"
+#include "KivReader/editdistance.h"
 #include "apps/kivplayer/report/profilereport.h"
 
 namespace KivPlayer {
@@ -32,22 +33,6 @@ std::string plainName(const std::string& name)
     return plain;
 }
 
-std::size_t editDistance(const std::string& a, const std::string& b)
-{
-    std::vector<std::size_t> row(b.size() + 1);
-    std::iota(row.begin(), row.end(), std::size_t{0});
-    for (std::size_t i = 1; i <= a.size(); ++i) {
-        std::size_t diagonal = row[0];
-        row[0] = i;
-        for (std::size_t j = 1; j <= b.size(); ++j) {
-            const std::size_t changed = diagonal + (a[i - 1] == b[j - 1] ? 0 : 1);
-            diagonal = row[j];
-            row[j] = std::min({row[j] + 1, row[j - 1] + 1, changed});
-        }
-    }
-    return row.back();
-}
-
 /// Numbers that JSON has no word for become null.
 ordered_json finite(double value)
 {
@@ -63,7 +48,8 @@ std::map<std::string, ActorSegment> segmentsOf(const DressedActor& actor)
             if (!child)
                 continue;
             const osg::Vec3d offset = child->getInitialMatrix().getTrans();
-            segments[joint.name + "&" + withoutQualifier(child->getName())] = {offset.length(), offset};
+            segments[KivCharacterization::SegmentKey(joint.name, withoutQualifier(child->getName()))] = {
+                offset.length(), offset};
         }
     }
     return segments;
@@ -101,7 +87,7 @@ ordered_json piecesReport(const std::vector<DressedPiece>& worn, const std::set<
             std::string reason = "was not attached";
             if (joints.count(joint) == 0)
                 reason = "the skeleton has no joint " + joint;
-            else if (piece.find('$') == std::string::npos)
+            else if (piece.find(KivCharacterization::kPieceEndMark) == std::string::npos)
                 reason = "its name has no closing $";
             skipped.push_back({{"piece", piece}, {"reason", reason}});
         }
@@ -178,10 +164,10 @@ ordered_json actorReport(const LoadedActor& actor, const AvatarFile& avatar)
 {
     const std::vector<std::string> names = actor.dressed.jointNames();
     const std::map<std::string, ActorSegment> segments = segmentsOf(actor.dressed);
-    const double hips = spread(segments, "Hips&LeftUpLeg", "Hips&RightUpLeg") /
-                        spread(avatar.segments, "Hips&LeftUpLeg", "Hips&RightUpLeg");
-    const double hands = lengthOf(segments, "LeftInHandRing&LeftHandRing1") /
-                         lengthOf(avatar.segments, "LeftInHandRing&LeftHandRing1");
+    using namespace KivCharacterization;
+    const double hips = spread(segments, kLeftHipSegment, kRightHipSegment) /
+                        spread(avatar.segments, kLeftHipSegment, kRightHipSegment);
+    const double hands = lengthOf(segments, kHandSegment) / lengthOf(avatar.segments, kHandSegment);
     return {{"file", actor.file},
             {"actorId", actor.id()},
             {"name", actor.name},
@@ -208,7 +194,7 @@ std::string nearestName(const std::string& joint, const std::vector<std::string>
     std::string nearest;
     std::size_t least = plain.size() / 2 + 1;
     for (const std::string& name : known) {
-        const std::size_t distance = editDistance(plain, plainName(name));
+        const std::size_t distance = KivReader::editDistance(plain, plainName(name));
         if (distance < least) {
             least = distance;
             nearest = name;

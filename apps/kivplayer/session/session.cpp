@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "KivCharacterization/characterizationmanager.h"
+#include "KivCharacterization/naming.h"
 #include "KivErrorOperator/tavrincommonerrormsg.h"
 #include "KivMemoryShare/actorframemanager.h"
 #include "KivMemoryShare/scenecfgshare.h"
@@ -205,7 +206,7 @@ bool Session::showPropsDraggers(bool shown)
     bool all = true;
     for (const auto& [index, actor] : m_actors) {
         for (const DressedActor::Joint& joint : actor.dressed.joints()) {
-            if (joint.name.find("Props") == std::string::npos || joint.name.find("End") != std::string::npos)
+            if (!KivCharacterization::IsPropsJoint(joint.name))
                 continue;
             all &= run([&, i = index](CharacterizationManager& manager, TaskCommand& command) {
                 return manager.ShowPropsDragger(&command, static_cast<int>(i), joint.name, shown);

@@ -5,13 +5,12 @@
 #include <osg/Depth>
 #include <osg/NodeVisitor>
 
+#include "KivCharacterization/naming.h"
+
 namespace KivPlayer {
 
 namespace {
 
-// Markers hang beside the skeleton, under this mask. What shares it inside the skeleton is not reached: a
-// prop stays hidden behind a body, a painted contact draws its hidden part by itself.
-constexpr osg::Node::NodeMask kMarkerMask = 4;
 constexpr float kOpacity = 0.55f;
 constexpr int kBehindEverything = 13;
 
@@ -35,7 +34,9 @@ void HiddenMarkers::traverse(osg::NodeVisitor& visitor)
     if (visitor.getVisitorType() != osg::NodeVisitor::CULL_VISITOR)
         return;
     const osg::Node::NodeMask mask = visitor.getTraversalMask();
-    visitor.setTraversalMask(kMarkerMask);
+    // Markers hang beside the skeleton, under this mask. What shares it inside the skeleton is not reached: a
+    // prop stays hidden behind a body, a painted contact draws its hidden part by itself.
+    visitor.setTraversalMask(KivCharacterization::kOverlayMask);
     osg::Group::traverse(visitor);
     visitor.setTraversalMask(mask);
 }

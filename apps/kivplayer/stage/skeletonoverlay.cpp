@@ -13,6 +13,7 @@
 
 #include "KivAnimation/bone.h"
 #include "KivAnimation/skeleton.h"
+#include "KivCharacterization/naming.h"
 #include "apps/kivplayer/content/dressedactor.h"
 #include "apps/kivplayer/stage/bonemesh.h"
 
@@ -76,7 +77,7 @@ void collectJoints(const osg::Group& parent, int above, const osg::Matrixd& toWo
     for (unsigned i = 0; i < parent.getNumChildren(); ++i) {
         const auto* bone = dynamic_cast<const KivAnimation::Bone*>(parent.getChild(i));
         // What carries a props is no part of the body.
-        if (!bone || bone->getName().find("Props") != std::string::npos)
+        if (!bone || bone->getName().find(KivCharacterization::kPropsWord) != std::string::npos)
             continue;
         const auto own = static_cast<int>(joints.size());
         joints.push_back({bone->getMatrixInSkeletonSpace().getTrans() * toWorld, above, 0.0, 0.0,

@@ -5,6 +5,7 @@
 #include "KivAnimation/bone.h"
 #include "KivAnimation/skeleton.h"
 #include "KivAnimation/updatebone.h"
+#include "KivCharacterization/naming.h"
 
 namespace KivReader {
 
@@ -59,7 +60,8 @@ BuiltSkeleton buildSkeleton(MotionFigure figure, KivAnimation::MotionTable table
 {
     osg::ref_ptr<KivAnimation::Skeleton> skeleton = new KivAnimation::Skeleton;
     PoseProgram program =
-        makeBones(std::move(figure), qualifier.empty() ? qualifier : qualifier + "#", *skeleton);
+        makeBones(std::move(figure),
+                  qualifier.empty() ? qualifier : qualifier + KivCharacterization::kQualifierMark, *skeleton);
     if (!program.joints.empty()) {
         PoseProgram::Joint& root = program.joints.front();
         osg::ref_ptr<UpdateBone> update = new UpdateBone(root.bone->getInitialMatrix());
