@@ -182,7 +182,7 @@ private:
 
 void measure(const std::string& motion, const std::string& title, unsigned turns, unsigned actorsATurn)
 {
-    KivPlayer::Console console(std::cerr, KivPlayer::Console::Loudness::Quiet);
+    KivPlayer::Console console(std::cerr, KivPlayer::Console::Verbosity::Quiet);
     KivPlayer::Session session(console);
     if (!session.start(KIV_RUNTIME_ROOT))
         throw std::runtime_error("no avatar below " KIV_RUNTIME_ROOT);

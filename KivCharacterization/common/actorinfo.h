@@ -1,6 +1,7 @@
 #pragma once
 
 #include <osg/Group>
+#include <osg/NodeCallback>
 #include <osg/Switch>
 #include <osg/ref_ptr>
 #include <osgText/Font>
@@ -14,8 +15,6 @@
 
 namespace KivCharacterization {
 
-class StickContactUpdateCallback;
-
 /// What fitting finds and makes on one actor.
 struct SFittingRecord
 {
@@ -27,16 +26,11 @@ struct SFittingRecord
 /// One actor of the scene. Copies share the scene-graph objects.
 struct SActorInfo
 {
-    SActorInfo();
-    SActorInfo(const SActorInfo& other);
-    SActorInfo& operator=(const SActorInfo& other);
-    ~SActorInfo();
-
     osg::ref_ptr<osg::Group> root;
     osg::ref_ptr<KivAnimation::Animation> animation;
     osg::ref_ptr<osg::Switch> labelSwitch;    ///< null without a font
     osg::ref_ptr<osgText::Text3D> labelText;  ///< null without a font
-    osg::ref_ptr<StickContactUpdateCallback> stickContactCallback;
+    osg::ref_ptr<osg::NodeCallback> stickContactCallback;
     std::string actorId;
     bool hasLabel = false;
     SFittingRecord fitting;

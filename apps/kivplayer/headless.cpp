@@ -10,10 +10,11 @@
 #include "apps/kivplayer/output/exports.h"
 #include "apps/kivplayer/output/picturefile.h"
 #include "apps/kivplayer/output/picturemaker.h"
+#include "apps/kivplayer/output/videofile.h"
 #include "apps/kivplayer/report/fitreport.h"
 #include "apps/kivplayer/report/reportfile.h"
 #include "apps/kivplayer/report/summary.h"
-#include "apps/kivplayer/session/avatartrial.h"
+#include "apps/kivplayer/session/avatarprobe.h"
 #include "apps/kivplayer/session/session.h"
 
 namespace KivPlayer {
@@ -85,7 +86,7 @@ Options withPossibleSize(Options options, Console& console)
     const int width = options.width + options.width % 2;
     const int height = options.height + options.height % 2;
     const bool odd = width != options.width || height != options.height;
-    if (options.video == VideoFormat::None || !needsEvenSize(options.video) || !odd)
+    if (!options.isVideo() || !needsEvenSize(options.format) || !odd)
         return options;
     const auto text = [](int wide, int high) { return std::to_string(wide) + " x " + std::to_string(high); };
     console.warning({options.output->name(0), 0, 0,
@@ -104,10 +105,10 @@ ExitCode makePictures(const Options& options, Session& session, Console& console
         session.showPropsDraggers(true);
     PictureMaker pictures(options, session, console);
     if (options.isMoving()) {
-        if (options.video == VideoFormat::None)
-            pictures.writeSequence(*options.output);
-        else
+        if (options.isVideo())
             pictures.writeVideo(options.output->name(0));
+        else
+            pictures.writeSequence(*options.output);
         return ExitDone;
     }
     const osg::ref_ptr<osg::Image> picture = pictures.still();

@@ -12,7 +12,7 @@ namespace {
 constexpr int kMoments = 96;
 
 using Joints = std::vector<DressedActor::Joint>;
-using Places = std::vector<osg::Vec3d>;
+using Positions = std::vector<osg::Vec3d>;
 
 std::optional<std::size_t> jointOf(const Joints& joints, const std::string& name)
 {
@@ -30,7 +30,7 @@ std::optional<std::size_t> headJointOf(const Joints& joints)
     return std::nullopt;
 }
 
-/// A joint of the left and the right side whose places tell where a figure faces: of its hips or, failing
+/// A joint of the left and the right side whose positions tell where a figure faces: of its hips or, failing
 /// these, its shoulders.
 using SidePair = std::pair<std::size_t, std::size_t>;
 
@@ -46,50 +46,51 @@ std::optional<SidePair> sidesOf(const Joints& joints)
 }
 
 /// Of length 1, or 0 where nothing tells.
-osg::Vec3d frontOf(const std::optional<SidePair>& sides, const Places& places)
+osg::Vec3d frontOf(const std::optional<SidePair>& sides, const Positions& positions)
 {
     if (!sides)
         return {};
-    osg::Vec3d front = (places[sides->first] - places[sides->second]) ^ osg::Vec3d(0, 0, 1);
+    osg::Vec3d front = (positions[sides->first] - positions[sides->second]) ^ osg::Vec3d(0, 0, 1);
     front.normalize();
     return front;
 }
 
-osg::Vec3d headAt(const std::optional<std::size_t>& head, const Places& places)
+osg::Vec3d headAt(const std::optional<std::size_t>& head, const Positions& positions)
 {
     if (head)
-        return places[*head];
-    const auto highest = std::max_element(
-        places.begin(), places.end(), [](const osg::Vec3d& a, const osg::Vec3d& b) { return a.z() < b.z(); });
-    return highest == places.end() ? osg::Vec3d() : *highest;
+        return positions[*head];
+    const auto highest =
+        std::max_element(positions.begin(), positions.end(),
+                         [](const osg::Vec3d& a, const osg::Vec3d& b) { return a.z() < b.z(); });
+    return highest == positions.end() ? osg::Vec3d() : *highest;
 }
 
 }  // namespace
 
-osg::Vec3d groundBelow(const osg::Vec3d& place)
+osg::Vec3d groundBelow(const osg::Vec3d& position)
 {
-    return {place.x(), place.y(), 0.0};
+    return {position.x(), position.y(), 0.0};
 }
 
-Places SampledMotion::placesOverGround() const
+Positions SampledMotion::positionsOverGround() const
 {
-    Places relative;
-    for (std::size_t i = 0; i < places.size(); ++i)
-        relative.push_back(places[i] - groundBelow(places[i - i % joints]));
+    Positions relative;
+    for (std::size_t i = 0; i < positions.size(); ++i)
+        relative.push_back(positions[i] - groundBelow(positions[i - i % joints]));
     return relative;
 }
 
-Places SampledMotion::headsOverGround() const
+Positions SampledMotion::headsOverGround() const
 {
-    Places relative;
+    Positions relative;
     for (std::size_t i = 0; i < moments(); ++i)
-        relative.push_back(heads[i] - groundBelow(places[i * joints]));
+        relative.push_back(heads[i] - groundBelow(positions[i * joints]));
     return relative;
 }
 
-osg::Vec3d headOf(const Joints& joints, const Places& places)
+osg::Vec3d headOf(const Joints& joints, const Positions& positions)
 {
-    return headAt(headJointOf(joints), places);
+    return headAt(headJointOf(joints), positions);
 }
 
 SampledMotion sampleMotion(const DressedActor& actor, KivAnimation::Animation* animation,
@@ -103,17 +104,17 @@ SampledMotion sampleMotion(const DressedActor& actor, KivAnimation::Animation* a
     const int moments = to > from ? kMoments : 1;
     const std::optional<std::size_t> head = headJointOf(actor.joints());
     const std::optional<SidePair> sides = sidesOf(actor.joints());
-    Places places;
-    sampled.places.reserve(sampled.joints * static_cast<std::size_t>(moments));
+    Positions positions;
+    sampled.positions.reserve(sampled.joints * static_cast<std::size_t>(moments));
     for (int i = 0; i < moments; ++i) {
         if (animation)
             animation->pose(moments > 1 ? from + (to - from) * i / (moments - 1) : from);
-        actor.readPositions(places);
-        sampled.places.insert(sampled.places.end(), places.begin(), places.end());
-        sampled.heads.push_back(headAt(head, places));
-        sampled.front += frontOf(sides, places);
-        for (const osg::Vec3d& place : places)
-            sampled.box.expandBy(place);
+        actor.readPositions(positions);
+        sampled.positions.insert(sampled.positions.end(), positions.begin(), positions.end());
+        sampled.heads.push_back(headAt(head, positions));
+        sampled.front += frontOf(sides, positions);
+        for (const osg::Vec3d& position : positions)
+            sampled.box.expandBy(position);
     }
     return sampled;
 }

@@ -28,7 +28,4 @@ struct LoadedActor
     double end() const { return offset + duration(); }
 };
 
-/// No actor starts further from the beginning of the clock, earlier or later: a day, in seconds.
-constexpr double kLargestOffset = 86400.0;
-
 }  // namespace KivPlayer

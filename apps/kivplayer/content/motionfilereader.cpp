@@ -29,7 +29,7 @@ bool readAll(std::istream& stream, std::string& text)
 }
 
 /// The reader's words about a table, "FILE, line 3: reason" or "FILE: reason", with the place taken out.
-Complaint tableComplaint(const std::string& file, const std::string& said)
+Diagnostic tableDiagnostic(const std::string& file, const std::string& said)
 {
     const std::string before = file + ", line ";
     const std::size_t end = said.find(": ", before.size());
@@ -58,7 +58,7 @@ bool MotionFileReader::readProfileTable()
         KivReader::profileMotion(anything, m_profile);
         m_tableThere = true;
     } catch (const std::exception& problem) {
-        m_console.error(tableComplaint(m_profile.tableFile, problem.what()));
+        m_console.error(tableDiagnostic(m_profile.tableFile, problem.what()));
         m_tableThere = false;
     }
     return m_tableThere;

@@ -5,12 +5,11 @@
 #include <cmath>
 
 #include "apps/kivplayer/options/optionchecks.h"
-#include "apps/kivplayer/session/session.h"
 #include "apps/kivplayer/support/numbers.h"
 
 namespace KivPlayer {
 
-void understandOffsets(const OptionTexts& texts, Options& options)
+void parseOffsets(const OptionTexts& texts, Options& options)
 {
     for (const std::string& text : texts.offsets) {
         const std::size_t sign = text.find('=');
@@ -18,13 +17,14 @@ void understandOffsets(const OptionTexts& texts, Options& options)
         const auto seconds =
             sign != std::string::npos ? parseNumber(text.substr(sign + 1)) : std::optional<double>();
         if (!actor || !seconds)
-            refuse("--offset", "ACTOR=SECONDS, such as 1=2.5", text);
+            throwUnexpected("--offset", "ACTOR=SECONDS, such as 1=2.5", text);
         if (*actor < 0 || static_cast<std::size_t>(*actor) >= options.motions.size())
-            refuse("--offset", "the number of a motion, 0 for the first", text);
-        if (std::abs(*seconds) > kLargestOffset)
-            refuse("--offset", "at most " + numberText(kLargestOffset) + " seconds, earlier or later", text);
+            throwUnexpected("--offset", "the number of a motion, 0 for the first", text);
+        if (std::abs(*seconds) > kMaxOffset)
+            throwUnexpected("--offset", "at most " + numberText(kMaxOffset) + " seconds, earlier or later",
+                            text);
         if (!options.offsets.emplace(static_cast<unsigned>(*actor), *seconds).second)
-            refuse("--offset", "one for an actor", text);
+            throwUnexpected("--offset", "one for an actor", text);
     }
 }
 

@@ -7,6 +7,6 @@ namespace KivPlayer {
 
 /// Understands when the actors start.
 /// @throws CLI::Error that says what is wrong.
-void understandOffsets(const OptionTexts& texts, Options& options);
+void parseOffsets(const OptionTexts& texts, Options& options);
 
 }  // namespace KivPlayer

@@ -32,7 +32,7 @@ void checkSheet(const Options& options, const OptionTexts& texts)
 
 }  // namespace
 
-void refuse(const std::string& option, const std::string& wanted, const std::string& given)
+void throwUnexpected(const std::string& option, const std::string& wanted, const std::string& given)
 {
     throw CLI::ValidationError(option, "expected " + wanted + ", found \"" + given + "\"");
 }
@@ -41,7 +41,7 @@ double numberIn(const std::string& option, const std::string& text, const std::s
 {
     const std::optional<double> value = parseNumber(text);
     if (!value || *value < least)
-        refuse(option, wanted, text);
+        throwUnexpected(option, wanted, text);
     return *value;
 }
 

@@ -8,7 +8,8 @@
 namespace KivPlayer {
 
 /// @throws CLI::Error that says what an option expects and what was given.
-[[noreturn]] void refuse(const std::string& option, const std::string& wanted, const std::string& given);
+[[noreturn]] void throwUnexpected(const std::string& option, const std::string& wanted,
+                                  const std::string& given);
 
 /// The number that an option was given.
 /// @throws CLI::Error where there is none, or one below the least.

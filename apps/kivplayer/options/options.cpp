@@ -13,20 +13,19 @@
 #include "apps/kivplayer/options/optiontexts.h"
 #include "apps/kivplayer/options/outputoptions.h"
 #include "apps/kivplayer/support/numbers.h"
-#include "apps/kivplayer/window/state/keytable.h"
 #include "version.h"
 
 namespace KivPlayer {
 
 namespace {
 
-constexpr int kLargestSide = 16384;
+constexpr int kMaxSide = 16384;
 
 osg::Vec3d vector(const std::string& option, const std::string& text)
 {
     const auto values = parseNumbers(text, 3);
     if (!values)
-        refuse(option, "three numbers X,Y,Z", text);
+        throwUnexpected(option, "three numbers X,Y,Z", text);
     return {(*values)[0], (*values)[1], (*values)[2]};
 }
 
@@ -38,11 +37,11 @@ std::string readerWord(const std::string& option, const std::string& name, const
     std::string problem;
     KivReader::profileOptionsFrom(word, problem);
     if (!problem.empty() || given.find('"') != std::string::npos)
-        refuse(option, wanted, given);
+        throwUnexpected(option, wanted, given);
     return word;
 }
 
-void understandReading(const OptionTexts& texts, Options& options)
+void parseReading(const OptionTexts& texts, Options& options)
 {
     const std::string tableWanted = "auto, off or the path of a table, without double quotes in it";
     options.reading = readerWord("--profile", "profile", tableWanted, texts.profile);
@@ -56,51 +55,51 @@ void understandReading(const OptionTexts& texts, Options& options)
         options.reading += " firstFrameIsRest";
 }
 
-void understandTimes(const OptionTexts& texts, Options& options)
+void parseTimes(const OptionTexts& texts, Options& options)
 {
     if (!texts.time.empty())
         options.time = numberIn("--time", texts.time, "seconds, 0 or more", 0.0);
     if (!texts.frame.empty()) {
         const auto frame = parseInteger(texts.frame);
         if (!frame || *frame < 0)
-            refuse("--frame", "a frame number, 0 or more", texts.frame);
+            throwUnexpected("--frame", "a frame number, 0 or more", texts.frame);
         options.frame = *frame;
     }
     if (!texts.range.empty()) {
         const auto range = parseNumbers(texts.range, 2);
         if (!range || (*range)[0] < 0.0 || (*range)[1] < (*range)[0])
-            refuse("--range", "two times FROM,TO in seconds", texts.range);
+            throwUnexpected("--range", "two times FROM,TO in seconds", texts.range);
         options.range = std::make_pair((*range)[0], (*range)[1]);
     }
     if (!texts.fps.empty()) {
         options.fps = numberIn("--fps", texts.fps, "pictures per second, above 0", 0.0);
         if (options.fps <= 0.0 || options.fps > 1000.0)
-            refuse("--fps", "pictures per second, above 0 and at most 1000", texts.fps);
+            throwUnexpected("--fps", "pictures per second, above 0 and at most 1000", texts.fps);
     }
 }
 
-void understandSize(const OptionTexts& texts, Options& options)
+void parseSize(const OptionTexts& texts, Options& options)
 {
     if (!texts.resolution.empty()) {
         const auto size = parseNumbers(texts.resolution, 2);
         const auto good = [](double side) {
-            return side >= 1.0 && side <= kLargestSide && side == std::floor(side);
+            return side >= 1.0 && side <= kMaxSide && side == std::floor(side);
         };
         if (!size || !good((*size)[0]) || !good((*size)[1]))
-            refuse("--resolution", "W,H in whole pixels, 1 to " + std::to_string(kLargestSide),
-                   texts.resolution);
+            throwUnexpected("--resolution", "W,H in whole pixels, 1 to " + std::to_string(kMaxSide),
+                            texts.resolution);
         options.width = static_cast<int>((*size)[0]);
         options.height = static_cast<int>((*size)[1]);
     }
     if (!texts.samples.empty()) {
         const auto samples = parseInteger(texts.samples);
         if (!samples || *samples < 1 || *samples > 8)
-            refuse("--samples", "1 to 8", texts.samples);
+            throwUnexpected("--samples", "1 to 8", texts.samples);
         options.samples = static_cast<int>(*samples);
     }
 }
 
-void understandCamera(const OptionTexts& texts, Options& options)
+void parseCamera(const OptionTexts& texts, Options& options)
 {
     static const std::map<std::string, double> sides{
         {"front", 0.0}, {"three-quarter", 31.5}, {"left", 90.0}, {"back", 180.0}, {"right", -90.0}};
@@ -112,7 +111,8 @@ void understandCamera(const OptionTexts& texts, Options& options)
         else if (angles && std::abs((*angles)[1]) < 90.0)
             options.view = {osg::DegreesToRadians((*angles)[0]), osg::DegreesToRadians((*angles)[1])};
         else
-            refuse("--camera", "front, back, left, right, three-quarter or AZIMUTH,ELEVATION", texts.camera);
+            throwUnexpected("--camera", "front, back, left, right, three-quarter or AZIMUTH,ELEVATION",
+                            texts.camera);
     }
     if (!texts.position.empty())
         options.cameraPosition = vector("--camera-position", texts.position);
@@ -121,15 +121,14 @@ void understandCamera(const OptionTexts& texts, Options& options)
     if (!texts.follow.empty()) {
         const auto actor = parseInteger(texts.follow);
         if (!actor || *actor < 0 || static_cast<std::size_t>(*actor) >= options.motions.size())
-            refuse("--follow", "the number of a motion, 0 for the first", texts.follow);
+            throwUnexpected("--follow", "the number of a motion, 0 for the first", texts.follow);
         options.follow = static_cast<std::size_t>(*actor);
     }
     if (options.cameraPosition && options.cameraTarget && *options.cameraPosition == *options.cameraTarget)
-        refuse("--camera-target", "a point other than the camera's position", texts.target);
+        throwUnexpected("--camera-target", "a point other than the camera's position", texts.target);
 }
 
-void understandShown(const std::string& option, const std::vector<std::string>& what, bool value,
-                     Shown& shown)
+void parseShown(const std::string& option, const std::vector<std::string>& what, bool value, Shown& shown)
 {
     for (const std::string& name : what) {
         if (name == "names")
@@ -145,7 +144,7 @@ void understandShown(const std::string& option, const std::vector<std::string>& 
         else if (name == "grid")
             shown.grid = value;
         else
-            refuse(option, "names, com, contacts, skeleton, props or grid", name);
+            throwUnexpected(option, "names, com, contacts, skeleton, props or grid", name);
     }
 }
 
@@ -159,27 +158,24 @@ Parsing parseOptions(int argc, const char* const* argv, bool display)
     Options options;
     OptionTexts texts;
     declareOptions(app, options, texts);
-    bool helpKeys = false;
-    app.add_flag("--help-keys", helpKeys, "Print the keys of the window and exit");
+    Parsing parsing;
+    app.add_flag("--help-keys", parsing.asksForKeys, "Print the keys of the window and exit");
     app.add_flag("--watch", options.watch, "In the window, load a motion again when its file changes");
     app.add_option("--state-file", options.stateFile, "Keep writing what the window shows (JSON)")
         ->type_name("FILE");
-    Parsing parsing;
     try {
         app.parse(argc, argv);
-        if (helpKeys) {
-            parsing.output = keysHelp();
+        if (parsing.asksForKeys)
             return parsing;
-        }
-        understandReading(texts, options);
-        understandOffsets(texts, options);
-        understandTimes(texts, options);
-        understandSize(texts, options);
-        understandCamera(texts, options);
-        understandShown("--show", texts.show, true, options.shown);
-        understandShown("--hide", texts.hide, false, options.shown);
-        understandOutput(texts, options);
-        understandSheet(texts, options);
+        parseReading(texts, options);
+        parseOffsets(texts, options);
+        parseTimes(texts, options);
+        parseSize(texts, options);
+        parseCamera(texts, options);
+        parseShown("--show", texts.show, true, options.shown);
+        parseShown("--hide", texts.hide, false, options.shown);
+        parseOutput(texts, options);
+        parseSheet(texts, options);
         options.window = display && asksForNoPicture(options);
         checkTogether(options, texts);
         protectInputs(options);

@@ -8,9 +8,8 @@
 #include <utility>
 #include <vector>
 
+#include "apps/kivplayer/options/fileformats.h"
 #include "apps/kivplayer/options/outputnames.h"
-#include "apps/kivplayer/output/videofile.h"
-#include "apps/kivplayer/stage/framing.h"
 
 namespace KivPlayer {
 
@@ -21,6 +20,16 @@ enum ExitCode : int
     ExitFailed = 1,  ///< something could not be read, dressed or written; the rest was done
     ExitUsage = 2,
     ExitDifferent = 3  ///< a picture differs from its reference
+};
+
+/// No actor starts further from the beginning of the clock, earlier or later: a day, in seconds.
+constexpr double kMaxOffset = 86400.0;
+
+/// A direction to look from, relative to the way that the figures face.
+struct ViewAngles
+{
+    double azimuth = 0.0;    ///< radians from the figures' front towards their left hand
+    double elevation = 0.0;  ///< radians above the horizon
 };
 
 /// What may be shown beside the figures. Empty means: as the program sees fit.
@@ -46,12 +55,12 @@ struct Options
     std::string report;
     std::vector<std::string> exports;  ///< tables and scenes of the actors
     std::optional<OutputNames> output;
-    VideoFormat video = VideoFormat::None;  ///< of the output
-    std::string contactSheet;               ///< the folder for one; empty: none
-    int moments = 4;                        ///< of every motion, on a contact sheet
-    bool window = false;                    ///< nothing else is asked for, and there is a display
-    bool watch = false;                     ///< files that change are loaded again
-    std::string stateFile;                  ///< where a window keeps writing what it shows; empty: nowhere
+    FileFormat format = FileFormat::None;  ///< of the output
+    std::string contactSheet;              ///< the folder for one; empty: none
+    int moments = 4;                       ///< of every motion, on a contact sheet
+    bool window = false;                   ///< nothing else is asked for, and there is a display
+    bool watch = false;                    ///< files that change are loaded again
+    std::string stateFile;                 ///< where a window keeps writing what it shows; empty: nowhere
     bool render = true;
     bool verbose = false;
     bool quiet = false;
@@ -75,13 +84,15 @@ struct Options
     double referenceThreshold = 6.0;
 
     /// Whether the output shows a part of the motion and not one moment of it.
-    bool isMoving() const { return output && (output->isSequence() || video != VideoFormat::None); }
+    bool isMoving() const { return output && (output->isSequence() || isVideo()); }
+    bool isVideo() const { return isOfKind(format, FileKind::Video); }
 };
 
 /// Either options or what the program says instead of starting.
 struct Parsing
 {
     std::optional<Options> options;
+    bool asksForKeys = false;  ///< the program prints the keys of its window and ends
     int exitCode = ExitDone;
     std::string output;  ///< for stdout
     std::string error;   ///< for stderr

@@ -29,9 +29,10 @@ void addReadingOptions(CLI::App& app, OptionTexts& texts)
 void addPictureOptions(CLI::App& app, Options& options, OptionTexts& texts)
 {
     const std::string pictures = "Pictures";
-    app.add_option(
-           "--output", texts.output,
-           "Picture to write (.png), with {frame:04} in it a sequence, or video (.mp4, .mkv, .webm, .gif)")
+    app.add_option("--output", texts.output,
+                   "Picture to write (" + extensionsOf({FileKind::Picture}) +
+                       "), with {frame:04} in it a sequence, or video (" + extensionsOf({FileKind::Video}) +
+                       ")")
         ->type_name("FILE")
         ->group(pictures);
     app.add_option("--time", texts.time, "Show this second of the motion")
@@ -121,8 +122,9 @@ void declareOptions(CLI::App& app, Options& options, OptionTexts& texts)
     addPictureOptions(app, options, texts);
     addSheetOptions(app, options, texts);
     app.add_option("--export", options.exports,
-                   "Write joint positions, centre of mass and contacts of every frame (.csv), or the dressed "
-                   "actors (.osgb, .osgt); can be given more than once")
+                   "Write joint positions, centre of mass and contacts of every frame (" +
+                       extensionsOf({FileKind::Table}) + "), or the dressed actors (" +
+                       extensionsOf({FileKind::Scene}) + "); can be given more than once")
         ->type_name("FILE")
         ->allow_extra_args(false);
     app.add_option("--report", options.report, "Write how every actor was dressed (JSON)")->type_name("FILE");

@@ -8,7 +8,7 @@ namespace KivPlayer {
 
 namespace {
 
-constexpr long long kWidestNumber = 32;
+constexpr long long kMaxDigits = 32;
 
 struct Placeholder
 {
@@ -30,7 +30,7 @@ std::optional<Placeholder> parsePlaceholder(std::string_view text)
     if (!text.empty() && text.front() == '0')
         placeholder.fill = '0';
     const std::optional<long long> width = parseInteger(text);
-    if (!width || *width < 0 || *width > kWidestNumber || text.front() == '+')
+    if (!width || *width < 0 || *width > kMaxDigits || text.front() == '+')
         return std::nullopt;
     placeholder.width = static_cast<std::size_t>(*width);
     return placeholder;

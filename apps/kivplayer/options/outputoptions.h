@@ -8,10 +8,10 @@ namespace KivPlayer {
 /// Understands what is written, and in which form: picture, sequence or video; tables and scenes; the
 /// comparison with a reference.
 /// @throws CLI::Error that says what is wrong.
-void understandOutput(const OptionTexts& texts, Options& options);
+void parseOutput(const OptionTexts& texts, Options& options);
 
 /// Understands what a contact sheet shows, and how large.
 /// @throws CLI::Error that says what is wrong.
-void understandSheet(const OptionTexts& texts, Options& options);
+void parseSheet(const OptionTexts& texts, Options& options);
 
 }  // namespace KivPlayer

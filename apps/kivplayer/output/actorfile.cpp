@@ -12,8 +12,8 @@
 
 #include "KivCharacterization/naming.h"
 #include "KivMemoryShare/scenecfgshare.h"
-#include "apps/kivplayer/output/videofile.h"
-#include "apps/kivplayer/support/wholefile.h"
+#include "apps/kivplayer/options/fileformats.h"
+#include "apps/kivplayer/support/atomicfile.h"
 
 namespace KivPlayer {
 
@@ -125,10 +125,10 @@ std::string writeActors(const std::string& file, const Session& session, double 
     playback->setTime(seconds);
     playback->update(0.0);
     const osg::ref_ptr<osg::Group> actors = plainActors(session);
-    const bool text = lowerCaseEnding(file) == ".osgt";
+    const bool text = formatOf(file) == FileFormat::Osgt;
     const osg::ref_ptr<osgDB::Options> options =
         new osgDB::Options(text ? "fileType=Ascii" : "fileType=Binary");
-    return writeWhole(
+    return writeAtomically(
         file, [&](std::ostream& stream) { return format->writeNode(*actors, stream, options).success(); });
 }
 

@@ -8,7 +8,7 @@
 #include "apps/kivplayer/content/loadingprogress.h"
 #include "apps/kivplayer/output/picturemaker.h"
 #include "apps/kivplayer/output/tiling.h"
-#include "apps/kivplayer/session/avatartrial.h"
+#include "apps/kivplayer/session/avatarprobe.h"
 #include "apps/kivplayer/session/session.h"
 #include "apps/kivplayer/support/progress.h"
 

@@ -1,19 +1,14 @@
 #include "apps/kivplayer/output/exports.h"
 
+#include "apps/kivplayer/options/fileformats.h"
 #include "apps/kivplayer/output/actorfile.h"
-#include "apps/kivplayer/output/moments.h"
 #include "apps/kivplayer/output/motiontable.h"
-#include "apps/kivplayer/output/videofile.h"
+#include "apps/kivplayer/output/outputtimes.h"
 #include "apps/kivplayer/support/progress.h"
 
 namespace KivPlayer {
 
 namespace {
-
-bool isTable(const std::string& file)
-{
-    return lowerCaseEnding(file) == ".csv";
-}
 
 std::string writeTable(const std::string& file, const Options& options, const Session& session,
                        Console& console)
@@ -25,18 +20,12 @@ std::string writeTable(const std::string& file, const Options& options, const Se
 
 }  // namespace
 
-bool isExportable(const std::string& file)
-{
-    const std::string ending = lowerCaseEnding(file);
-    return isTable(file) || ending == ".osgb" || ending == ".osgt";
-}
-
 void writeExports(const Options& options, const Session& session, Console& console)
 {
     for (const std::string& file : options.exports) {
-        const std::string problem = isTable(file)
+        const std::string problem = isOfKind(formatOf(file), FileKind::Table)
                                         ? writeTable(file, options, session, console)
-                                        : writeActors(file, session, momentOf(options, session.actors()));
+                                        : writeActors(file, session, stillTime(options, session.actors()));
         if (problem.empty())
             console.note(file + ": written");
         else

@@ -8,9 +8,6 @@
 
 namespace KivPlayer {
 
-/// Whether the name's ending is one that can be exported to: .csv, .osgb or .osgt.
-bool isExportable(const std::string& file);
-
 /// Writes what --export asks for of the actors that are loaded. What goes wrong is said on the console.
 void writeExports(const Options& options, const Session& session, Console& console);
 

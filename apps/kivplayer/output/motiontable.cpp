@@ -9,8 +9,8 @@
 
 #include "KivMemoryShare/actorframemanager.h"
 #include "apps/kivplayer/session/framepublisher.h"
+#include "apps/kivplayer/support/atomicfile.h"
 #include "apps/kivplayer/support/numbers.h"
-#include "apps/kivplayer/support/wholefile.h"
 
 namespace KivPlayer {
 
@@ -67,14 +67,14 @@ public:
     {
         Cells cells{"actor", "name", "frame", "time_s"};
         cells.resize(width());
-        const auto place = [&cells](std::size_t first, const std::string& what) {
+        const auto position = [&cells](std::size_t first, const std::string& what) {
             cells[first] = quoted(what + "_x_cm");
             cells[first + 1] = quoted(what + "_y_cm");
             cells[first + 2] = quoted(what + "_z_up_cm");
         };
         for (const auto& [name, i] : m_joints)
-            place(joint(i), name);
-        place(centre(), "centre_of_mass");
+            position(joint(i), name);
+        position(centre(), "centre_of_mass");
         for (const auto& [name, i] : m_touching)
             cells[contact(i)] = quoted(name + "_contact");
         return cells;
@@ -93,7 +93,7 @@ private:
     std::map<std::string, std::size_t> m_touching;
 };
 
-void putPlace(Cells& cells, std::size_t first, double x, double y, double z)
+void putPosition(Cells& cells, std::size_t first, double x, double y, double z)
 {
     cells[first] = numberText(static_cast<float>(x));
     cells[first + 1] = numberText(static_cast<float>(y));
@@ -109,7 +109,7 @@ void putFrameData(Cells& cells, const Columns& columns, unsigned actor, const Ce
     std::array<float, KivMemoryShare::ActorFrameManager::kGravityFloats> centre{};
     float* floats = centre.data();
     if (store->ReadActorGravity(actor, &floats, tag, count) && count >= 3)
-        putPlace(cells, columns.centre(), centre[0], -centre[2], centre[1]);
+        putPosition(cells, columns.centre(), centre[0], -centre[2], centre[1]);
     std::array<KivCommonDef::KIV_STICKCONTACT, KivMemoryShare::ActorFrameManager::kStickContacts> contacts{};
     KivCommonDef::KIV_STICKCONTACT* records = contacts.data();
     if (store->ReadActorStickContact(actor, &records, tag, count))
@@ -153,9 +153,10 @@ bool writeActor(std::ostream& stream, const LoadedActor& actor, const Columns& c
         publisher.show(time);
         Cells cells{actor.id(), quoted(actor.name), std::to_string(frame), timeText(time)};
         cells.resize(columns.width());
-        const std::vector<osg::Vec3d> places = actor.dressed.positions();
+        const std::vector<osg::Vec3d> positions = actor.dressed.positions();
         for (std::size_t i = 0; i < joints.size(); ++i)
-            putPlace(cells, columns.joint(joints[i]), places[i].x(), places[i].y(), places[i].z());
+            putPosition(cells, columns.joint(joints[i]), positions[i].x(), positions[i].y(),
+                        positions[i].z());
         putFrameData(cells, columns, actor.index, touching);
         written = writeRow(stream, cells);
         progress.done(++rows);
@@ -179,7 +180,7 @@ unsigned long long rowsOfMotionTable(const Session& session, const Range& range)
 std::string writeMotionTable(const std::string& file, const Session& session, const Range& range,
                              Progress& progress)
 {
-    return writeWhole(file, [&](std::ostream& stream) {
+    return writeAtomically(file, [&](std::ostream& stream) {
         const Columns columns(session.actors());
         unsigned long long rows = 0;
         bool written = writeRow(stream, columns.header());

@@ -60,7 +60,7 @@ struct LightTables
 
 }  // namespace
 
-int Offscreen::usualMultiple(int width, int height)
+int Offscreen::defaultSupersampling(int width, int height)
 {
     return static_cast<long long>(width) * height <= 1024LL * 768LL ? 3 : 2;
 }

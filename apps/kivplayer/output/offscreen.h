@@ -20,7 +20,7 @@ class Offscreen
 {
 public:
     /// The multiple that is used where none is asked for: smaller pictures can afford more.
-    static int usualMultiple(int width, int height);
+    static int defaultSupersampling(int width, int height);
 
     /// @param multiple samples per pixel in each direction, at least 1; lowered where the driver's largest
     /// surface asks for it.

@@ -6,7 +6,7 @@
 #include <cstdlib>
 #include <fstream>
 
-#include "apps/kivplayer/support/wholefile.h"
+#include "apps/kivplayer/support/atomicfile.h"
 
 namespace KivPlayer {
 
@@ -26,7 +26,7 @@ std::string writePicture(const osg::Image& picture, const std::string& file)
     osgDB::ReaderWriter* format = pngFormat();
     if (!format)
         return "OpenSceneGraph's PNG plugin is missing";
-    return writeWhole(
+    return writeAtomically(
         file, [&](std::ostream& stream) { return format->writeImage(picture, stream, nullptr).success(); });
 }
 

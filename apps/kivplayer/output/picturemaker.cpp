@@ -10,7 +10,7 @@
 
 #include "KivMemoryShare/scenecfgshare.h"
 #include "KivRenderState/kivrenderstatemanager.h"
-#include "apps/kivplayer/output/moments.h"
+#include "apps/kivplayer/output/outputtimes.h"
 #include "apps/kivplayer/output/picturefile.h"
 #include "apps/kivplayer/output/videofile.h"
 #include "apps/kivplayer/support/progress.h"
@@ -35,9 +35,9 @@ PictureMaker::PictureMaker(const Options& options, Session& session, Console& co
       m_session(session),
       m_console(console),
       m_publisher(options.shown.contacts),
-      m_offscreen(
-          options.width, options.height,
-          options.samples > 0 ? options.samples : Offscreen::usualMultiple(options.width, options.height)),
+      m_offscreen(options.width, options.height,
+                  options.samples > 0 ? options.samples
+                                      : Offscreen::defaultSupersampling(options.width, options.height)),
       m_stage(KivMemoryShare::SceneCfgShare::instance()->getCharacterSceneNode()),
       m_caption(options.width, options.height, session.fontPath())
 {
@@ -64,13 +64,13 @@ void PictureMaker::restart()
     }
     const bool sequence = m_options.isMoving();
     if (!sequence)
-        m_publisher.show(momentOf(m_options, m_session.actors()));
+        m_publisher.show(stillTime(m_options, m_session.actors()));
     if (m_followed)
-        aim(m_publisher.sampledPlacesOver(*m_followed), m_publisher.sampledHeadsOver(*m_followed));
+        aim(m_publisher.sampledPositionsOver(*m_followed), m_publisher.sampledHeadsOver(*m_followed));
     else if (sequence)
-        aim(m_publisher.sampledPlaces(), m_publisher.sampledHeads());
+        aim(m_publisher.sampledPositions(), m_publisher.sampledHeads());
     else
-        aim(m_publisher.placesNow(), m_publisher.headsNow());
+        aim(m_publisher.positionsNow(), m_publisher.headsNow());
 }
 
 PictureMaker::~PictureMaker()
@@ -83,14 +83,14 @@ void PictureMaker::caption(const std::string& text)
     m_caption.say(text);
 }
 
-void PictureMaker::aim(const std::vector<osg::Vec3d>& places, const std::vector<osg::Vec3d>& heads)
+void PictureMaker::aim(const std::vector<osg::Vec3d>& positions, const std::vector<osg::Vec3d>& heads)
 {
-    const osg::BoundingBox box = boxWithGround(places);
+    const osg::BoundingBox box = boxWithGround(positions);
     const double height = box.valid() ? static_cast<double>(box.zMax() - box.zMin()) : 0.0;
     const double compass = m_publisher.facing() + m_options.view.azimuth;
-    std::vector<osg::Vec3d> shown = places;
-    for (const osg::Vec3d& place : places)
-        shown.emplace_back(place.x(), place.y(), std::min(0.0, place.z()));
+    std::vector<osg::Vec3d> shown = positions;
+    for (const osg::Vec3d& position : positions)
+        shown.emplace_back(position.x(), position.y(), std::min(0.0, position.z()));
     for (const osg::Vec3d& head : heads)
         shown.push_back(head + osg::Vec3d(0, 0, kHeadHeight));
     addLabels(heads, compass, shown);
@@ -129,7 +129,7 @@ void PictureMaker::addLabels(const std::vector<osg::Vec3d>& heads, double compas
 
 osg::ref_ptr<osg::Image> PictureMaker::still()
 {
-    return picture(momentOf(m_options, m_session.actors()));
+    return picture(stillTime(m_options, m_session.actors()));
 }
 
 void PictureMaker::look(const osg::Vec3d& along)
@@ -141,7 +141,7 @@ void PictureMaker::look(const osg::Vec3d& along)
 void PictureMaker::warnOfTimesOutside() const
 {
     constexpr double kSameTime = 1e-6;
-    const double latest = m_options.range ? m_options.range->first : momentOf(m_options, m_session.actors());
+    const double latest = m_options.range ? m_options.range->first : stillTime(m_options, m_session.actors());
     std::ostringstream message;
     message.imbue(std::locale::classic());
     if (latest > m_publisher.duration() + kSameTime)
@@ -159,7 +159,7 @@ osg::ref_ptr<osg::Image> PictureMaker::picture(double seconds)
     if (m_followed)
         look(m_publisher.groundUnder(*m_followed, seconds));
     m_publisher.show(seconds);
-    m_stage.light(boxWithGround(m_publisher.placesNow()));
+    m_stage.light(boxWithGround(m_publisher.positionsNow()));
     m_session.gate().close();
     osg::ref_ptr<osg::Image> image;
     try {
@@ -182,7 +182,7 @@ void PictureMaker::write(const osg::Image& image, const std::string& file)
 
 void PictureMaker::writeSequence(const OutputNames& names)
 {
-    const Moments times = momentsOf(m_options, m_publisher.duration());
+    const OutputTimes times = outputTimes(m_options, m_publisher.duration());
     Progress progress(m_console.stream(), Progress::styleFor(Progress::kErrorStream, m_console.isQuiet()),
                       "pictures", times.count);
     for (unsigned long long i = 0; i < times.count; ++i) {
@@ -195,7 +195,7 @@ void PictureMaker::writeSequence(const OutputNames& names)
 
 void PictureMaker::writeVideo(const std::string& file)
 {
-    const Moments times = momentsOf(m_options, m_publisher.duration());
+    const OutputTimes times = outputTimes(m_options, m_publisher.duration());
     VideoFile video(file, m_offscreen.width(), m_offscreen.height(), times.fps);
     std::string problem = video.open();
     {

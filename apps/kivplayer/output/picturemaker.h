@@ -44,7 +44,7 @@ public:
     void write(const osg::Image& image, const std::string& file);
 
 private:
-    void aim(const std::vector<osg::Vec3d>& places, const std::vector<osg::Vec3d>& heads);
+    void aim(const std::vector<osg::Vec3d>& positions, const std::vector<osg::Vec3d>& heads);
     void addLabels(const std::vector<osg::Vec3d>& heads, double compass,
                    std::vector<osg::Vec3d>& shown) const;
     void look(const osg::Vec3d& along);
@@ -57,7 +57,7 @@ private:
     Offscreen m_offscreen;
     Stage m_stage;
     Caption m_caption;
-    CameraPose m_pose;                      ///< seen from the followed actor's place, where one is followed
+    CameraPose m_pose;  ///< seen from the followed actor's position, where one is followed
     std::optional<std::size_t> m_followed;  ///< counted among the actors that are there
     bool m_written = true;                  ///< the last picture
 };

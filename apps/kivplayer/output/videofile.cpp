@@ -1,7 +1,5 @@
 #include "apps/kivplayer/output/videofile.h"
 
-#include <algorithm>
-#include <cctype>
 #include <cerrno>
 #include <cstdlib>
 #include <cstring>
@@ -37,19 +35,19 @@ const std::vector<std::string> kPalette{
     "-filter_complex",
     "split[a][b];[a]palettegen=stats_mode=full[p];[b][p]paletteuse=dither=bayer:bayer_scale=3"};
 
-std::vector<std::string> encoding(VideoFormat format)
+std::vector<std::string> encoding(FileFormat format)
 {
-    if (format == VideoFormat::Gif) {
+    if (format == FileFormat::Gif) {
         std::vector<std::string> words = kPalette;
         words.insert(words.end(), {"-f", "gif"});
         return words;
     }
-    std::vector<std::string> words = format == VideoFormat::WebM ? kVp9 : kH264;
+    std::vector<std::string> words = format == FileFormat::WebM ? kVp9 : kH264;
     words.insert(words.end(), kVideoColours.begin(), kVideoColours.end());
-    if (format == VideoFormat::Mp4)
+    if (format == FileFormat::Mp4)
         words.insert(words.end(), {"-movflags", "+faststart", "-f", "mp4"});
     else
-        words.insert(words.end(), {"-f", format == VideoFormat::WebM ? "webm" : "matroska"});
+        words.insert(words.end(), {"-f", format == FileFormat::WebM ? "webm" : "matroska"});
     return words;
 }
 
@@ -88,26 +86,6 @@ std::string faultOf(const std::string& video, unsigned long long pictures)
 
 }  // namespace
 
-std::string lowerCaseEnding(const std::string& file)
-{
-    std::string ending = std::filesystem::path(file).extension().string();
-    std::transform(ending.begin(), ending.end(), ending.begin(),
-                   [](unsigned char letter) { return static_cast<char>(std::tolower(letter)); });
-    return ending;
-}
-
-VideoFormat videoFormatOf(const std::string& file)
-{
-    const std::string ending = lowerCaseEnding(file);
-    if (ending == ".mp4")
-        return VideoFormat::Mp4;
-    if (ending == ".mkv")
-        return VideoFormat::Matroska;
-    if (ending == ".webm")
-        return VideoFormat::WebM;
-    return ending == ".gif" ? VideoFormat::Gif : VideoFormat::None;
-}
-
 VideoFile::VideoFile(const std::string& file, int width, int height, double fps)
     : m_name(file), m_width(width), m_height(height), m_fps(fps), m_file(file)
 {}
@@ -130,7 +108,7 @@ std::vector<std::string> VideoFile::arguments() const
                                    "-i",
                                    "pipe:0",
                                    "-an"};
-    const std::vector<std::string> own = encoding(videoFormatOf(m_name));
+    const std::vector<std::string> own = encoding(formatOf(m_name));
     words.insert(words.end(), own.begin(), own.end());
     for (const char* word : {"-threads", "1", "-filter_threads", "1", "-filter_complex_threads", "1",
                              "-flags:v", "+bitexact", "-fflags", "+bitexact", "-map_metadata", "-1"})

@@ -5,34 +5,21 @@
 #include <string>
 #include <vector>
 
+#include "apps/kivplayer/options/fileformats.h"
+#include "apps/kivplayer/support/atomicfile.h"
 #include "apps/kivplayer/support/childprocess.h"
-#include "apps/kivplayer/support/wholefile.h"
 
 namespace KivPlayer {
 
-/// What a video's name asks for by its ending: .mp4, .mkv, .webm or .gif.
-enum class VideoFormat
-{
-    None,
-    Mp4,
-    Matroska,
-    WebM,
-    Gif
-};
-
-VideoFormat videoFormatOf(const std::string& file);
-/// ".mp4" of "WALK.Mp4"; empty where there is none.
-std::string lowerCaseEnding(const std::string& file);
-
 /// Only a GIF takes odd sizes: the others keep colour for squares of 2 x 2 pixels.
-constexpr bool needsEvenSize(VideoFormat format)
+constexpr bool needsEvenSize(FileFormat format)
 {
-    return format != VideoFormat::Gif;
+    return format != FileFormat::Gif;
 }
 
-/// A video that an ffmpeg child makes of pictures. The same pictures give the same bytes with the same
-/// ffmpeg: no dates, no names of programs, one thread. The file appears under its name once it is complete
-/// and has been read to its end.
+/// A video in the format that its file extension asks for, made of pictures by an ffmpeg child. The same
+/// pictures give the same bytes with the same ffmpeg: no dates, no names of programs, one thread. The file
+/// appears under its name once it is complete and has been read to its end.
 class VideoFile
 {
 public:
@@ -51,7 +38,7 @@ private:
     int m_width;
     int m_height;
     double m_fps;
-    WholeFile m_file;
+    AtomicFile m_file;
     ChildProcess m_encoder;
     std::vector<unsigned char> m_rows;
     unsigned long long m_pictures = 0;

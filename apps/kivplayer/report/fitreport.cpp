@@ -204,13 +204,13 @@ std::string nearestName(const std::string& joint, const std::vector<std::string>
 }
 
 ordered_json fitReport(const std::map<unsigned, LoadedActor>& actors, const AvatarFile& avatar,
-                       const std::vector<Complaint>& errors)
+                       const std::vector<Diagnostic>& errors)
 {
     ordered_json actorList = ordered_json::array();
     for (const auto& [index, actor] : actors)
         actorList.push_back(actorReport(actor, avatar));
     ordered_json errorList = ordered_json::array();
-    for (const Complaint& error : errors) {
+    for (const Diagnostic& error : errors) {
         ordered_json entry{
             {"file", error.file}, {"line", nullptr}, {"column", nullptr}, {"message", error.message}};
         if (error.line > 0)

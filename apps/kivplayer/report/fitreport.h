@@ -15,7 +15,7 @@ namespace KivPlayer {
 /// How every actor was dressed, told from what a host can see: the dressed skeletons and the avatar file.
 /// Lengths in scene units, times in seconds. Read between frames.
 nlohmann::ordered_json fitReport(const std::map<unsigned, LoadedActor>& actors, const AvatarFile& avatar,
-                                 const std::vector<Complaint>& errors);
+                                 const std::vector<Diagnostic>& errors);
 
 /// The known name that differs least from a joint's name, once capitals, separators and what stands before
 /// the last colon are left out of account; empty where none is near.

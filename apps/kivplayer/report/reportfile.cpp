@@ -2,7 +2,7 @@
 
 #include <iostream>
 
-#include "apps/kivplayer/support/wholefile.h"
+#include "apps/kivplayer/support/atomicfile.h"
 
 namespace KivPlayer {
 
@@ -15,7 +15,7 @@ void writeReport(const std::string& file, const nlohmann::ordered_json& report, 
         return;
     }
     const std::string problem =
-        writeWhole(file, [&](std::ostream& stream) { return static_cast<bool>(stream << text); });
+        writeAtomically(file, [&](std::ostream& stream) { return static_cast<bool>(stream << text); });
     if (!problem.empty())
         console.error({file, 0, 0, problem});
 }

@@ -16,7 +16,7 @@ constexpr std::array<std::string_view, 21> kBody = {
     "Hips",    "LeftUpLeg",   "LeftLeg",  "LeftFoot",      "RightUpLeg", "RightLeg",     "RightFoot",
     "Spine",   "Spine1",      "Spine2",   "Spine3",        "Neck",       "Head",         "LeftShoulder",
     "LeftArm", "LeftForeArm", "LeftHand", "RightShoulder", "RightArm",   "RightForeArm", "RightHand"};
-constexpr std::size_t kMostNamed = 6;
+constexpr std::size_t kMaxNamed = 6;
 
 std::size_t bodyJoints(const ordered_json& matched)
 {
@@ -48,14 +48,14 @@ std::string withReason(const std::string& word, const std::string& reason)
 std::string unmatchedText(const ordered_json& unmatched)
 {
     std::string text;
-    for (std::size_t i = 0; i < unmatched.size() && i < kMostNamed; ++i) {
+    for (std::size_t i = 0; i < unmatched.size() && i < kMaxNamed; ++i) {
         const ordered_json& nearest = unmatched[i].at("nearest");
         text += (i > 0 ? ", " : "") + unmatched[i].at("joint").get<std::string>();
         if (!nearest.empty())
             text += " (nearest: " + nearest[0].get<std::string>() + ")";
     }
-    if (unmatched.size() > kMostNamed)
-        text += " and " + std::to_string(unmatched.size() - kMostNamed) + " more";
+    if (unmatched.size() > kMaxNamed)
+        text += " and " + std::to_string(unmatched.size() - kMaxNamed) + " more";
     return text;
 }
 

@@ -12,8 +12,8 @@ namespace KivPlayer {
 
 namespace {
 
-constexpr double kShortestStep = 1.0 / 120.0;
-constexpr double kLongestStep = 1.0 / 15.0;
+constexpr double kMinStep = 1.0 / 120.0;
+constexpr double kMaxStep = 1.0 / 15.0;
 constexpr double kCatchUp = 0.5;  ///< seconds of motion before a jump's goal that decide about contacts there
 constexpr double kNeverFollowed = -1e9;
 
@@ -28,11 +28,11 @@ osg::Vec3d toStore(const osg::Vec3d& scene)
     return {scene.x(), scene.z(), -scene.y()};
 }
 
-std::vector<osg::Vec3d> toStore(std::vector<osg::Vec3d> places)
+std::vector<osg::Vec3d> toStore(std::vector<osg::Vec3d> positions)
 {
-    for (osg::Vec3d& place : places)
-        place = toStore(place);
-    return places;
+    for (osg::Vec3d& position : positions)
+        position = toStore(position);
+    return positions;
 }
 
 KivAnimation::Animation* animationOf(const std::string& actorId)
@@ -84,15 +84,15 @@ FramePublisher::Body FramePublisher::makeBody(const LoadedActor& actor,
     const double frameTime = actor.document.frameTime;
     Body body{&actor,
               &actor.dressed.root(),
-              BodyMotion(names),
+              CentreOfMass(names),
               ContactTracker(names),
               sampleMotion(actor.dressed, animation, {0.0, actor.duration()}),
               animation,
-              frameTime > 0.0 ? std::clamp(frameTime, kShortestStep, kLongestStep) : kLongestStep,
+              frameTime > 0.0 ? std::clamp(frameTime, kMinStep, kMaxStep) : kMaxStep,
               kNeverFollowed};
     const SampledMotion& sampled = body.sampled;
     for (std::size_t moment = 0; moment < sampled.moments(); ++moment) {
-        const auto first = sampled.places.begin() + static_cast<std::ptrdiff_t>(moment * sampled.joints);
+        const auto first = sampled.positions.begin() + static_cast<std::ptrdiff_t>(moment * sampled.joints);
         body.contacts.learn(toStore({first, first + static_cast<std::ptrdiff_t>(sampled.joints)}));
     }
     // What counts as low does not depend on the part that is shown.
@@ -129,12 +129,12 @@ void FramePublisher::show(double seconds)
     publish();
 }
 
-const std::vector<osg::Vec3d>& FramePublisher::storePlaces(const Body& body)
+const std::vector<osg::Vec3d>& FramePublisher::storePositions(const Body& body)
 {
-    body.actor->dressed.readPositions(m_places);
-    for (osg::Vec3d& place : m_places)
-        place = toStore(place);
-    return m_places;
+    body.actor->dressed.readPositions(m_positions);
+    for (osg::Vec3d& position : m_positions)
+        position = toStore(position);
+    return m_positions;
 }
 
 void FramePublisher::follow(Body& body, double seconds)
@@ -150,7 +150,7 @@ void FramePublisher::follow(Body& body, double seconds)
         body.followed += 1.0;
         if (body.animation)
             body.animation->pose(body.followed * body.step);
-        body.contacts.advance(storePlaces(body), body.step);
+        body.contacts.advance(storePositions(body), body.step);
     }
 }
 
@@ -158,35 +158,35 @@ void FramePublisher::publish()
 {
     auto* store = KivMemoryShare::ActorFrameManager::Ins();
     for (Body& body : m_bodies) {
-        const std::vector<osg::Vec3d>& places = storePlaces(body);
-        if (const auto centre = body.motion.centreOfMass(places)) {
+        const std::vector<osg::Vec3d>& positions = storePositions(body);
+        if (const auto centre = body.centre.of(positions)) {
             const float values[3] = {static_cast<float>(centre->x()), static_cast<float>(centre->y()),
                                      static_cast<float>(centre->z())};
             store->WriteActorGravity(body.actor->index, values, 3);
         }
         if (m_publishContacts) {
-            body.contacts.place(places);
+            body.contacts.place(positions);
             store->WriteActorStickContact(body.actor->index, body.contacts.contacts().data(),
                                           body.contacts.contacts().size());
         }
     }
 }
 
-std::vector<osg::Vec3d> FramePublisher::placesNow() const
+std::vector<osg::Vec3d> FramePublisher::positionsNow() const
 {
     std::vector<osg::Vec3d> all;
     for (const Body& body : m_bodies) {
-        const std::vector<osg::Vec3d> places = body.actor->dressed.positions();
-        all.insert(all.end(), places.begin(), places.end());
+        const std::vector<osg::Vec3d> positions = body.actor->dressed.positions();
+        all.insert(all.end(), positions.begin(), positions.end());
     }
     return all;
 }
 
-std::vector<osg::Vec3d> FramePublisher::sampledPlaces() const
+std::vector<osg::Vec3d> FramePublisher::sampledPositions() const
 {
     std::vector<osg::Vec3d> all;
     for (const Body& body : m_bodies)
-        all.insert(all.end(), body.sampled.places.begin(), body.sampled.places.end());
+        all.insert(all.end(), body.sampled.positions.begin(), body.sampled.positions.end());
     return all;
 }
 
@@ -210,9 +210,9 @@ std::vector<osg::Vec3d> FramePublisher::sampledHeads() const
     return all;
 }
 
-std::vector<osg::Vec3d> FramePublisher::sampledPlacesOver(std::size_t actor) const
+std::vector<osg::Vec3d> FramePublisher::sampledPositionsOver(std::size_t actor) const
 {
-    return m_bodies[actor].sampled.placesOverGround();
+    return m_bodies[actor].sampled.positionsOverGround();
 }
 
 std::vector<osg::Vec3d> FramePublisher::sampledHeadsOver(std::size_t actor) const

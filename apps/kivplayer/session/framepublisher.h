@@ -8,7 +8,7 @@
 #include <utility>
 #include <vector>
 
-#include "apps/kivplayer/analysis/bodymotion.h"
+#include "apps/kivplayer/analysis/centreofmass.h"
 #include "apps/kivplayer/analysis/contacttracker.h"
 #include "apps/kivplayer/analysis/sampledmotion.h"
 #include "apps/kivplayer/session/session.h"
@@ -40,18 +40,18 @@ public:
     double duration() const { return m_duration; }
 
     /// Where the joints were in the sampled part of the motion, and where they are now. Scene units.
-    std::vector<osg::Vec3d> sampledPlaces() const;
+    std::vector<osg::Vec3d> sampledPositions() const;
     osg::BoundingBox sampledBox() const;
-    std::vector<osg::Vec3d> placesNow() const;
+    std::vector<osg::Vec3d> positionsNow() const;
 
     /// The same of the joints that the name labels float above, one for each actor, moment by moment.
     std::vector<osg::Vec3d> sampledHeads() const;
     std::vector<osg::Vec3d> headsNow() const;
 
-    /// For a camera that follows: the places of one actor in the sampled motion, taken from the point of the
-    /// ground below its root joint, and that point around a time, smoothed so that the camera does not sway
-    /// with the steps. Leaves the actors posed at that time. Actors count in the order of their indices.
-    std::vector<osg::Vec3d> sampledPlacesOver(std::size_t actor) const;
+    /// For a camera that follows: the positions of one actor in the sampled motion, taken from the point of
+    /// the ground below its root joint, and that point around a time, smoothed so that the camera does not
+    /// sway with the steps. Leaves the actors posed at that time. Actors count in the order of their indices.
+    std::vector<osg::Vec3d> sampledPositionsOver(std::size_t actor) const;
     std::vector<osg::Vec3d> sampledHeadsOver(std::size_t actor) const;
     osg::Vec3d groundUnder(std::size_t actor, double seconds);
 
@@ -64,7 +64,7 @@ private:
     {
         const LoadedActor* actor;
         osg::ref_ptr<const osg::Node> root;  ///< tells an actor from one that has taken its place
-        BodyMotion motion;
+        CentreOfMass centre;
         ContactTracker contacts;
         SampledMotion sampled;
         osg::ref_ptr<KivAnimation::Animation> animation;
@@ -76,7 +76,7 @@ private:
     void findFront();
     void pose(double seconds);
     /// An actor's joints as the frame store has them, until the next call.
-    const std::vector<osg::Vec3d>& storePlaces(const Body& body);
+    const std::vector<osg::Vec3d>& storePositions(const Body& body);
     /// @param seconds counted from the actor's first frame.
     void follow(Body& body, double seconds);
     void publish();
@@ -84,7 +84,7 @@ private:
     bool m_publishContacts;
     std::vector<Body> m_bodies;
     double m_duration = 0.0;
-    std::vector<osg::Vec3d> m_places;  ///< of one actor; kept for its memory
+    std::vector<osg::Vec3d> m_positions;  ///< of one actor; kept for its memory
     double m_facing = 0.0;
 };
 

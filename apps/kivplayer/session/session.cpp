@@ -181,7 +181,7 @@ double Session::offsetOf(unsigned index) const
 
 bool Session::setOffset(unsigned index, double seconds)
 {
-    if (!(std::abs(seconds) <= kLargestOffset))
+    if (!(std::abs(seconds) <= kMaxOffset))
         return false;
     const KivTaskCommand::SceneGate::Pass pass(m_gate);
     m_offsets[index] = seconds;

@@ -11,6 +11,7 @@
 #include "KivTaskCommand/scenegate.h"
 #include "apps/kivplayer/content/loadedactor.h"
 #include "apps/kivplayer/content/motionfilereader.h"
+#include "apps/kivplayer/options/options.h"
 #include "apps/kivplayer/support/console.h"
 
 namespace KivCharacterization {
@@ -62,7 +63,7 @@ public:
     /// Sets when the actor of that index starts on the shared clock, be it there or still to come; another
     /// file in its place starts then, too. What is forgotten starts at 0 again. Between frames.
     /// @param seconds positive: later, negative: earlier.
-    /// @return false, and nothing changed, for what is not within kLargestOffset.
+    /// @return false, and nothing changed, for what is not within kMaxOffset.
     bool setOffset(unsigned index, double seconds);
     double offsetOf(unsigned index) const;
     /// Gives the playback the offsets. An actor that is being built may play before finish knows of it: a

@@ -14,7 +14,7 @@ constexpr double kWaist = 0.18;
 /// A ball of 32 triangles about the origin, radius 1.
 struct Ball
 {
-    std::vector<osg::Vec3d> places;
+    std::vector<osg::Vec3d> positions;
     std::vector<unsigned> corners;
 
     Ball()
@@ -28,10 +28,10 @@ struct Ball
 private:
     void addOctant(const osg::Vec3d& x, const osg::Vec3d& y, const osg::Vec3d& z, bool direct)
     {
-        const auto base = static_cast<unsigned>(places.size());
-        for (osg::Vec3d place : {x, y, z, x + y, y + z, z + x}) {
-            place.normalize();
-            places.push_back(place);
+        const auto base = static_cast<unsigned>(positions.size());
+        for (osg::Vec3d position : {x, y, z, x + y, y + z, z + x}) {
+            position.normalize();
+            positions.push_back(position);
         }
         const unsigned triangles[4][3] = {{0, 3, 5}, {3, 1, 4}, {5, 4, 2}, {3, 4, 5}};
         for (const auto& [a, b, c] : triangles)
@@ -44,7 +44,7 @@ private:
 
 BoneMesh::BoneMesh()
     : m_spGeometry(new osg::Geometry),
-      m_spPlaces(new osg::Vec3Array(osg::Array::BIND_PER_VERTEX)),
+      m_spPositions(new osg::Vec3Array(osg::Array::BIND_PER_VERTEX)),
       m_spNormals(new osg::Vec3Array(osg::Array::BIND_PER_VERTEX)),
       m_spColours(new osg::Vec4ubArray(osg::Array::BIND_PER_VERTEX)),
       m_spCorners(new osg::DrawElementsUInt(GL_TRIANGLES))
@@ -53,7 +53,7 @@ BoneMesh::BoneMesh()
     m_spGeometry->setDataVariance(osg::Object::DYNAMIC);
     m_spGeometry->setUseDisplayList(false);
     m_spGeometry->setUseVertexBufferObjects(true);
-    m_spGeometry->setVertexArray(m_spPlaces);
+    m_spGeometry->setVertexArray(m_spPositions);
     m_spGeometry->setNormalArray(m_spNormals);
     m_spGeometry->setColorArray(m_spColours);
     m_spGeometry->addPrimitiveSet(m_spCorners);
@@ -61,7 +61,7 @@ BoneMesh::BoneMesh()
 
 void BoneMesh::clear()
 {
-    m_spPlaces->clear();
+    m_spPositions->clear();
     m_spNormals->clear();
     m_spColours->clear();
     m_spCorners->clear();
@@ -72,9 +72,9 @@ void BoneMesh::addTriangle(const osg::Vec3d& a, const osg::Vec3d& b, const osg::
 {
     osg::Vec3d normal = (b - a) ^ (c - a);
     normal.normalize();
-    for (const osg::Vec3d& place : {a, b, c}) {
-        m_spCorners->push_back(static_cast<GLuint>(m_spPlaces->size()));
-        m_spPlaces->push_back(place);
+    for (const osg::Vec3d& position : {a, b, c}) {
+        m_spCorners->push_back(static_cast<GLuint>(m_spPositions->size()));
+        m_spPositions->push_back(position);
         m_spNormals->push_back(normal);
         m_spColours->push_back(colour);
     }
@@ -102,10 +102,10 @@ void BoneMesh::addBone(const osg::Vec3d& from, const osg::Vec3d& to, double widt
 void BoneMesh::addDot(const osg::Vec3d& centre, double radius, const osg::Vec4ub& colour)
 {
     static const Ball ball;
-    const auto base = static_cast<GLuint>(m_spPlaces->size());
-    for (const osg::Vec3d& place : ball.places) {
-        m_spPlaces->push_back(centre + place * radius);
-        m_spNormals->push_back(place);
+    const auto base = static_cast<GLuint>(m_spPositions->size());
+    for (const osg::Vec3d& position : ball.positions) {
+        m_spPositions->push_back(centre + position * radius);
+        m_spNormals->push_back(position);
         m_spColours->push_back(colour);
     }
     for (const unsigned corner : ball.corners)
@@ -114,7 +114,7 @@ void BoneMesh::addDot(const osg::Vec3d& centre, double radius, const osg::Vec4ub
 
 void BoneMesh::finish()
 {
-    m_spPlaces->dirty();
+    m_spPositions->dirty();
     m_spNormals->dirty();
     m_spColours->dirty();
     m_spCorners->dirty();

@@ -87,9 +87,9 @@ void DepthView::look(const osg::Vec3d& centre, const osg::Vec3d& direction, doub
     const double texel = 2.0 * radius / m_side;
     const double offRight = std::remainder(centre * right, texel);
     const double offAbove = std::remainder(centre * above, texel);
-    const osg::Vec3d place = centre - right * offRight - above * offAbove;
+    const osg::Vec3d position = centre - right * offRight - above * offAbove;
 
-    m_spCamera->setViewMatrixAsLookAt(place - along * before, place, up);
+    m_spCamera->setViewMatrixAsLookAt(position - along * before, position, up);
     m_spCamera->setProjectionMatrixAsOrtho(-radius, radius, -radius, radius, 0.0, before + behind);
     m_toTexture = m_spCamera->getViewMatrix() * m_spCamera->getProjectionMatrix() *
                   osg::Matrixd::translate(1.0, 1.0, 1.0) * osg::Matrixd::scale(0.5, 0.5, 0.5);

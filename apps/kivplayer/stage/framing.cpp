@@ -27,11 +27,11 @@ struct Span
 
 }  // namespace
 
-osg::BoundingBox boxWithGround(const std::vector<osg::Vec3d>& places)
+osg::BoundingBox boxWithGround(const std::vector<osg::Vec3d>& positions)
 {
     osg::BoundingBox box;
-    for (const osg::Vec3d& place : places)
-        box.expandBy(place);
+    for (const osg::Vec3d& position : positions)
+        box.expandBy(position);
     return boxWithGround(box);
 }
 

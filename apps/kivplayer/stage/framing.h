@@ -15,15 +15,8 @@ struct CameraPose
     osg::Vec3d up = osg::Vec3d(0, 0, 1);
 };
 
-/// A direction to look from, relative to the way that the figures face.
-struct ViewAngles
-{
-    double azimuth = 0.0;    ///< radians from the figures' front towards their left hand
-    double elevation = 0.0;  ///< radians above the horizon
-};
-
-/// Around the places and the ground below their middle.
-osg::BoundingBox boxWithGround(const std::vector<osg::Vec3d>& places);
+/// Around the positions and the ground below their middle.
+osg::BoundingBox boxWithGround(const std::vector<osg::Vec3d>& positions);
 osg::BoundingBox boxWithGround(osg::BoundingBox box);
 
 /// The camera that stands as near as it can while every point keeps a distance to the picture's edges.

@@ -55,7 +55,7 @@ void main()
 /// One joint of a figure, in scene space.
 struct DrawnJoint
 {
-    osg::Vec3d place;
+    osg::Vec3d position;
     int parent = -1;
     double width = 0.0;   ///< of the bone that ends here
     double widest = 0.0;  ///< of all bones that meet here
@@ -93,13 +93,13 @@ void measure(std::vector<DrawnJoint>& joints)
     double longest = 0.0;
     for (const DrawnJoint& joint : joints)
         if (joint.parent >= 0)
-            longest = std::max(longest,
-                               (joint.place - joints[static_cast<std::size_t>(joint.parent)].place).length());
+            longest = std::max(
+                longest, (joint.position - joints[static_cast<std::size_t>(joint.parent)].position).length());
     for (DrawnJoint& joint : joints) {
         if (joint.parent < 0)
             continue;
         DrawnJoint& above = joints[static_cast<std::size_t>(joint.parent)];
-        joint.width = std::min(kSlimness * (joint.place - above.place).length(), kThickest * longest);
+        joint.width = std::min(kSlimness * (joint.position - above.position).length(), kThickest * longest);
         joint.widest = std::max(joint.widest, joint.width);
         above.widest = std::max(above.widest, joint.width);
     }
@@ -127,10 +127,10 @@ private:
         measure(m_joints);
         for (const DrawnJoint& joint : m_joints) {
             if (joint.parent >= 0)
-                m_mesh.addBone(m_joints[static_cast<std::size_t>(joint.parent)].place, joint.place,
+                m_mesh.addBone(m_joints[static_cast<std::size_t>(joint.parent)].position, joint.position,
                                joint.width, joint.colour);
             if (!joint.isEnd)
-                m_mesh.addDot(joint.place, kDot * joint.widest, joint.colour);
+                m_mesh.addDot(joint.position, kDot * joint.widest, joint.colour);
         }
     }
 

@@ -20,7 +20,7 @@ constexpr int kFootprintSide = 512;
 constexpr unsigned kShadowUnit = 4;
 constexpr unsigned kFootprintUnit = 5;
 constexpr double kReachStep = 50.0;
-constexpr double kFarthestReach = 1500.0;
+constexpr double kMaxReach = 1500.0;
 constexpr double kFootprintHeight = 90.0;
 constexpr double kKeyElevation = 0.78;
 constexpr double kKeyBeside = 0.95;  // radians to the left of the first look
@@ -164,7 +164,7 @@ void Stage::light(const osg::BoundingBox& now)
         return;
     // In steps, so that shadows keep their grain while figures stretch.
     const double radius = std::ceil((static_cast<double>(now.radius()) + 25.0) / kReachStep) * kReachStep;
-    const double reach = std::min(radius, kFarthestReach);
+    const double reach = std::min(radius, kMaxReach);
     osg::Vec3f key;
     m_spKeyDirection->get(key);
     m_shadow.look(now.center(), -osg::Vec3d(key), reach, 2.0 * reach, 3.0 * reach);

@@ -6,56 +6,56 @@
 
 namespace KivPlayer {
 
-std::string placeText(const Complaint& complaint)
+std::string placeText(const Diagnostic& diagnostic)
 {
-    std::string text = complaint.file;
-    if (complaint.line > 0)
-        text += ":" + std::to_string(complaint.line);
-    if (complaint.line > 0 && complaint.column > 0)
-        text += ":" + std::to_string(complaint.column);
+    std::string text = diagnostic.file;
+    if (diagnostic.line > 0)
+        text += ":" + std::to_string(diagnostic.line);
+    if (diagnostic.line > 0 && diagnostic.column > 0)
+        text += ":" + std::to_string(diagnostic.column);
     return text;
 }
 
-std::string complaintLine(const Complaint& complaint, const std::string& kind)
+std::string diagnosticLine(const Diagnostic& diagnostic, const std::string& kind)
 {
-    const std::string place = complaint.file.empty() ? std::string() : placeText(complaint) + ": ";
-    return "kivplayer: " + place + kind + ": " + complaint.message;
+    const std::string place = diagnostic.file.empty() ? std::string() : placeText(diagnostic) + ": ";
+    return "kivplayer: " + place + kind + ": " + diagnostic.message;
 }
 
-void Console::error(const Complaint& complaint)
+void Console::error(const Diagnostic& diagnostic)
 {
     const std::lock_guard<std::mutex> lock(m_mutex);
-    m_errors.push_back(complaint);
-    m_stream << printable(complaintLine(complaint, "error")) << std::endl;
+    m_errors.push_back(diagnostic);
+    m_stream << printable(diagnosticLine(diagnostic, "error")) << std::endl;
 }
 
 std::vector<std::string> Console::errorLines() const
 {
     const std::lock_guard<std::mutex> lock(m_mutex);
     std::vector<std::string> lines;
-    for (const Complaint& complaint : m_errors)
-        lines.push_back((complaint.file.empty() ? "" : placeText(complaint) + ": ") + complaint.message);
+    for (const Diagnostic& diagnostic : m_errors)
+        lines.push_back((diagnostic.file.empty() ? "" : placeText(diagnostic) + ": ") + diagnostic.message);
     return lines;
 }
 
-void Console::warning(const Complaint& complaint)
+void Console::warning(const Diagnostic& diagnostic)
 {
     const std::lock_guard<std::mutex> lock(m_mutex);
-    if (m_loudness != Loudness::Quiet)
-        m_stream << printable(complaintLine(complaint, "warning")) << std::endl;
+    if (m_verbosity != Verbosity::Quiet)
+        m_stream << printable(diagnosticLine(diagnostic, "warning")) << std::endl;
 }
 
 void Console::say(const std::string& text)
 {
     const std::lock_guard<std::mutex> lock(m_mutex);
-    if (m_loudness != Loudness::Quiet)
+    if (m_verbosity != Verbosity::Quiet)
         m_stream << printable(text) << std::flush;
 }
 
 void Console::note(const std::string& text)
 {
     const std::lock_guard<std::mutex> lock(m_mutex);
-    if (m_loudness == Loudness::Verbose)
+    if (m_verbosity == Verbosity::Verbose)
         m_stream << "kivplayer: " << printable(text) << std::endl;
 }
 

@@ -25,7 +25,7 @@ void PlayedScene::show(double seconds, bool complete)
     if (m_loader.isBusy())
         m_session.keepOffsets();
     m_publisher.show(seconds);
-    m_stage.light(boxWithGround(m_publisher.placesNow()));
+    m_stage.light(boxWithGround(m_publisher.positionsNow()));
 }
 
 }  // namespace KivPlayer

@@ -21,8 +21,8 @@ using KivRenderState::KivRenderStateManager;
 namespace {
 
 /// A display that does not hold frames back shall not keep a whole processor busy.
-constexpr double kShortestFrame = 1.0 / 120.0;
-constexpr double kLongestStep = 1.0;  // seconds of playback that one frame may take
+constexpr double kMinFrame = 1.0 / 120.0;
+constexpr double kMaxStep = 1.0;  // seconds of playback that one frame may take
 
 }  // namespace
 
@@ -90,7 +90,7 @@ void PlayerWindow::run()
         m_pace.note(drawn, drawing - began);
         if (m_pace.times().frames == 1)
             startUp().reached("first frame");
-        const double spare = kShortestFrame - (now() - began);
+        const double spare = kMinFrame - (now() - began);
         if (spare > 0.0)
             std::this_thread::sleep_for(std::chrono::duration<double>(spare));
     }
@@ -114,7 +114,7 @@ void PlayerWindow::betweenFrames(double passed)
         say("Could not be done: " + what);
     watchDraggers();
     if (!m_starting && !m_picture.isBusy())
-        transport.advance(std::min(passed, kLongestStep));
+        transport.advance(std::min(passed, kMaxStep));
     refreshLog();
     takePicture();
     describePanels();

@@ -10,18 +10,18 @@
 #include "apps/kivplayer/content/avatarfile.h"
 #include "apps/kivplayer/options/options.h"
 #include "apps/kivplayer/support/console.h"
-#include "apps/kivplayer/window/orbitcamera.h"
 #include "apps/kivplayer/window/pendingcommands.h"
 #include "apps/kivplayer/window/platform/nativewindow.h"
-#include "apps/kivplayer/window/platform/viewerwindow.h"
 #include "apps/kivplayer/window/playedscene.h"
 #include "apps/kivplayer/window/state/filewatch.h"
 #include "apps/kivplayer/window/state/framepace.h"
+#include "apps/kivplayer/window/state/orbitcamera.h"
 #include "apps/kivplayer/window/statefile.h"
 #include "apps/kivplayer/window/supersampler.h"
 #include "apps/kivplayer/window/ui/desk.h"
 #include "apps/kivplayer/window/ui/interfacelayer.h"
 #include "apps/kivplayer/window/ui/panels.h"
+#include "apps/kivplayer/window/viewerwindow.h"
 
 namespace KivPlayer {
 

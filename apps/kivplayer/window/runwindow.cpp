@@ -3,7 +3,7 @@
 #include <cstdlib>
 
 #include "KivCharacterization/characterizationmanager.h"
-#include "apps/kivplayer/session/avatartrial.h"
+#include "apps/kivplayer/session/avatarprobe.h"
 #include "apps/kivplayer/session/session.h"
 #include "apps/kivplayer/window/playerwindow.h"
 #include "apps/kivplayer/window/startup.h"

@@ -3,7 +3,7 @@
 #include <filesystem>
 
 #include "KivCharacterization/characterizationmanager.h"
-#include "apps/kivplayer/output/moments.h"
+#include "apps/kivplayer/output/outputtimes.h"
 #include "apps/kivplayer/stage/framing.h"
 #include "apps/kivplayer/window/playerwindow.h"
 
@@ -65,7 +65,7 @@ void PlayerWindow::takeActors()
     showLabels();
     transport.setMotion(m_scene.publisher().duration(), frameTime);
     if (m_starting && (m_options.time || m_options.frame))
-        transport.setTime(momentOf(m_options, actors()));
+        transport.setTime(stillTime(m_options, actors()));
     // Somebody who has looked around already is left where they are.
     if (m_starting || actors().size() == 1) {
         findHome();
@@ -85,7 +85,7 @@ void PlayerWindow::findHome()
 {
     if (actors().empty())
         return;
-    std::vector<osg::Vec3d> shown = m_scene.publisher().sampledPlaces();
+    std::vector<osg::Vec3d> shown = m_scene.publisher().sampledPositions();
     const std::size_t joints = shown.size();
     for (std::size_t i = 0; i < joints; ++i)
         shown.emplace_back(shown[i].x(), shown[i].y(), std::min(0.0, shown[i].z()));

@@ -43,5 +43,5 @@ protected:
 
     std::filesystem::path m_folder;
     std::ostringstream m_said;
-    KivPlayer::Console m_console{m_said, KivPlayer::Console::Loudness::Normal};
+    KivPlayer::Console m_console{m_said, KivPlayer::Console::Verbosity::Normal};
 };

@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-#include "apps/kivplayer/window/orbitcamera.h"
+#include "apps/kivplayer/window/state/orbitcamera.h"
 #include "apps/kivplayer/window/ui/desk.h"
 
 namespace KivPlayer {

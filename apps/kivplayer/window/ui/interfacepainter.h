@@ -5,7 +5,7 @@
 #include <osg/Image>
 #include <osg/ref_ptr>
 
-#include "apps/kivplayer/window/orbitcamera.h"
+#include "apps/kivplayer/window/state/orbitcamera.h"
 
 namespace KivPlayer {
 

@@ -157,13 +157,13 @@ void Sidebar::details(Desk& desk, const LoadedActor& actor)
 void Sidebar::offset(Desk& desk, const LoadedActor& actor)
 {
     double seconds = actor.offset;
-    const double least = -kLargestOffset;
+    const double least = -kMaxOffset;
     ImGui::AlignTextToFramePadding();
     ImGui::TextDisabled("Starts at");
     ImGui::SameLine();
     ImGui::SetNextItemWidth(-1);
-    if (ImGui::DragScalar("##offset", ImGuiDataType_Double, &seconds, 0.01f, &least, &kLargestOffset,
-                          "%.3f s", ImGuiSliderFlags_AlwaysClamp))
+    if (ImGui::DragScalar("##offset", ImGuiDataType_Double, &seconds, 0.01f, &least, &kMaxOffset, "%.3f s",
+                          ImGuiSliderFlags_AlwaysClamp))
         desk.setOffset(actor.index, seconds);
     notePlace(desk, "offset" + actor.id());
     tip("On the clock; drag, or type after a double click");

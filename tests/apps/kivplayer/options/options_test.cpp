@@ -134,6 +134,16 @@ TEST(Options, answersHelpAndVersionOnStdoutWithZero)
     }
 }
 
+TEST(Options, asksForTheKeysWithoutKnowingThem)
+{
+    const Parsing parsing = parse({"--help-keys"});
+    EXPECT_FALSE(parsing.options);
+    EXPECT_TRUE(parsing.asksForKeys);
+    EXPECT_EQ(parsing.exitCode, 0);
+    EXPECT_EQ(parsing.output + parsing.error, "");
+    EXPECT_FALSE(parse({"a.bvh", "--no-render"}).asksForKeys);
+}
+
 TEST(Options, takesValuesAfterASpaceOrAnEqualsSign)
 {
     for (const auto& arguments : {std::vector<std::string>{"a.bvh", "--output", "a.png", "--time", "1.5"},
@@ -249,17 +259,17 @@ TEST(Options, givesASequenceThirtyPicturesASecond)
     EXPECT_TRUE(parsing.options->output->isSequence());
 }
 
-TEST(Options, tellsAVideoByItsEnding)
+TEST(Options, tellsAVideoByItsFileExtension)
 {
     const Parsing video = parse({"a.bvh", "--output", "walk.MP4", "--fps", "24", "--range", "1,2"});
     ASSERT_TRUE(video.options) << video.error;
-    EXPECT_EQ(video.options->video, KivPlayer::VideoFormat::Mp4);
+    EXPECT_EQ(video.options->format, KivPlayer::FileFormat::Mp4);
     EXPECT_TRUE(video.options->isMoving());
     EXPECT_EQ(video.options->fps, 24.0);
     EXPECT_EQ(video.options->width, 1280);
     const Parsing picture = parse({"a.bvh", "--output", "a.mp4.png"});
     ASSERT_TRUE(picture.options) << picture.error;
-    EXPECT_EQ(picture.options->video, KivPlayer::VideoFormat::None);
+    EXPECT_EQ(picture.options->format, KivPlayer::FileFormat::Png);
     EXPECT_FALSE(picture.options->isMoving());
 }
 

@@ -51,11 +51,11 @@ TEST_F(FramePublisherTest, samplesThePartThatIsShown)
 {
     FramePublisher publisher(false);
     publisher.setActors(m_session.actors());
-    const osg::BoundingBox whole = boxOf(publisher.sampledPlaces());
+    const osg::BoundingBox whole = boxOf(publisher.sampledPositions());
     publisher.setActors(m_session.actors(), std::make_pair(1.0, 2.0));
-    const osg::BoundingBox part = boxOf(publisher.sampledPlaces());
+    const osg::BoundingBox part = boxOf(publisher.sampledPositions());
     EXPECT_LT(part.yMax() - part.yMin(), 0.5f * (whole.yMax() - whole.yMin()));
-    EXPECT_EQ(publisher.sampledPlaces().size(), 96 * m_session.actors().at(0).dressed.joints().size());
+    EXPECT_EQ(publisher.sampledPositions().size(), 96 * m_session.actors().at(0).dressed.joints().size());
 }
 
 TEST_F(FramePublisherTest, holdsAPartThatLiesBehindTheEndToTheLastFrame)
@@ -63,9 +63,10 @@ TEST_F(FramePublisherTest, holdsAPartThatLiesBehindTheEndToTheLastFrame)
     FramePublisher publisher(false);
     publisher.setActors(m_session.actors(), std::make_pair(100.0, 200.0));
     publisher.show(publisher.duration());
-    EXPECT_EQ(publisher.sampledPlaces().size(), publisher.placesNow().size());
-    EXPECT_LT((boxOf(publisher.sampledPlaces()).center() - boxOf(publisher.placesNow()).center()).length(),
-              1e-3f);
+    EXPECT_EQ(publisher.sampledPositions().size(), publisher.positionsNow().size());
+    EXPECT_LT(
+        (boxOf(publisher.sampledPositions()).center() - boxOf(publisher.positionsNow()).center()).length(),
+        1e-3f);
 }
 
 TEST_F(FramePublisherTest, judgesContactsTheSameWhateverPartIsShown)
@@ -94,7 +95,7 @@ TEST_F(FramePublisherTest, showsAnActorThatStartsLaterAsItWasThenAndHeldBeforeAn
     publisher.setActors(m_session.actors());
     const auto showing = [&](double time) {
         publisher.show(time);
-        return std::make_pair(publisher.placesNow(), contacts());
+        return std::make_pair(publisher.positionsNow(), contacts());
     };
     const double end = publisher.duration();
     const auto first = showing(0.0);
@@ -138,12 +139,12 @@ TEST_F(FramePublisherTest, samplesOfAnActorThatStartsLaterWhatThePartShows)
 {
     FramePublisher publisher(false);
     publisher.setActors(m_session.actors(), std::make_pair(1.0, 2.0));
-    const std::vector<osg::Vec3d> expected = publisher.sampledPlaces();
+    const std::vector<osg::Vec3d> expected = publisher.sampledPositions();
     ASSERT_TRUE(m_session.setOffset(0, 0.5));
     publisher.setActors(m_session.actors(), std::make_pair(1.5, 2.5));
-    EXPECT_EQ(publisher.sampledPlaces(), expected);
+    EXPECT_EQ(publisher.sampledPositions(), expected);
     publisher.setActors(m_session.actors(), std::make_pair(0.0, 0.4));
-    EXPECT_EQ(publisher.sampledPlaces().size(), m_session.actors().at(0).dressed.joints().size())
+    EXPECT_EQ(publisher.sampledPositions().size(), m_session.actors().at(0).dressed.joints().size())
         << "it stands still";
 }
 

@@ -38,7 +38,7 @@ protected:
         m_publisher.setActors(m_session->actors());
         m_stage.emplace(SceneCfgShare::instance()->getCharacterSceneNode());
         m_publisher.show(kMoment);
-        m_stage->setUp(KivPlayer::boxWithGround(m_publisher.placesNow()));
+        m_stage->setUp(KivPlayer::boxWithGround(m_publisher.positionsNow()));
         m_offscreen.view().setSceneData(m_stage->root());
     }
     void TearDown() override

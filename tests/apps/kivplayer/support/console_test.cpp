@@ -11,7 +11,7 @@ using KivPlayer::Console;
 TEST(Console, saysWhereAnErrorIsInOneLine)
 {
     std::ostringstream said;
-    Console console(said, Console::Loudness::Normal);
+    Console console(said, Console::Verbosity::Normal);
     console.error({"walk.bvh", 12, 5, "expected a number"});
     console.error({"walk.bvh", 12, 0, "expected a number"});
     console.error({"walk.bvh", 0, 5, "no such file"});
@@ -27,7 +27,7 @@ TEST(Console, saysWhereAnErrorIsInOneLine)
 TEST(Console, keepsErrorsWhenItIsQuiet)
 {
     std::ostringstream said;
-    Console console(said, Console::Loudness::Quiet);
+    Console console(said, Console::Verbosity::Quiet);
     console.warning({"walk.bvh", 3, 1, "odd"});
     console.note("loading");
     EXPECT_EQ(said.str(), "");
@@ -38,7 +38,7 @@ TEST(Console, keepsErrorsWhenItIsQuiet)
 TEST(Console, doesNotCountWarningsAsErrors)
 {
     std::ostringstream said;
-    Console console(said, Console::Loudness::Verbose);
+    Console console(said, Console::Verbosity::Verbose);
     console.warning({"walk.bvh", 3, 1, "odd"});
     console.note("loading");
     EXPECT_EQ(said.str(), "kivplayer: walk.bvh:3:1: warning: odd\nkivplayer: loading\n");
@@ -48,7 +48,7 @@ TEST(Console, doesNotCountWarningsAsErrors)
 TEST(Console, neverShowsATerminalTheControlCharactersOfAFile)
 {
     std::ostringstream said;
-    Console console(said, Console::Loudness::Verbose);
+    Console console(said, Console::Verbosity::Verbose);
     console.error({"a\x1b[2J.bvh", 3, 1, "joint \a"});
     console.warning({"", 0, 0, "\x1b"});
     console.say("\x1b\n");

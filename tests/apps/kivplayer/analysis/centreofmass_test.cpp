@@ -1,4 +1,4 @@
-#include "apps/kivplayer/analysis/bodymotion.h"
+#include "apps/kivplayer/analysis/centreofmass.h"
 
 #include <gtest/gtest.h>
 
@@ -7,17 +7,17 @@
 
 namespace {
 
-using KivPlayer::BodyMotion;
+using KivPlayer::CentreOfMass;
 
 struct Figure
 {
     std::vector<std::string> names;
-    std::vector<osg::Vec3d> places;
+    std::vector<osg::Vec3d> positions;
 
     void add(const std::string& name, double x, double y, double z)
     {
         names.push_back(name);
-        places.emplace_back(x, y, z);
+        positions.emplace_back(x, y, z);
     }
 };
 
@@ -49,24 +49,24 @@ Figure wholeFigure()
     return figure;
 }
 
-TEST(BodyMotion, saysNothingAboutASkeletonWithoutATrunkOrThighs)
+TEST(CentreOfMass, saysNothingAboutASkeletonWithoutATrunkOrThighs)
 {
     for (const char* missing : {"Neck", "LeftUpLeg", "RightLeg"}) {
         Figure figure = leastFigure();
         for (std::string& name : figure.names)
             name = name == missing ? "Other" : name;
-        const BodyMotion motion(figure.names);
-        EXPECT_FALSE(motion.hasCentreOfMass()) << missing;
-        EXPECT_FALSE(motion.centreOfMass(figure.places)) << missing;
+        const CentreOfMass motion(figure.names);
+        EXPECT_FALSE(motion.isKnown()) << missing;
+        EXPECT_FALSE(motion.of(figure.positions)) << missing;
     }
-    EXPECT_FALSE(BodyMotion({}).hasCentreOfMass());
+    EXPECT_FALSE(CentreOfMass({}).isKnown());
 }
 
-TEST(BodyMotion, weighsTrunkAndThighsOfAnUnfinishedFigure)
+TEST(CentreOfMass, weighsTrunkAndThighsOfAnUnfinishedFigure)
 {
     const Figure figure = leastFigure();
-    const BodyMotion motion(figure.names);
-    const auto centre = motion.centreOfMass(figure.places);
+    const CentreOfMass motion(figure.names);
+    const auto centre = motion.of(figure.positions);
     ASSERT_TRUE(centre);
     // Trunk 43.015 at 150 - 0.505 * 60 = 119.7; thighs 2 * 14.47 at 90 - 0.385 * 40 = 74.6; without a head
     // joint the neck stands for the head, which has no length: 6.81 at 150 is left out since nothing is there
@@ -77,10 +77,10 @@ TEST(BodyMotion, weighsTrunkAndThighsOfAnUnfinishedFigure)
     EXPECT_NEAR(centre->z(), 0.0, 1e-9);
 }
 
-TEST(BodyMotion, weighsEverySegmentOfAWholeFigure)
+TEST(CentreOfMass, weighsEverySegmentOfAWholeFigure)
 {
     const Figure figure = wholeFigure();
-    const auto centre = BodyMotion(figure.names).centreOfMass(figure.places);
+    const auto centre = CentreOfMass(figure.names).of(figure.positions);
     ASSERT_TRUE(centre);
     const double mass = 6.81 + 43.015 + 2 * (2.63 + 1.5 + 0.585 + 14.47 + 4.57 + 1.33);
     const double height =
@@ -94,24 +94,24 @@ TEST(BodyMotion, weighsEverySegmentOfAWholeFigure)
     EXPECT_LT(centre->y(), 110.0);
 }
 
-TEST(BodyMotion, movesAndTurnsWithTheFigure)
+TEST(CentreOfMass, movesAndTurnsWithTheFigure)
 {
     Figure figure = wholeFigure();
-    const BodyMotion motion(figure.names);
-    const osg::Vec3d before = *motion.centreOfMass(figure.places);
+    const CentreOfMass motion(figure.names);
+    const osg::Vec3d before = *motion.of(figure.positions);
     const osg::Vec3d step(30, 5, -70);
-    for (osg::Vec3d& place : figure.places)
-        place += step;
-    EXPECT_LT((*motion.centreOfMass(figure.places) - before - step).length(), 1e-9);
+    for (osg::Vec3d& position : figure.positions)
+        position += step;
+    EXPECT_LT((*motion.of(figure.positions) - before - step).length(), 1e-9);
 }
 
-TEST(BodyMotion, leansToTheSideOfARaisedArm)
+TEST(CentreOfMass, leansToTheSideOfARaisedArm)
 {
     Figure figure = wholeFigure();
     for (std::size_t i = 0; i < figure.names.size(); ++i)
         if (figure.names[i] == "LeftForeArm" || figure.names[i].rfind("LeftHand", 0) == 0)
-            figure.places[i] = osg::Vec3d(18 + (145 - figure.places[i].y()), 145, 0);
-    EXPECT_GT(BodyMotion(figure.names).centreOfMass(figure.places)->x(), 0.5);
+            figure.positions[i] = osg::Vec3d(18 + (145 - figure.positions[i].y()), 145, 0);
+    EXPECT_GT(CentreOfMass(figure.names).of(figure.positions)->x(), 0.5);
 }
 
 }  // namespace

@@ -1,4 +1,4 @@
-#include "apps/kivplayer/session/avatartrial.h"
+#include "apps/kivplayer/session/avatarprobe.h"
 
 #include <sys/resource.h>
 #include <unistd.h>
@@ -13,22 +13,22 @@
 
 namespace KivPlayer {
 
-int tryAvatar(const std::string& root, const std::string& seconds)
+int probeAvatar(const std::string& root, const std::string& seconds)
 {
     const rlimit noDump{0, 0};
     setrlimit(RLIMIT_CORE, &noDump);
     const std::optional<long long> limit = parseInteger(seconds);
     alarm(limit && *limit > 0 ? static_cast<unsigned>(*limit) : static_cast<unsigned>(kAvatarSeconds));
     std::ostringstream unheard;
-    Console console(unheard, Console::Loudness::Quiet);
+    Console console(unheard, Console::Verbosity::Quiet);
     Session(console).start(root);
     return 0;
 }
 
-std::string avatarTrialProblem(const std::string& root, int seconds, const std::string& program)
+std::string avatarProbeProblem(const std::string& root, int seconds, const std::string& program)
 {
     ChildProcess trial;
-    const int problem = trial.start(program, {kTryAvatar, root, std::to_string(seconds)});
+    const int problem = trial.start(program, {kProbeAvatar, root, std::to_string(seconds)});
     // Without a second process there is no trial; the avatar itself is not to blame.
     return problem ? std::string() : trial.finish();
 }
@@ -39,7 +39,7 @@ bool startSession(Session& session, const Options& options, Console& console)
         return session.start(findRuntimeRoot());
     const std::string problem = options.ownProgram.empty()
                                     ? std::string()
-                                    : avatarTrialProblem(options.root, kAvatarSeconds, options.ownProgram);
+                                    : avatarProbeProblem(options.root, kAvatarSeconds, options.ownProgram);
     if (problem.empty())
         return session.start(options.root);
     console.error({Session::avatarBelow(options.root), 0, 0,

@@ -1,4 +1,4 @@
-#include "apps/kivplayer/support/wholefile.h"
+#include "apps/kivplayer/support/atomicfile.h"
 
 #include <cerrno>
 #include <filesystem>
@@ -24,18 +24,18 @@ bool isDevice(const std::string& file)
 
 }  // namespace
 
-WholeFile::WholeFile(const std::string& goal)
+AtomicFile::AtomicFile(const std::string& goal)
     : m_goal(goal), m_temporary(isDevice(goal) ? goal : goal + ".part"), m_renamed(m_temporary != goal)
 {}
 
-WholeFile::~WholeFile()
+AtomicFile::~AtomicFile()
 {
     std::error_code ignored;
     if (m_unfinished)
         std::filesystem::remove(m_temporary, ignored);
 }
 
-std::string WholeFile::begin()
+std::string AtomicFile::begin()
 {
     const std::filesystem::path folder = std::filesystem::path(m_goal).parent_path();
     std::error_code problem;
@@ -51,7 +51,7 @@ std::string WholeFile::begin()
     return std::string();
 }
 
-std::string WholeFile::putInPlace()
+std::string AtomicFile::putInPlace()
 {
     std::error_code problem;
     if (m_renamed)
@@ -62,9 +62,9 @@ std::string WholeFile::putInPlace()
     return std::string();
 }
 
-std::string writeWhole(const std::string& file, const std::function<bool(std::ostream&)>& writing)
+std::string writeAtomically(const std::string& file, const std::function<bool(std::ostream&)>& writing)
 {
-    WholeFile whole(file);
+    AtomicFile whole(file);
     const std::string problem = whole.begin();
     if (!problem.empty())
         return problem;

@@ -16,17 +16,17 @@ class Session;
 constexpr int kAvatarSeconds = 5;
 
 /// The word on the command line that asks for a trial, followed by a run-time root and seconds.
-constexpr const char* kTryAvatar = "--try-avatar";
+constexpr const char* kProbeAvatar = "--probe-avatar";
 
 /// What that other process does: loads the avatar and nothing else, and is ended by the system when it takes
 /// longer.
 /// @return 0, whether the avatar was accepted or refused.
-int tryAvatar(const std::string& root, const std::string& seconds);
+int probeAvatar(const std::string& root, const std::string& seconds);
 
 /// Has another process try the avatar below a root directory.
-/// @param program one whose command line understands kTryAvatar.
+/// @param program one whose command line understands kProbeAvatar.
 /// @return empty when the process came to its end; otherwise what became of it.
-std::string avatarTrialProblem(const std::string& root, int seconds, const std::string& program);
+std::string avatarProbeProblem(const std::string& root, int seconds, const std::string& program);
 
 /// Starts a session with the shipped content, or with the root that the user gave, once its avatar was tried.
 /// What is wrong is reported.

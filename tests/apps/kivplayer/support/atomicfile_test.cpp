@@ -1,4 +1,4 @@
-#include "apps/kivplayer/support/wholefile.h"
+#include "apps/kivplayer/support/atomicfile.h"
 
 #include <gmock/gmock.h>
 
@@ -8,59 +8,59 @@
 
 namespace {
 
-using KivPlayer::WholeFile;
-using KivPlayer::writeWhole;
+using KivPlayer::AtomicFile;
+using KivPlayer::writeAtomically;
 using testing::HasSubstr;
 
-class WholeFileTest : public ScratchFolder
+class AtomicFileTest : public ScratchFolder
 {
 protected:
     static bool hello(std::ostream& stream) { return static_cast<bool>(stream << "hello\n"); }
 };
 
-TEST_F(WholeFileTest, saysWhyAFolderCannotBeMade)
+TEST_F(AtomicFileTest, saysWhyAFolderCannotBeMade)
 {
     write("file", "");
-    EXPECT_THAT(writeWhole(path("file/below.txt"), hello), HasSubstr("Not a directory"));
+    EXPECT_THAT(writeAtomically(path("file/below.txt"), hello), HasSubstr("Not a directory"));
 }
 
-TEST_F(WholeFileTest, saysThatTheDiskIsFullAndLeavesTheOlderFile)
+TEST_F(AtomicFileTest, saysThatTheDiskIsFullAndLeavesTheOlderFile)
 {
     write("a.txt", "older");
     fillTheDiskFor("a.txt");
-    EXPECT_THAT(writeWhole(path("a.txt"), hello), HasSubstr("No space left on device"));
+    EXPECT_THAT(writeAtomically(path("a.txt"), hello), HasSubstr("No space left on device"));
     EXPECT_EQ(contentOf(path("a.txt")), "older");
     EXPECT_EQ(filesThere(), 1u) << "nothing unfinished is left";
 }
 
-TEST_F(WholeFileTest, leavesTheOlderFileWhereTheWriterGivesUp)
+TEST_F(AtomicFileTest, leavesTheOlderFileWhereTheWriterGivesUp)
 {
     write("a.txt", "older");
-    EXPECT_NE(writeWhole(path("a.txt"), [](std::ostream&) { return false; }), "");
+    EXPECT_NE(writeAtomically(path("a.txt"), [](std::ostream&) { return false; }), "");
     EXPECT_EQ(contentOf(path("a.txt")), "older");
     EXPECT_EQ(filesThere(), 1u);
 }
 
-TEST_F(WholeFileTest, refusesAFolderAsItsGoal)
+TEST_F(AtomicFileTest, refusesAFolderAsItsGoal)
 {
     std::filesystem::create_directories(m_folder / "taken" / "full");
-    EXPECT_THAT(writeWhole(path("taken"), hello), HasSubstr("cannot be written"));
+    EXPECT_THAT(writeAtomically(path("taken"), hello), HasSubstr("cannot be written"));
     EXPECT_EQ(filesThere(), 1u);
 }
 
-TEST_F(WholeFileTest, writesDevicesAsTheyAre)
+TEST_F(AtomicFileTest, writesDevicesAsTheyAre)
 {
     std::filesystem::create_symlink("/dev/null", m_folder / "null");
-    EXPECT_EQ(writeWhole(path("null"), hello), "");
+    EXPECT_EQ(writeAtomically(path("null"), hello), "");
     EXPECT_TRUE(std::filesystem::is_character_file(m_folder / "null")) << "not replaced";
     std::filesystem::create_symlink("/dev/full", m_folder / "full");
-    EXPECT_THAT(writeWhole(path("full"), hello), HasSubstr("No space left on device"));
+    EXPECT_THAT(writeAtomically(path("full"), hello), HasSubstr("No space left on device"));
     EXPECT_TRUE(std::filesystem::is_character_file(m_folder / "full"));
 }
 
-TEST_F(WholeFileTest, isNotThereUntilItIsComplete)
+TEST_F(AtomicFileTest, isNotThereUntilItIsComplete)
 {
-    WholeFile whole(path("new/folder/a.txt"));
+    AtomicFile whole(path("new/folder/a.txt"));
     ASSERT_EQ(whole.begin(), "");
     EXPECT_FALSE(std::filesystem::exists(path("new/folder/a.txt")));
     EXPECT_TRUE(std::filesystem::exists(whole.temporary()));
@@ -69,10 +69,10 @@ TEST_F(WholeFileTest, isNotThereUntilItIsComplete)
     EXPECT_FALSE(std::filesystem::exists(whole.temporary()));
 }
 
-TEST_F(WholeFileTest, replacesAnOlderFile)
+TEST_F(AtomicFileTest, replacesAnOlderFile)
 {
     write("a.txt", "older");
-    EXPECT_EQ(writeWhole(path("a.txt"), hello), "");
+    EXPECT_EQ(writeAtomically(path("a.txt"), hello), "");
     EXPECT_EQ(contentOf(path("a.txt")), "hello\n");
 }
 

@@ -1,11 +1,11 @@
-#include "apps/kivplayer/output/moments.h"
+#include "apps/kivplayer/output/outputtimes.h"
 
 #include <algorithm>
 #include <cmath>
 
 namespace KivPlayer {
 
-Moments momentsOf(const Options& options, double duration)
+OutputTimes outputTimes(const Options& options, double duration)
 {
     const double from = options.range ? options.range->first : 0.0;
     const double to = options.range ? std::min(options.range->second, duration) : duration;
@@ -14,7 +14,7 @@ Moments momentsOf(const Options& options, double duration)
     return {from, options.fps, static_cast<unsigned long long>(std::max(1.0, pictures))};
 }
 
-double momentOf(const Options& options, const std::map<unsigned, LoadedActor>& actors)
+double stillTime(const Options& options, const std::map<unsigned, LoadedActor>& actors)
 {
     if (options.time)
         return *options.time;

@@ -1,4 +1,4 @@
-#include "apps/kivplayer/session/avatartrial.h"
+#include "apps/kivplayer/session/avatarprobe.h"
 
 #include <gtest/gtest.h>
 
@@ -17,39 +17,39 @@ namespace {
 using namespace KivPlayer;
 using namespace KivTestSupport;
 
-class AvatarTrial : public testing::Test
+class AvatarProbe : public testing::Test
 {
 protected:
-    AvatarTrial() : m_content("trial")
+    AvatarProbe() : m_content("trial")
     {
         m_content.copyFont();
         m_content.writeAvatar(*smallAvatar());
         m_whole = readWholeFile(m_content.avatarFile());
     }
 
-    std::string problem() const { return avatarTrialProblem(m_content.root(), 1, KIV_PLAYER); }
+    std::string problem() const { return avatarProbeProblem(m_content.root(), 1, KIV_PLAYER); }
 
     ContentFolder m_content;
     std::string m_whole;
 };
 
-TEST_F(AvatarTrial, aRootWithoutAnAvatarIsNoMatterOfTheTrial)
+TEST_F(AvatarProbe, aRootWithoutAnAvatarIsNoMatterOfTheTrial)
 {
-    EXPECT_EQ(avatarTrialProblem(m_content.root() + "/nowhere", 1, KIV_PLAYER), "");
+    EXPECT_EQ(avatarProbeProblem(m_content.root() + "/nowhere", 1, KIV_PLAYER), "");
 }
 
-TEST_F(AvatarTrial, aRefusedAvatarIsNoMatterOfTheTrial)
+TEST_F(AvatarProbe, aRefusedAvatarIsNoMatterOfTheTrial)
 {
     m_content.writeAvatarBytes("this is no avatar");
     EXPECT_EQ(problem(), "");
 }
 
-TEST_F(AvatarTrial, aSoundAvatarPasses)
+TEST_F(AvatarProbe, aSoundAvatarPasses)
 {
     EXPECT_EQ(problem(), "");
 }
 
-TEST_F(AvatarTrial, aDamagedAvatarEndsTheTrialAndNotTheProgram)
+TEST_F(AvatarProbe, aDamagedAvatarEndsTheTrialAndNotTheProgram)
 {
     int ended = 0;
     for (unsigned int seed = 1; seed <= 40; ++seed) {
@@ -68,10 +68,10 @@ TEST_F(AvatarTrial, aDamagedAvatarEndsTheTrialAndNotTheProgram)
     EXPECT_GT(ended, 0);
 }
 
-TEST_F(AvatarTrial, aSessionSaysWhichAvatarIsDamagedAndDoesNotLoadIt)
+TEST_F(AvatarProbe, aSessionSaysWhichAvatarIsDamagedAndDoesNotLoadIt)
 {
     std::ostringstream said;
-    Console console(said, Console::Loudness::Normal);
+    Console console(said, Console::Verbosity::Normal);
     Session session(console);
     Options options;
     options.root = m_content.root();

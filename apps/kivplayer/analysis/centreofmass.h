@@ -16,17 +16,17 @@ namespace KivPlayer {
 ///
 /// Knows a skeleton by its joints' names (without qualifier); joints that are missing leave their segment
 /// out, and the masses of the others make the whole.
-class BodyMotion
+class CentreOfMass
 {
 public:
-    explicit BodyMotion(const std::vector<std::string>& joints);
+    explicit CentreOfMass(const std::vector<std::string>& joints);
 
     /// A trunk and both thighs at least: less says nothing about a body.
-    bool hasCentreOfMass() const { return m_complete; }
+    bool isKnown() const { return m_complete; }
 
     /// @param positions one for every joint, in any frame and unit.
-    /// @return in the same frame and unit; nothing where hasCentreOfMass() is false.
-    std::optional<osg::Vec3d> centreOfMass(const std::vector<osg::Vec3d>& positions) const;
+    /// @return in the same frame and unit; nothing where isKnown() is false.
+    std::optional<osg::Vec3d> of(const std::vector<osg::Vec3d>& positions) const;
 
 private:
     /// A segment between two points, each the mean of up to two joints.

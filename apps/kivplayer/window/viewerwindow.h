@@ -7,8 +7,8 @@
 
 #include <vector>
 
-#include "apps/kivplayer/window/orbitcamera.h"
 #include "apps/kivplayer/window/state/keytable.h"
+#include "apps/kivplayer/window/state/orbitcamera.h"
 
 namespace KivPlayer {
 

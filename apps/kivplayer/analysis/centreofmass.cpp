@@ -1,4 +1,4 @@
-#include "apps/kivplayer/analysis/bodymotion.h"
+#include "apps/kivplayer/analysis/centreofmass.h"
 
 #include <algorithm>
 #include <initializer_list>
@@ -60,7 +60,7 @@ private:
 
 }  // namespace
 
-BodyMotion::BodyMotion(const std::vector<std::string>& joints)
+CentreOfMass::CentreOfMass(const std::vector<std::string>& joints)
 {
     const Joints known(joints);
     const auto add = [this](std::size_t from, std::size_t to, const Part& part) {
@@ -91,7 +91,7 @@ BodyMotion::BodyMotion(const std::vector<std::string>& joints)
     m_complete = neck && leftHip && rightHip && thighs == 2;
 }
 
-std::optional<osg::Vec3d> BodyMotion::centreOfMass(const std::vector<osg::Vec3d>& positions) const
+std::optional<osg::Vec3d> CentreOfMass::of(const std::vector<osg::Vec3d>& positions) const
 {
     if (!m_complete)
         return std::nullopt;

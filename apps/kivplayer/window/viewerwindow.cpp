@@ -1,4 +1,4 @@
-#include "apps/kivplayer/window/platform/viewerwindow.h"
+#include "apps/kivplayer/window/viewerwindow.h"
 
 #include <osgViewer/GraphicsWindow>
 

@@ -12,13 +12,13 @@ namespace KivPlayer {
 /// A file that is there whole or not at all: written as NAME.part beside its goal and renamed once it is
 /// complete; what is not put in place is removed, also when the program is interrupted. Missing folders are
 /// made. Devices and pipes are written as they are.
-class WholeFile
+class AtomicFile
 {
 public:
-    explicit WholeFile(const std::string& goal);
-    ~WholeFile();
-    WholeFile(const WholeFile&) = delete;
-    WholeFile& operator=(const WholeFile&) = delete;
+    explicit AtomicFile(const std::string& goal);
+    ~AtomicFile();
+    AtomicFile(const AtomicFile&) = delete;
+    AtomicFile& operator=(const AtomicFile&) = delete;
 
     /// Where to write.
     const std::string& temporary() const { return m_temporary; }
@@ -38,6 +38,6 @@ private:
 
 /// Writes a whole file at once. Writing answers whether it went well.
 /// @return what went wrong; empty on success.
-std::string writeWhole(const std::string& file, const std::function<bool(std::ostream&)>& writing);
+std::string writeAtomically(const std::string& file, const std::function<bool(std::ostream&)>& writing);
 
 }  // namespace KivPlayer

@@ -1,4 +1,4 @@
-#include "apps/kivplayer/window/orbitcamera.h"
+#include "apps/kivplayer/window/state/orbitcamera.h"
 
 #include <osg/Math>
 

@@ -8,7 +8,7 @@
 namespace KivPlayer {
 
 /// The times of a sequence or a video, evenly spaced; seconds.
-struct Moments
+struct OutputTimes
 {
     double from = 0.0;
     double fps = 30.0;
@@ -18,10 +18,10 @@ struct Moments
 };
 
 /// The part of a motion of that length that the options ask for.
-Moments momentsOf(const Options& options, double duration);
+OutputTimes outputTimes(const Options& options, double duration);
 
 /// The one moment that the options ask for; frames are those of the first actor, wherever its offset puts
 /// them. Below 0 where a frame lies before the clock begins.
-double momentOf(const Options& options, const std::map<unsigned, LoadedActor>& actors);
+double stillTime(const Options& options, const std::map<unsigned, LoadedActor>& actors);
 
 }  // namespace KivPlayer

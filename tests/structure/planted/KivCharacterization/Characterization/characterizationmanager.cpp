@@ -1,0 +1,2 @@
+#include "KivCharacterization/Characterization/modelloading.h"
+#include "host/KivReader/readerwriterbvh.h"

@@ -1,0 +1,2 @@
+#include "KivCharacterization/Characterization/characterbvh.h"
+#include "KivCharacterization/naming.h"

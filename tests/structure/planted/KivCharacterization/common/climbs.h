@@ -1,0 +1,2 @@
+#include "KivCharacterization/Characterization/jointnaming.h"
+#include "KivCharacterization/common/actorinfo.h"

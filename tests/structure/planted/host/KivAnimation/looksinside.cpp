@@ -1,0 +1,2 @@
+#include "host/KivAnimation/poser.h"
+#include "host/KivReader/figure/motionfigure.h"

@@ -1,0 +1,1 @@
+// found below include/: no inside of the module

@@ -1,0 +1,2 @@
+#include "KivReader/motiondocument.h"
+#include "host/KivReader/syntax/textcursor.h"
