@@ -45,8 +45,8 @@ Rewriting withFramesTurned(const KivReader::MotionDocument& document, const std:
 std::vector<osg::Quat> anyTurns(const KivReader::MotionDocument& document, unsigned seed);
 /// Turns for that: the pose of this frame is the one with all channels 0.
 std::vector<osg::Quat> turnsToFrame(const KivReader::MotionDocument& document, std::size_t frame);
-/// Turns for that: what hangs first from a joint lies along +Y of it, as some editors write all bones.
-std::vector<osg::Quat> turnsAlongBones(const KivReader::MotionDocument& document);
+/// Turns for that: what hangs first from a joint lies along this axis of it, as some editors write all bones.
+std::vector<osg::Quat> turnsAlongBones(const KivReader::MotionDocument& document, const osg::Vec3d& axis);
 
 /// Three rows with the root far away, each elsewhere; for motions of twelve rows or more.
 Rewriting withRowsThrown(const KivReader::MotionDocument& document, double distance);

@@ -71,15 +71,14 @@ std::vector<osg::Quat> turnsToFrame(const MotionDocument& document, std::size_t 
     return inWorld;
 }
 
-std::vector<osg::Quat> turnsAlongBones(const MotionDocument& document)
+std::vector<osg::Quat> turnsAlongBones(const MotionDocument& document, const osg::Vec3d& axis)
 {
     std::vector<osg::Quat> turns(document.joints.size());
     for (std::size_t i = document.joints.size(); i-- > 1;) {
         const std::array<double, 3>& offset = document.joints[i].offset;
         osg::Vec3d along(offset[0], offset[1], offset[2]);
         if (along.normalize() > 0.0)  // the first child is met last
-            turns[static_cast<std::size_t>(document.joints[i].parent)] =
-                leastTurn(osg::Vec3d(0.0, 1.0, 0.0), along);
+            turns[static_cast<std::size_t>(document.joints[i].parent)] = leastTurn(axis, along);
     }
     return turns;
 }
