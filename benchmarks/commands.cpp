@@ -48,7 +48,7 @@ void load(benchmark::State& state, const std::string& text, bool first)
 osg::ref_ptr<osgText::Font> labelFont()
 {
     KivCharacterization::FontTable fonts;
-    if (!KivCharacterization::LoadLabelFont(KIV_RUNTIME_ROOT "/Data/Font/arial.ttf", fonts))
+    if (!KivCharacterization::loadLabelFont(KIV_RUNTIME_ROOT "/Data/Font/arial.ttf", fonts))
         throw std::runtime_error("the label font cannot be read");
     return fonts.begin()->second;
 }
@@ -64,7 +64,7 @@ double makeAtLeast(const KivCharacterization::CommonTypeDef::SIveInfo& avatar, o
     const double making = secondsOf([&] {
         skeleton = plainBones(readMinimal(hierarchy()));
         tables = SkeletonTables(*skeleton);
-        label = KivCharacterization::MakeNameLabel(font, "Actor 7");
+        label = KivCharacterization::makeNameLabel(font, "Actor 7");
     });
     const PiecePlaces places = findPlaces(tables.joints, avatar);
     if (places.size() != pieces || tables.segments.size() < tables.joints.size())

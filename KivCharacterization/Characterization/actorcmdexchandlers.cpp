@@ -80,7 +80,7 @@ bool CmdRequireActorCountExcHandler::execute()
     for (const std::string& key : m_vecRemovedKeys) {
         m_pActors->erase(key);
     }
-    UpdateLabelVisibility(*m_pActors);
+    updateLabelVisibility(*m_pActors);
     return true;
 }
 
@@ -119,7 +119,7 @@ bool ChangeStickContactColorCmdExcHandler::execute()
 {
     for (const auto& [key, actor] : *m_pActors) {
         if (actor.animation) {
-            actor.animation->ChangeJointContactColor(m_strJointName, ContactColour(m_color));
+            actor.animation->ChangeJointContactColor(m_strJointName, contactColour(m_color));
         }
     }
     return true;

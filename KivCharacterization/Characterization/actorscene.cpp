@@ -6,7 +6,6 @@
 #include <osg/Shape>
 #include <osg/ShapeDrawable>
 #include <osg/StateSet>
-#include <osg/observer_ptr>
 
 #include "KivCharacterization/Characterization/ownmaterial.h"
 
@@ -17,46 +16,17 @@ namespace {
 constexpr float kMarkerRadius = 10.0f;
 constexpr float kGroundDiscHeight = 0.5f;
 
-/// The marker of any actor that there is, else a new one: building a sphere is a fifth of loading an actor.
-/// Called by commands alone, so by one thread at a time.
-template <typename MakeShape>
-osg::ref_ptr<osg::ShapeDrawable> sharedShape(osg::observer_ptr<osg::ShapeDrawable>& built,
-                                             const MakeShape& makeShape)
-{
-    osg::ref_ptr<osg::ShapeDrawable> drawable;
-    if (!built.lock(drawable)) {
-        const osg::ref_ptr<osg::Shape> shape = makeShape();
-        drawable = new osg::ShapeDrawable(shape.get());
-        drawable->getBound();  // or the frames of several actors would compute it
-        built = drawable.get();
-    }
-    return drawable;
-}
-
-osg::ref_ptr<osg::ShapeDrawable> centreSphere()
-{
-    static osg::observer_ptr<osg::ShapeDrawable> s_opBuilt;
-    return sharedShape(s_opBuilt, [] { return new osg::Sphere(osg::Vec3(), kMarkerRadius); });
-}
-
-osg::ref_ptr<osg::ShapeDrawable> groundDisc()
-{
-    static osg::observer_ptr<osg::ShapeDrawable> s_opBuilt;
-    return sharedShape(s_opBuilt,
-                       [] { return new osg::Cylinder(osg::Vec3(), kMarkerRadius, kGroundDiscHeight); });
-}
-
-osg::ref_ptr<osg::MatrixTransform> makeMarker(const osg::ref_ptr<osg::ShapeDrawable>& drawable)
+osg::ref_ptr<osg::MatrixTransform> makeMarker(osg::Shape* shape)
 {
     osg::ref_ptr<osg::MatrixTransform> marker = new osg::MatrixTransform;
-    marker->addChild(drawable.get());
+    marker->addChild(new osg::ShapeDrawable(shape));
     return marker;
 }
 
 void makeTranslucent(osg::Node& marker)
 {
     osg::StateSet* stateSet = marker.getOrCreateStateSet();
-    const osg::ref_ptr<osg::Material> material = OwnMaterial(*stateSet);
+    const osg::ref_ptr<osg::Material> material = ownMaterial(*stateSet);
     stateSet->setMode(GL_BLEND, osg::StateAttribute::ON);
     material->setTransparency(osg::Material::FRONT_AND_BACK, 0.8f);
     stateSet->setAttributeAndModes(material.get(), osg::StateAttribute::ON);
@@ -68,7 +38,7 @@ void makeTranslucent(osg::Node& marker)
 
 }  // namespace
 
-osg::ref_ptr<osg::Switch> MakeSkeletonSwitch(osg::Node& skeleton)
+osg::ref_ptr<osg::Switch> makeSkeletonSwitch(osg::Node& skeleton)
 {
     osg::ref_ptr<osg::Switch> skeletonSwitch = new osg::Switch;
     skeletonSwitch->addChild(&skeleton);
@@ -76,11 +46,12 @@ osg::ref_ptr<osg::Switch> MakeSkeletonSwitch(osg::Node& skeleton)
     return skeletonSwitch;
 }
 
-osg::ref_ptr<osg::Switch> MakeCentreOfMassSwitch()
+osg::ref_ptr<osg::Switch> makeCentreOfMassSwitch()
 {
     osg::ref_ptr<osg::Switch> markers = new osg::Switch;
-    const osg::ref_ptr<osg::MatrixTransform> marker = makeMarker(centreSphere());
-    const osg::ref_ptr<osg::MatrixTransform> ground = makeMarker(groundDisc());
+    const osg::ref_ptr<osg::MatrixTransform> marker = makeMarker(new osg::Sphere(osg::Vec3(), kMarkerRadius));
+    const osg::ref_ptr<osg::MatrixTransform> ground =
+        makeMarker(new osg::Cylinder(osg::Vec3(), kMarkerRadius, kGroundDiscHeight));
     markers->addChild(marker.get());
     markers->addChild(ground.get());
     makeTranslucent(*marker);
@@ -89,14 +60,14 @@ osg::ref_ptr<osg::Switch> MakeCentreOfMassSwitch()
     return markers;
 }
 
-osg::ref_ptr<osg::Switch> MakeContactSwitch()
+osg::ref_ptr<osg::Switch> makeContactSwitch()
 {
     osg::ref_ptr<osg::Switch> contacts = new osg::Switch;
     contacts->setAllChildrenOff();
     return contacts;
 }
 
-void SetSkeletonState(osg::Node& skeleton)
+void setSkeletonState(osg::Node& skeleton)
 {
     osg::StateSet* stateSet = skeleton.getOrCreateStateSet();
     osg::ref_ptr<osg::LightModel> lightModel = new osg::LightModel;

@@ -72,7 +72,7 @@ osg::ref_ptr<osg::MatrixTransform> makeContactSphere()
 void paint(osg::Drawable& drawable, const osg::Vec4f& color)
 {
     osg::StateSet* stateSet = drawable.getOrCreateStateSet();
-    const osg::ref_ptr<osg::Material> material = OwnMaterial(*stateSet);
+    const osg::ref_ptr<osg::Material> material = ownMaterial(*stateSet);
     material->setDiffuse(osg::Material::FRONT_AND_BACK, color);
     material->setAmbient(osg::Material::FRONT_AND_BACK, color);
     stateSet->setAttributeAndModes(material, osg::StateAttribute::ON);
@@ -131,7 +131,10 @@ void ActorNameUpdateCallback::follow()
 }
 
 GravityUpdateCallback::GravityUpdateCallback(osg::Switch* markerSwitch, const std::string& actorId)
-    : m_strActorId(actorId), m_opMarkerSwitch(markerSwitch), m_spBuffer(new float[kGravityFloats]())
+    : m_strActorId(actorId),
+      m_opMarkerSwitch(markerSwitch),
+      m_spBuffer(new float[kGravityFloats]()),
+      m_pBuffer(m_spBuffer.get())
 {}
 
 void GravityUpdateCallback::operator()(osg::Node* node, osg::NodeVisitor* visitor)
@@ -149,11 +152,9 @@ void GravityUpdateCallback::operator()(osg::Node* node, osg::NodeVisitor* visito
 
 void GravityUpdateCallback::follow(osg::Switch& markers)
 {
-    // The store is given a pointer of its own: one that it redirects cannot be freed in place of the buffer.
-    float* buffer = m_spBuffer.get();
     int tag = 0;
     unsigned long long count = 0;
-    if (!ActorFrameManager::Ins()->ReadActorGravity(actorNumber(m_strActorId), &buffer, tag, count)) {
+    if (!ActorFrameManager::Ins()->ReadActorGravity(actorNumber(m_strActorId), &m_pBuffer, tag, count)) {
         hide(markers, 0);
         return;
     }
@@ -168,8 +169,8 @@ void GravityUpdateCallback::follow(osg::Switch& markers)
         hide(markers, 0);
         return;
     }
-    marker->setMatrix(osg::Matrixd::translate(buffer[0], -buffer[2], buffer[1]));
-    ground->setMatrix(osg::Matrixd::translate(buffer[0], -buffer[2], 0.0));
+    marker->setMatrix(osg::Matrixd::translate(m_pBuffer[0], -m_pBuffer[2], m_pBuffer[1]));
+    ground->setMatrix(osg::Matrixd::translate(m_pBuffer[0], -m_pBuffer[2], 0.0));
     show(markers, 0);
 }
 
@@ -177,6 +178,7 @@ StickContactUpdateCallback::StickContactUpdateCallback(osg::Switch* contactSwitc
     : m_strActorId(actorId),
       m_opContactSwitch(contactSwitch),
       m_spBuffer(new KivCommonDef::KIV_STICKCONTACT[kContactRecords]()),
+      m_pBuffer(m_spBuffer.get()),
       m_noContactColor(0.0f, 0.0f, 1.0f, 1.0f),
       m_contactColor(1.0f, 0.0f, 0.0f, 1.0f)
 {}
@@ -192,12 +194,11 @@ void StickContactUpdateCallback::operator()(osg::Node* node, osg::NodeVisitor* v
 
 void StickContactUpdateCallback::follow(osg::Switch& spheres)
 {
-    KivCommonDef::KIV_STICKCONTACT* buffer = m_spBuffer.get();
     int tag = 0;
     unsigned long long count = 0;
     // Visibility is read at the second sphere, also for hiding: a single sphere is never hidden by a failed
     // read.
-    if (!ActorFrameManager::Ins()->ReadActorStickContact(actorNumber(m_strActorId), &buffer, tag, count)) {
+    if (!ActorFrameManager::Ins()->ReadActorStickContact(actorNumber(m_strActorId), &m_pBuffer, tag, count)) {
         hide(spheres, 1);
         return;
     }
@@ -206,7 +207,7 @@ void StickContactUpdateCallback::follow(osg::Switch& spheres)
         static_cast<unsigned int>(std::min<unsigned long long>(count, kContactRecords));
     for (unsigned int i = 0; i < readable; ++i) {
         if (auto* sphere = dynamic_cast<osg::MatrixTransform*>(spheres.getChild(i))) {
-            place(*sphere, buffer[i]);
+            place(*sphere, m_pBuffer[i]);
         }
     }
     show(spheres, 1);

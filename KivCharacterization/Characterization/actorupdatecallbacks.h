@@ -52,6 +52,7 @@ private:
     std::string m_strActorId;
     osg::observer_ptr<osg::Switch> m_opMarkerSwitch;
     std::unique_ptr<float[]> m_spBuffer;
+    float* m_pBuffer;  ///< the frame store gets its address, and may point it elsewhere
 };
 
 /// Shows a sphere for every contact point that the frame store has, red where it touches and blue
@@ -71,6 +72,8 @@ private:
     std::string m_strActorId;
     osg::observer_ptr<osg::Switch> m_opContactSwitch;
     std::unique_ptr<KivCommonDef::KIV_STICKCONTACT[]> m_spBuffer;
+    KivCommonDef::KIV_STICKCONTACT*
+        m_pBuffer;  ///< the frame store gets its address, and may point it elsewhere
     osg::Vec4f m_noContactColor;
     osg::Vec4f m_contactColor;
 };

@@ -25,7 +25,7 @@ namespace {
 
 /// Short memory is a refusal like any other; only what the fitting throws belongs to the caller.
 template <typename Step>
-bool Succeeds(const Step& step)
+bool succeeds(const Step& step)
 {
     try {
         return step();
@@ -52,16 +52,23 @@ bool BVHBuildHierarchyFromStringCmdExcHandler::prepare()
 {
     KivRenderStateManager::instance()->setCharacterizationState(
         KivCharacterizationCommonDef::CharacterizationBuilding);
-    return Succeeds([this] { return build(); }) && dress() && Succeeds([this] { return complete(); });
+    if (!succeeds([this] { return build(); }) || !dress()) {
+        return false;
+    }
+    if (!succeeds([this] { return complete(); })) {
+        m_opNewRoot = nullptr;  // what is not whole is not to be taken in
+        return false;
+    }
+    return true;
 }
 
 bool BVHBuildHierarchyFromStringCmdExcHandler::execute()
 {
-    const bool swapped = Succeeds([this] {
+    const bool swapped = succeeds([this] {
         if (!swapIn()) {
             return false;
         }
-        UpdateLabelVisibility(*m_pActors);
+        updateLabelVisibility(*m_pActors);
         return true;
     });
     if (!swapped) {
@@ -114,19 +121,14 @@ bool BVHBuildHierarchyFromStringCmdExcHandler::complete()
     const SActorInfo& actor = (*m_pActors)[m_strBuiltId];
     osg::ref_ptr<osg::Group> oldRoot;
     if (m_opOldRoot.lock(oldRoot)) {
-        TakeOverRootJointMatrix(*oldRoot, *actor.root);
+        takeOverRootJointMatrix(*oldRoot, *actor.root);
     }
-    SetSkeletonState(*m_opSkeleton);
-    for (const auto& [joint, color] : KivRenderStateManager::instance()->getBVHContactColor()) {
-        actor.animation->ChangeJointContactColor(joint, ContactColour(color));
-    }
-    // With room for a parent in the root, the scene either takes it in whole or stays as it is.
-    const osg::ref_ptr<osg::Group> parent = new osg::Group;
-    parent->addChild(actor.root.get());
-    parent->removeChild(actor.root.get());
-    // The root last: where it is set, there is a whole actor to take in.
-    m_opNewAnimation = actor.animation.get();
+    setSkeletonState(*m_opSkeleton);
     m_opNewRoot = actor.root.get();
+    m_opNewAnimation = actor.animation.get();
+    for (const auto& [joint, color] : KivRenderStateManager::instance()->getBVHContactColor()) {
+        actor.animation->ChangeJointContactColor(joint, contactColour(color));
+    }
     return true;
 }
 
@@ -145,9 +147,9 @@ void BVHBuildHierarchyFromStringCmdExcHandler::buildScene(const std::string& id,
                                                           KivAnimation::Animation& animation)
 {
     osg::ref_ptr<osg::Group> root = new osg::Group;
-    const osg::ref_ptr<osg::Switch> skeletonSwitch = MakeSkeletonSwitch(skeleton);
-    const osg::ref_ptr<osg::Switch> centreOfMass = MakeCentreOfMassSwitch();
-    const osg::ref_ptr<osg::Switch> contacts = MakeContactSwitch();
+    const osg::ref_ptr<osg::Switch> skeletonSwitch = makeSkeletonSwitch(skeleton);
+    const osg::ref_ptr<osg::Switch> centreOfMass = makeCentreOfMassSwitch();
+    const osg::ref_ptr<osg::Switch> contacts = makeContactSwitch();
     root->addChild(skeletonSwitch.get());
     root->addChild(centreOfMass.get());
     root->addChild(contacts.get());
@@ -163,8 +165,8 @@ void BVHBuildHierarchyFromStringCmdExcHandler::buildScene(const std::string& id,
 
     SNameLabel label;
     if (!m_pFonts->empty() && m_pFonts->begin()->second) {
-        label = MakeNameLabel(*m_pFonts->begin()->second, m_strActorName);
-        AttachNameLabel(label, skeleton, *skeletonSwitch);
+        label = makeNameLabel(*m_pFonts->begin()->second, m_strActorName);
+        attachNameLabel(label, skeleton, *skeletonSwitch);
         (*m_pActors)[id].hasLabel = true;
         label.labelSwitch->setAllChildrenOff();
         label.labelSwitch->setNodeMask(kOverlayMask);

@@ -90,7 +90,7 @@ bool CharacterizationManager::loadIveFile(const std::string& path)
         return true;
     }
     osg::ref_ptr<osg::Node> node;
-    if (!ReadAvatar(path, node)) {
+    if (!readAvatar(path, node)) {
         return false;
     }
     // A model that cannot be analysed stays, and counts as loaded from then on.
@@ -101,12 +101,12 @@ bool CharacterizationManager::loadIveFile(const std::string& path)
 
 bool CharacterizationManager::loadFontFile(const std::string& path)
 {
-    return LoadLabelFont(path, m_mapFonts);
+    return loadLabelFont(path, m_mapFonts);
 }
 
 bool CharacterizationManager::AnalysisIve(osg::Node* model, CommonTypeDef::SIveInfo& info)
 {
-    return AnalyseAvatar(model, info);
+    return analyseAvatar(model, info);
 }
 
 bool CharacterizationManager::EnableCharacterizaion()
@@ -152,7 +152,7 @@ bool CharacterizationManager::ResetCharacterizationManager(TaskCommand* cmd)
 
 bool CharacterizationManager::ClearOrRemoveActor(TaskCommand* cmd, size_t count, unsigned int actorId)
 {
-    cmd->setCmdExcImp(new CmdRequireActorCountExcHandler(&m_mapActors, count, ActorKey(actorId)));
+    cmd->setCmdExcImp(new CmdRequireActorCountExcHandler(&m_mapActors, count, actorKey(actorId)));
     return true;
 }
 
@@ -179,14 +179,14 @@ bool CharacterizationManager::createLoadBVHCommand(const std::string& hierarchy,
     // The text ends at its first NUL: readers of the other side see C strings.
     cmd->setCmdExcImp(new BVHBuildHierarchyFromStringCmdExcHandler(&m_mapIveInfo, &m_mapActors, &m_mapFonts,
                                                                    std::string(hierarchy.c_str()),
-                                                                   ActorKey(actorIndex), actorName));
+                                                                   actorKey(actorIndex), actorName));
     return true;
 }
 
 bool CharacterizationManager::createChangeActorNameCommand(unsigned int actorId, const std::string& newName,
                                                            TaskCommand* cmd)
 {
-    cmd->setCmdExcImp(new ChangeActorNameExcHandler(&m_mapActors, &m_mapFonts, ActorKey(actorId), newName));
+    cmd->setCmdExcImp(new ChangeActorNameExcHandler(&m_mapActors, &m_mapFonts, actorKey(actorId), newName));
     return true;
 }
 
@@ -201,14 +201,14 @@ bool CharacterizationManager::ChangeActorStactColorCommand(const std::string& jo
 bool CharacterizationManager::SetPropsGemoetryMat(TaskCommand* cmd, int actorIndex, const std::string& name,
                                                   const double* matrix)
 {
-    cmd->setCmdExcImp(new PropsGemoetryMatCmdExcHandler(&m_mapActors, name, ActorKey(actorIndex), matrix));
+    cmd->setCmdExcImp(new PropsGemoetryMatCmdExcHandler(&m_mapActors, name, actorKey(actorIndex), matrix));
     return true;
 }
 
 bool CharacterizationManager::ShowPropsDragger(TaskCommand* cmd, int actorIndex, const std::string& name,
                                                bool show)
 {
-    cmd->setCmdExcImp(new PropsModifyCmdExcHandler(&m_mapActors, name, ActorKey(actorIndex),
+    cmd->setCmdExcImp(new PropsModifyCmdExcHandler(&m_mapActors, name, actorKey(actorIndex),
                                                    PropsModifyKind::PropsDragger, show));
     return true;
 }
@@ -216,7 +216,7 @@ bool CharacterizationManager::ShowPropsDragger(TaskCommand* cmd, int actorIndex,
 bool CharacterizationManager::ShowContactPointDragger(TaskCommand* cmd, int actorIndex,
                                                       const std::string& name, bool show)
 {
-    cmd->setCmdExcImp(new PropsModifyCmdExcHandler(&m_mapActors, name, ActorKey(actorIndex),
+    cmd->setCmdExcImp(new PropsModifyCmdExcHandler(&m_mapActors, name, actorKey(actorIndex),
                                                    PropsModifyKind::ContactPointDragger, show));
     return true;
 }

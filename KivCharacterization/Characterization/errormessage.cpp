@@ -4,15 +4,15 @@
 
 namespace KivCharacterization {
 
-std::string FormatErrorMessage(const std::string& source, int line, const std::string& message)
+std::string formatErrorMessage(const std::string& source, int line, const std::string& message)
 {
     return "File Name: " + source + "\t Line Number: " + std::to_string(line) + "\"" + message + "\"";
 }
 
-void ReportError(const std::string& source, int line, const std::string& message)
+void reportError(const std::string& source, int line, const std::string& message)
 {
     KivErrorOperator::SErrorMsg error;
-    error.message = FormatErrorMessage(source, line, message);
+    error.message = formatErrorMessage(source, line, message);
     KivErrorOperator::TavrinCommonErrorMsg::instance()->SetLastErrorMsg(error);
 }
 

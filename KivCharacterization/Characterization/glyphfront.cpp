@@ -78,7 +78,7 @@ void dropUnusedVertices(osgText::GlyphGeometry& glyph)
 
 }  // namespace
 
-bool KeepFrontOnly(osgText::GlyphGeometry& glyph)
+bool keepFrontOnly(osgText::GlyphGeometry& glyph)
 {
     if (glyph.getBackPrimitiveSetList().empty() && glyph.getWallPrimitiveSetList().empty()) {
         return false;

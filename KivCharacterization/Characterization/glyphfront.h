@@ -8,6 +8,6 @@ namespace KivCharacterization {
 /// the two would speckle, and the walls have no height. A font keeps one shape for all texts of a style, and
 /// every text copies its vertices, nine tenths of which are those of back and walls.
 /// @return whether there was anything to take away.
-bool KeepFrontOnly(osgText::GlyphGeometry& glyph);
+bool keepFrontOnly(osgText::GlyphGeometry& glyph);
 
 }  // namespace KivCharacterization

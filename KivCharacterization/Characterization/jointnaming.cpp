@@ -59,19 +59,14 @@ osg::MatrixTransform* SpecialJointTable::find(const std::string& name)
     return m_mapEntries[name].get();
 }
 
-SpecialJointTable::Entry* SpecialJointTable::entry(const std::string& name)
-{
-    const auto found = m_mapEntries.find(name);
-    return found != m_mapEntries.end() ? &*found : nullptr;
-}
-
 bool SpecialJointTable::record(const std::string& name, osg::MatrixTransform* transform)
 {
-    Entry* const known = entry(name);
-    if (known) {
-        known->second = transform;
+    const auto entry = m_mapEntries.find(name);
+    if (entry == m_mapEntries.end()) {
+        return false;
     }
-    return known != nullptr;
+    entry->second = transform;
+    return true;
 }
 
 }  // namespace KivCharacterization

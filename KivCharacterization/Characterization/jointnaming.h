@@ -35,15 +35,11 @@ class SpecialJointTable
 {
 public:
     using Entries = std::map<std::string, osg::observer_ptr<osg::MatrixTransform>>;
-    using Entry = Entries::value_type;
 
     static SpecialJointTable& instance();
 
     /// Never fails: a name that is missing is entered with null.
     osg::MatrixTransform* find(const std::string& name);
-
-    /// @return null for a name that the table has not; an entry stays where it is.
-    Entry* entry(const std::string& name);
 
     /// Replaces the transform of a name that the table has; other names are not entered.
     /// @return whether the table has the name.

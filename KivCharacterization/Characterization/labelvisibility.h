@@ -6,6 +6,6 @@ namespace KivCharacterization {
 
 /// Names are for telling actors apart: with two actors or more every name shows, a lone actor shows none.
 /// Actors without a label are skipped.
-void UpdateLabelVisibility(const ActorTable& actors);
+void updateLabelVisibility(const ActorTable& actors);
 
 }  // namespace KivCharacterization

@@ -14,23 +14,23 @@ const char* const kSource = "KivCharacterization\\Characterization\\characteriza
 
 }  // namespace
 
-bool ReadAvatar(const std::string& path, osg::ref_ptr<osg::Node>& node)
+bool readAvatar(const std::string& path, osg::ref_ptr<osg::Node>& node)
 {
     const ReaderWriterIVE reader;
     osgDB::ReaderWriter::ReadResult result = reader.readNode(path, nullptr);
     if (!result.success()) {
-        ReportError(kSource, 122, "can not successfully load the ive file!");
+        reportError(kSource, 122, "can not successfully load the ive file!");
         return false;
     }
     node = result.getNode();
     return true;
 }
 
-bool AnalyseAvatar(osg::Node* model, CommonTypeDef::SIveInfo& info)
+bool analyseAvatar(osg::Node* model, CommonTypeDef::SIveInfo& info)
 {
     auto* group = dynamic_cast<osg::Group*>(model);
     if (!group) {
-        ReportError(kSource, 161, "can not successfully analysis the ive file!");
+        reportError(kSource, 161, "can not successfully analysis the ive file!");
         return false;
     }
     osg::ref_ptr<CIveSkeletonNodeVisitor> joints =
@@ -43,7 +43,7 @@ bool AnalyseAvatar(osg::Node* model, CommonTypeDef::SIveInfo& info)
     return true;
 }
 
-bool LoadLabelFont(const std::string& path, FontTable& fonts)
+bool loadLabelFont(const std::string& path, FontTable& fonts)
 {
     if (!fonts.empty()) {
         return true;

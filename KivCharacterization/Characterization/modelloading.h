@@ -12,15 +12,15 @@ namespace KivCharacterization {
 /// Reads an avatar's file.
 /// @param node receives the model; null where the file holds something else than a node.
 /// @return false for a file that cannot be loaded; the error sink says so.
-bool ReadAvatar(const std::string& path, osg::ref_ptr<osg::Node>& node);
+bool readAvatar(const std::string& path, osg::ref_ptr<osg::Node>& node);
 
 /// Collects the joints and segments of an avatar model.
 /// @return false for a model whose root is no group; the error sink says so.
-bool AnalyseAvatar(osg::Node* model, CommonTypeDef::SIveInfo& info);
+bool analyseAvatar(osg::Node* model, CommonTypeDef::SIveInfo& info);
 
 /// Loads the label font, once: a table that holds anything counts as loaded. A file that holds something
 /// else than a font leaves a null entry.
 /// @return false for a file that cannot be loaded; nothing is reported.
-bool LoadLabelFont(const std::string& path, FontTable& fonts);
+bool loadLabelFont(const std::string& path, FontTable& fonts);
 
 }  // namespace KivCharacterization

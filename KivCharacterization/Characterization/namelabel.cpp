@@ -23,8 +23,8 @@ osg::ref_ptr<osgText::Text3D> makeText(osgText::Font& font, const std::string& n
     text->setDrawMode(osgText::TextBase::TEXT);
     text->setAxisAlignment(osgText::TextBase::XZ_PLANE);
     text->setAlignment(osgText::TextBase::CENTER_CENTER);
-    text->setText(name, osgText::String::ENCODING_UTF8);
     text->setColor(osg::Vec4(1.0f, 1.0f, 1.0f, 1.0f));
+    text->setText(name, osgText::String::ENCODING_UTF8);
     text->setAutoRotateToScreen(true);
     text->setCharacterSizeMode(osgText::TextBase::SCREEN_COORDS);
     return text;
@@ -46,7 +46,7 @@ osg::Node* findHead(osg::Node& node)
 
 }  // namespace
 
-SNameLabel MakeNameLabel(osgText::Font& font, const std::string& name)
+SNameLabel makeNameLabel(osgText::Font& font, const std::string& name)
 {
     SNameLabel label;
     label.text = makeText(font, name);
@@ -60,7 +60,7 @@ SNameLabel MakeNameLabel(osgText::Font& font, const std::string& name)
     return label;
 }
 
-void AttachNameLabel(const SNameLabel& label, osg::Node& skeleton, osg::Switch& skeletonSwitch)
+void attachNameLabel(const SNameLabel& label, osg::Node& skeleton, osg::Switch& skeletonSwitch)
 {
     osg::Node* anchor = findHead(skeleton);
     if (!anchor) {

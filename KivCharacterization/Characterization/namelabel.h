@@ -18,10 +18,10 @@ struct SNameLabel
 };
 
 /// @param name UTF-8.
-SNameLabel MakeNameLabel(osgText::Font& font, const std::string& name);
+SNameLabel makeNameLabel(osgText::Font& font, const std::string& name);
 
 /// Hangs a label beside the head, and makes it follow: the head is the first node under the skeleton, in
 /// pre-order, whose name contains "Head"; without one it is the skeleton switch.
-void AttachNameLabel(const SNameLabel& label, osg::Node& skeleton, osg::Switch& skeletonSwitch);
+void attachNameLabel(const SNameLabel& label, osg::Node& skeleton, osg::Switch& skeletonSwitch);
 
 }  // namespace KivCharacterization

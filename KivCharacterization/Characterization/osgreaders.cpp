@@ -56,7 +56,7 @@ ReadResult ReaderWriterIVE::readNode(const std::string& path,
         }
         ReadResult result = plugin.readNode(path, options);
         if (result.success() && result.getNode()) {
-            const std::string defect = SceneDefect(*result.getNode());
+            const std::string defect = sceneDefect(*result.getNode());
             if (!defect.empty()) {
                 return failure(path, defect);
             }

@@ -11,7 +11,7 @@ namespace KivCharacterization {
 /// plugin becomes an error result. Paths are taken as they are.
 
 /// OpenSceneGraph's binary scenes. Refuses a file that is empty or larger than a gigabyte, and a scene that
-/// drawing or copying could not survive (see SceneDefect).
+/// drawing or copying could not survive (see sceneDefect).
 class ReaderWriterIVE
 {
 public:

@@ -6,7 +6,7 @@
 namespace KivCharacterization {
 
 /// The material that a state set has, or a new one that is yet to be set.
-inline osg::ref_ptr<osg::Material> OwnMaterial(osg::StateSet& stateSet)
+inline osg::ref_ptr<osg::Material> ownMaterial(osg::StateSet& stateSet)
 {
     osg::ref_ptr<osg::Material> material =
         dynamic_cast<osg::Material*>(stateSet.getAttribute(osg::StateAttribute::MATERIAL));

@@ -45,7 +45,7 @@ KivAnimation::UpdateBone* findUpdateBone(osg::Node& root)
 
 }  // namespace
 
-void TakeOverRootJointMatrix(osg::Node& oldRoot, osg::Node& newRoot)
+void takeOverRootJointMatrix(osg::Node& oldRoot, osg::Node& newRoot)
 {
     const KivAnimation::UpdateBone* oldUpdate = findUpdateBone(oldRoot);
     KivAnimation::UpdateBone* newUpdate = findUpdateBone(newRoot);

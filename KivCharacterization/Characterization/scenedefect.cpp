@@ -181,7 +181,7 @@ private:
 
 }  // namespace
 
-std::string SceneDefect(osg::Node& scene)
+std::string sceneDefect(osg::Node& scene)
 {
     osg::ref_ptr<CSceneDefectVisitor> visitor = new CSceneDefectVisitor;
     scene.accept(*visitor);

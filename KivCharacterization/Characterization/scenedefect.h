@@ -10,6 +10,6 @@ namespace KivCharacterization {
 /// whole picture: matrices or vertices that are not finite or overflow, indices outside their vertex array,
 /// arrays of the wrong length, nodes nested too deeply or in a circle.
 /// @return what is wrong, as text; empty for a sound scene.
-std::string SceneDefect(osg::Node& scene);
+std::string sceneDefect(osg::Node& scene);
 
 }  // namespace KivCharacterization

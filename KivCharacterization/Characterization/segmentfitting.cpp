@@ -32,7 +32,7 @@ float hipWidth(SegmentMap& segments)
 
 }  // namespace
 
-void AlignToSegment(osg::Matrixd& matrix, const BvhSegment& skeleton, const IveSegment& avatar)
+void alignToSegment(osg::Matrixd& matrix, const BvhSegment& skeleton, const IveSegment& avatar)
 {
     const osg::Vec3f& offset = avatar.offset;
     const osg::Vec3f from(zeroIfSmall(offset.x()), zeroIfSmall(-offset.z()), zeroIfSmall(offset.y()));
@@ -41,20 +41,20 @@ void AlignToSegment(osg::Matrixd& matrix, const BvhSegment& skeleton, const IveS
     matrix = matrix * osg::Matrixd::rotate(turn);
 }
 
-void StretchToSegment(osg::Matrixd& matrix, const BvhSegment& skeleton, const IveSegment& avatar)
+void stretchToSegment(osg::Matrixd& matrix, const BvhSegment& skeleton, const IveSegment& avatar)
 {
     const float ratio = skeleton.length / avatar.length;
     matrix.postMultScale(osg::Vec3d(ratio, ratio, ratio));
     matrix.postMultTranslate(osg::Vec3d(skeleton.offset) * kMiddle);
 }
 
-float HipRatio(BvhSegmentMap& skeleton, IveSegmentMap& avatar)
+float hipRatio(BvhSegmentMap& skeleton, IveSegmentMap& avatar)
 {
     const float skeletonWidth = hipWidth(skeleton);
     return skeletonWidth / hipWidth(avatar);
 }
 
-float HandRatio(BvhSegmentMap& skeleton, IveSegmentMap& avatar)
+float handRatio(BvhSegmentMap& skeleton, IveSegmentMap& avatar)
 {
     const float skeletonLength = length(skeleton[kHandSegment].offset);
     return skeletonLength / length(avatar[kHandSegment].offset);

@@ -3,81 +3,42 @@
 #include <osg/MatrixTransform>
 
 #include <cmath>
-#include <iterator>
-#include <string_view>
-#include <typeinfo>
-#include <utility>
 
 #include "KivAnimation/bone.h"
 #include "KivCharacterization/naming.h"
 
 namespace KivCharacterization {
 
-namespace {
-
-/// Most nodes of a motion skeleton are bones and nothing beyond, which is told without a search through the
-/// classes above.
-KivAnimation::Bone* asBone(osg::Node& node)
-{
-    return typeid(node) == typeid(KivAnimation::Bone) ? static_cast<KivAnimation::Bone*>(&node)
-                                                      : dynamic_cast<KivAnimation::Bone*>(&node);
-}
-
-/// Adds or overwrites an entry. The names on the way down a skeleton are often neighbours in the table: the
-/// place is looked for behind the last entry before it is searched for.
-template <typename Map, typename Key>
-void enter(Map& map, typename Map::const_iterator& next, Key&& key, const typename Map::mapped_type& value)
-{
-    const auto entry = map.emplace_hint(next, std::forward<Key>(key), value);
-    entry->second = value;
-    next = std::next(entry);
-}
-
-}  // namespace
-
 CBvhSkeletonNodeVisitor::CBvhSkeletonNodeVisitor(BvhJointMap* joints)
-    : osg::NodeVisitor(TRAVERSE_ALL_CHILDREN), m_pJoints(joints), m_next(joints->end())
+    : osg::NodeVisitor(TRAVERSE_ALL_CHILDREN), m_pJoints(joints)
 {}
 
 void CBvhSkeletonNodeVisitor::apply(osg::Node& node)
 {
-    collect(node);
+    if (auto* bone = dynamic_cast<KivAnimation::Bone*>(&node)) {
+        (*m_pJoints)[NormaliseJointName(bone->getName())] = bone;
+    }
     traverse(node);
 }
 
-void CBvhSkeletonNodeVisitor::collect(osg::Node& node)
-{
-    if (KivAnimation::Bone* bone = asBone(node)) {
-        enter(*m_pJoints, m_next, withoutQualifier(bone->getName()), bone);
-    }
-}
-
 CBVhCalBoneLenNodeVisitor::CBVhCalBoneLenNodeVisitor(BvhSegmentMap* segments)
-    : osg::NodeVisitor(TRAVERSE_ALL_CHILDREN), m_pSegments(segments), m_next(segments->end())
+    : osg::NodeVisitor(TRAVERSE_ALL_CHILDREN), m_pSegments(segments)
 {}
 
 void CBVhCalBoneLenNodeVisitor::apply(osg::Node& node)
 {
-    collect(node);
-    traverse(node);
-}
-
-void CBVhCalBoneLenNodeVisitor::collect(osg::Node& node)
-{
-    KivAnimation::Bone* bone = asBone(node);
-    if (!bone) {
-        return;
-    }
-    const std::string_view parentName = withoutQualifier(bone->getName());
-    for (unsigned int i = 0; i < bone->getNumChildren(); ++i) {
-        const KivAnimation::Bone* child = asBone(*bone->getChild(i));
+    auto* bone = dynamic_cast<KivAnimation::Bone*>(&node);
+    for (unsigned int i = 0; bone && i < bone->getNumChildren(); ++i) {
+        const auto* child = dynamic_cast<const KivAnimation::Bone*>(bone->getChild(i));
         if (!child) {
             continue;
         }
         const osg::Vec3f offset(child->getInitialMatrix().getTrans());
-        enter(*m_pSegments, m_next, SegmentKey(parentName, withoutQualifier(child->getName())),
-              BvhSegment{offset, std::sqrt(offset * offset)});
+        const std::string key =
+            SegmentKey(withoutQualifier(bone->getName()), withoutQualifier(child->getName()));
+        (*m_pSegments)[key] = {offset, std::sqrt(offset * offset)};
     }
+    traverse(node);
 }
 
 CIveSkeletonNodeVisitor::CIveSkeletonNodeVisitor(IveJointMap* joints, SkeletonExtra* extra)

@@ -17,12 +17,9 @@ public:
     explicit CBvhSkeletonNodeVisitor(BvhJointMap* joints);
     void apply(osg::Node& node) override;
     using osg::NodeVisitor::apply;
-    /// The part of apply() that does not go on to what is below the node.
-    void collect(osg::Node& node);
 
 private:
     BvhJointMap* m_pJoints;
-    BvhJointMap::const_iterator m_next;
 };
 
 /// Motion skeleton: the segments between bones and the bones directly below them, at rest.
@@ -32,12 +29,9 @@ public:
     explicit CBVhCalBoneLenNodeVisitor(BvhSegmentMap* segments);
     void apply(osg::Node& node) override;
     using osg::NodeVisitor::apply;
-    /// The part of apply() that does not go on to what is below the node.
-    void collect(osg::Node& node);
 
 private:
     BvhSegmentMap* m_pSegments;
-    BvhSegmentMap::const_iterator m_next;
 };
 
 /// Avatar: skeleton nodes with their pieces. A transform whose name begins with the piece prefix is no

@@ -1,8 +1,8 @@
 #include "benchmarks/support/leastdress.h"
 
+#include <osg/CopyOp>
+
 #include "KivAnimation/bone.h"
-#include "KivCharacterization/Characterization/piececopy.h"
-#include "KivCharacterization/Characterization/piecetransform.h"
 #include "KivCharacterization/Characterization/skeletonvisitors.h"
 
 namespace KivBenchmark {
@@ -33,12 +33,11 @@ PiecePlaces findPlaces(const KivCharacterization::BvhJointMap& joints,
 
 void hangCopies(const PiecePlaces& places)
 {
-    const KivCharacterization::PieceCopy copy;
     for (const auto& [joint, piece] : places) {
-        const osg::ref_ptr<KivCharacterization::PieceTransform> wrapper =
-            new KivCharacterization::PieceTransform;
-        auto* holder = new KivCharacterization::PieceTransform(*wrapper, osg::Matrixd());
-        holder->addChild(copy(static_cast<const osg::Node*>(piece)));
+        const osg::ref_ptr<osg::MatrixTransform> wrapper = new osg::MatrixTransform;
+        osg::ref_ptr<osg::MatrixTransform> holder = new osg::MatrixTransform;
+        holder->addChild(static_cast<osg::Node*>(piece->clone(osg::CopyOp::DEEP_COPY_ALL)));
+        wrapper->addChild(holder);
         joint->addChild(wrapper);
     }
 }

@@ -94,7 +94,7 @@ SIveInfo analysed(osg::Node* model)
 {
     SIveInfo info;
     info.node = model;
-    if (!KivCharacterization::AnalyseAvatar(model, info))
+    if (!KivCharacterization::analyseAvatar(model, info))
         throw std::runtime_error("the avatar cannot be analysed");
     return info;
 }
@@ -127,7 +127,7 @@ SIveInfo meshAvatar(unsigned triangles, std::size_t pieces)
 SIveInfo shippedAvatar()
 {
     osg::ref_ptr<osg::Node> model;
-    if (!KivCharacterization::ReadAvatar(KIV_RUNTIME_ROOT "/Data/IVE/avatar.ive", model))
+    if (!KivCharacterization::readAvatar(KIV_RUNTIME_ROOT "/Data/IVE/avatar.ive", model))
         throw std::runtime_error("the shipped avatar cannot be read");
     return analysed(model);
 }

@@ -33,8 +33,8 @@ public:
         m_avatar = smallAvatar();
         KivCharacterization::CommonTypeDef::SIveInfo& info = access.avatars["small"];
         info.node = m_avatar.get();
-        KIV_EXPECT(KivCharacterization::AnalyseAvatar(m_avatar.get(), info));
-        KIV_EXPECT(KivCharacterization::LoadLabelFont(KIV_FUZZ_FONT, access.fonts));
+        KIV_EXPECT(KivCharacterization::analyseAvatar(m_avatar.get(), info));
+        KIV_EXPECT(KivCharacterization::loadLabelFont(KIV_FUZZ_FONT, access.fonts));
     }
 
     static KivCharacterization::CharacterizationManager& manager()
@@ -75,7 +75,7 @@ public:
 private:
     osg::ref_ptr<osg::Group> m_avatar;
     /// Actors share their markers' shapes with any that there are: kept, they are built once for a run.
-    osg::ref_ptr<osg::Switch> m_markers = KivCharacterization::MakeCentreOfMassSwitch();
+    osg::ref_ptr<osg::Switch> m_markers = KivCharacterization::makeCentreOfMassSwitch();
 };
 
 }  // namespace KivTestSupport

@@ -23,7 +23,7 @@ protected:
         avatars["small"] = analysed(smallAvatar().get());
         KivCharacterization::ActorTable actors;
         KivCharacterization::FontTable fonts;
-        ASSERT_TRUE(KivCharacterization::LoadLabelFont(std::string(KIV_RUNTIME_ROOT) + "/Data/Font/arial.ttf",
+        ASSERT_TRUE(KivCharacterization::loadLabelFont(std::string(KIV_RUNTIME_ROOT) + "/Data/Font/arial.ttf",
                                                        fonts));
         KivTaskCommand::TaskCommand command;
         command.setCmdExcImp(new KivCharacterization::BVHBuildHierarchyFromStringCmdExcHandler(

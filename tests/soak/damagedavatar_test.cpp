@@ -149,7 +149,7 @@ private:
         const osg::ref_ptr<SceneAudit> audit = new SceneAudit;
         model->accept(*audit);
         KivCharacterization::CommonTypeDef::SIveInfo info;
-        KivCharacterization::AnalyseAvatar(model.get(), info);
+        KivCharacterization::analyseAvatar(model.get(), info);
         return audit->sound ? LoadedAndSound : LoadedUnsound;
     }
 

@@ -59,14 +59,14 @@ private:
     Outcome labelInChild() const
     {
         FontTable fonts;
-        if (!LoadLabelFont(m_content.fontFile().string(), fonts)) {
+        if (!loadLabelFont(m_content.fontFile().string(), fonts)) {
             return Refused;
         }
         osgText::Font* font = fonts.begin()->second.get();
         if (!font) {
             return LoadedAndSound;
         }
-        const SNameLabel label = MakeNameLabel(*font, "Actor 7, Zo\xC3\xAB");
+        const SNameLabel label = makeNameLabel(*font, "Actor 7, Zo\xC3\xAB");
         const osg::BoundingBox& box = label.text->getBoundingBox();
         const bool finite = !box.valid() || (std::isfinite(box.radius()) && box.center().valid());
         return finite ? LoadedAndSound : LoadedUnsound;

@@ -54,7 +54,7 @@ KivCharacterization::CommonTypeDef::SIveInfo analysed(osg::Group* avatar)
 {
     KivCharacterization::CommonTypeDef::SIveInfo info;
     info.node = avatar;
-    KivCharacterization::AnalyseAvatar(avatar, info);
+    KivCharacterization::analyseAvatar(avatar, info);
     return info;
 }
 

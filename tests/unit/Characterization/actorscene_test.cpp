@@ -23,7 +23,7 @@ protected:
         return drawable ? dynamic_cast<const Shape*>(drawable->getShape()) : nullptr;
     }
 
-    osg::ref_ptr<osg::Switch> markers = MakeCentreOfMassSwitch();
+    osg::ref_ptr<osg::Switch> markers = makeCentreOfMassSwitch();
 };
 
 TEST_F(CentreOfMassMarkers, areASphereAndADiscOnTheGroundAndNotShown)
@@ -64,24 +64,31 @@ TEST_F(CentreOfMassMarkers, areDarkRedAndTranslucent)
     }
 }
 
-TEST_F(CentreOfMassMarkers, ofTwoActorsMoveByThemselves)
+TEST_F(CentreOfMassMarkers, ofTwoActorsShareNothingThatCouldBeMovedOrPainted)
 {
-    const osg::ref_ptr<osg::Switch> others = MakeCentreOfMassSwitch();
+    const osg::ref_ptr<osg::Switch> others = makeCentreOfMassSwitch();
     for (unsigned int child = 0; child < 2; ++child) {
-        EXPECT_NE(markers->getChild(child), others->getChild(child));
-        EXPECT_NE(markers->getChild(child)->getStateSet(), others->getChild(child)->getStateSet());
+        osg::Node* own = markers->getChild(child);
+        osg::Node* other = others->getChild(child);
+        EXPECT_NE(own, other);
+        EXPECT_NE(own->getStateSet(), other->getStateSet());
+        osg::Node* ownShape = own->asGroup()->getChild(0);
+        EXPECT_NE(ownShape, other->asGroup()->getChild(0));
+        EXPECT_EQ(ownShape->getNumParents(), 1u);
+        ownShape->getOrCreateStateSet()->setMode(GL_LIGHTING, osg::StateAttribute::OFF);
+        EXPECT_EQ(other->asGroup()->getChild(0)->getStateSet(), nullptr);
     }
 }
 
 TEST(ContactSpheres, areNoneAtFirst)
 {
-    EXPECT_EQ(MakeContactSwitch()->getNumChildren(), 0u);
+    EXPECT_EQ(makeContactSwitch()->getNumChildren(), 0u);
 }
 
 TEST(SkeletonSwitch, holdsTheSkeletonAndHidesIt)
 {
     const osg::ref_ptr<osg::Group> skeleton = new osg::Group;
-    const osg::ref_ptr<osg::Switch> made = MakeSkeletonSwitch(*skeleton);
+    const osg::ref_ptr<osg::Switch> made = makeSkeletonSwitch(*skeleton);
     ASSERT_EQ(made->getNumChildren(), 1u);
     EXPECT_EQ(made->getChild(0), skeleton.get());
     EXPECT_FALSE(made->getValue(0));
@@ -90,7 +97,7 @@ TEST(SkeletonSwitch, holdsTheSkeletonAndHidesIt)
 TEST(SkeletonState, lightsBothSidesAndLetsNobodyCullTheBack)
 {
     const osg::ref_ptr<osg::Group> skeleton = new osg::Group;
-    SetSkeletonState(*skeleton);
+    setSkeletonState(*skeleton);
     const osg::StateSet* state = skeleton->getStateSet();
     const auto* light =
         dynamic_cast<const osg::LightModel*>(state->getAttribute(osg::StateAttribute::LIGHTMODEL));

@@ -60,7 +60,7 @@ protected:
     void SetUp() override
     {
         FreshHost::SetUp();
-        markers = MakeCentreOfMassSwitch();
+        markers = makeCentreOfMassSwitch();
         markers->addUpdateCallback(new GravityUpdateCallback(markers.get(), "3"));
         setState(KivCharacterizationCommonDef::CharacterizationReady);
         KivRenderStateManager::instance()->setCenterOfMassShow(true);
@@ -230,7 +230,7 @@ protected:
     void SetUp() override
     {
         FreshHost::SetUp();
-        spheres = MakeContactSwitch();
+        spheres = makeContactSwitch();
         spheres->addUpdateCallback(new StickContactUpdateCallback(spheres.get(), "3"));
         setState(KivCharacterizationCommonDef::CharacterizationReady);
     }

@@ -32,7 +32,7 @@ protected:
     {
         FreshHost::SetUp();
         avatars["avatar"] = analysed(smallAvatar().get());
-        ASSERT_TRUE(LoadLabelFont(std::string(KIV_RUNTIME_ROOT) + "/Data/Font/arial.ttf", fonts));
+        ASSERT_TRUE(loadLabelFont(std::string(KIV_RUNTIME_ROOT) + "/Data/Font/arial.ttf", fonts));
     }
 
     std::unique_ptr<TaskCommand> command(const std::string& bvh, const std::string& id,
@@ -127,6 +127,32 @@ TEST_F(LoadingAnActor, goesThroughBuildingToReady)
     EXPECT_EQ(scene()->getNumChildren(), 1u);
     EXPECT_TRUE(loading->cmdExcImp()->finish());
     EXPECT_EQ(state(), 2);
+}
+
+/// How many parents all nodes of a scene have together.
+class ParentCount : public osg::NodeVisitor
+{
+public:
+    explicit ParentCount(osg::Node& scene) : osg::NodeVisitor(TRAVERSE_ALL_CHILDREN)
+    {
+        setNodeMaskOverride(~0u);
+        scene.accept(*this);
+    }
+    void apply(osg::Node& node) override
+    {
+        parents += node.getNumParents();
+        traverse(node);
+    }
+    unsigned int parents = 0;
+};
+
+TEST_F(LoadingAnActor, leavesWhatIsInTheSceneAloneUntilExecute)
+{
+    ASSERT_TRUE(load(smallFigureBvh(), "7"));
+    const unsigned int before = ParentCount(*scene()).parents;
+    auto loading = command(smallFigureBvh(), "8", "Eight");
+    ASSERT_TRUE(loading->cmdExcImp()->prepare());
+    EXPECT_EQ(ParentCount(*scene()).parents, before);
 }
 
 TEST_F(LoadingAnActor, answersFalseFromExecuteWithoutANewActor)

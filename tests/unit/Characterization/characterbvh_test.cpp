@@ -4,6 +4,8 @@
 #include <osg/Geode>
 
 #include <cmath>
+#include <stdexcept>
+#include <vector>
 
 #include "KivCharacterization/Characterization/jointnaming.h"
 #include "KivCharacterization/Characterization/kivpropsproertymanager.h"
@@ -183,25 +185,62 @@ TEST_F(Dressing, hangsAnUntaggedPieceWithTheAxisConversionOnly)
     EXPECT_EQ(piece.wrapper->getNumChildren(), 1u);
 }
 
-TEST_F(Dressing, sharesTheRescalingStateWithinAnActorAndNotBeyond)
+TEST_F(Dressing, givesEveryHolderAStateOfItsOwn)
 {
-    const auto neck = avatarNode("Neck");
     const auto head = avatarNode("Head");
-    neck->addChild(avatarPiece("Joint:Neck$"));
-    neck->addChild(head);
     head->addChild(avatarPiece("Joint:Head$"));
-    avatarRoot->addChild(neck);
-    const auto stateOf = [this](const char* actor) {
-        const auto neckBone = bone("7#Neck");
-        const auto headBone = bone("7#Head");
-        neckBone->addChild(headBone);
-        EXPECT_EQ(dress(skeletonOf(neckBone.get()).get()), 1u);
-        const osg::ref_ptr<osg::StateSet> state = findPiece(*neckBone, "Joint:Neck$").holder->getStateSet();
-        EXPECT_EQ(state, findPiece(*headBone, "Joint:Head$").holder->getStateSet()) << actor;
-        return state;
-    };
-    const osg::ref_ptr<osg::StateSet> ofOne = stateOf("one actor");
-    EXPECT_NE(ofOne, stateOf("another actor"));
+    head->addChild(avatarPiece("Joint:Head#1$"));
+    avatarRoot->addChild(head);
+    const auto headBone = bone("7#Head");
+    ASSERT_EQ(dress(skeletonOf(headBone.get()).get()), 1u);
+    const osg::StateSet* ofOne = findPiece(*headBone, "Joint:Head$").holder->getStateSet();
+    const osg::StateSet* ofOther = findPiece(*headBone, "Joint:Head#1$").holder->getStateSet();
+    ASSERT_TRUE(ofOne && ofOther);
+    EXPECT_NE(ofOne, ofOther);
+}
+
+/// A piece whose copying fails.
+class UncopyablePiece : public osg::MatrixTransform
+{
+public:
+    explicit UncopyablePiece(const std::string& name) { setName(name); }
+    osg::Object* clone(const osg::CopyOp&) const override { throw std::runtime_error("no copy"); }
+};
+
+TEST_F(Dressing, leavesNothingHalfMadeWhereAPieceCannotBeCopied)
+{
+    const auto arm = avatarNode("Arm");
+    arm->addChild(avatarPiece("Joint:Arm$"));
+    arm->addChild(new UncopyablePiece("Joint:Arm#1$"));
+    avatarRoot->addChild(arm);
+    const auto hand = avatarNode("Hand");
+    hand->addChild(avatarPiece("Joint:Hand$"));
+    avatarRoot->addChild(hand);
+    const auto armBone = bone("7#Arm");
+    const auto handBone = bone("7#Hand");
+    armBone->addChild(handBone);
+    EXPECT_THROW(dress(skeletonOf(armBone.get()).get()), std::runtime_error);
+    // What was made before is whole; of what comes after there is nothing.
+    ASSERT_EQ(armBone->getNumChildren(), 2u);
+    EXPECT_TRUE(findPiece(*armBone, "Joint:Arm$").copy);
+    EXPECT_EQ(handBone->getNumChildren(), 0u);
+}
+
+TEST_F(Dressing, hangsThePiecesOfAJointInTheOrderOfTheAvatar)
+{
+    const auto head = avatarNode("Head");
+    const std::vector<std::string> names = {"Joint:Head#2$", "Joint:Head$", "Joint:Head#1$"};
+    for (const std::string& name : names) {
+        head->addChild(avatarPiece(name));
+    }
+    avatarRoot->addChild(head);
+    const auto headBone = bone("7#Head");
+    ASSERT_EQ(dress(skeletonOf(headBone.get()).get()), 1u);
+    ASSERT_EQ(headBone->getNumChildren(), 3u);
+    for (unsigned int i = 0; i < 3; ++i) {
+        const osg::Group* holder = headBone->getChild(i)->asGroup()->getChild(0)->asGroup();
+        EXPECT_EQ(holder->getChild(0)->getName(), names[i]);
+    }
 }
 
 TEST_F(Dressing, copiesPiecesAllTheWayDown)

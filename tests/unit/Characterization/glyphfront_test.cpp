@@ -55,7 +55,7 @@ TEST(AGlyphsFront, isAllThatIsKept)
     glyph->getBackPrimitiveSetList().push_back(triangles({0, 1, 3}));
     glyph->getWallPrimitiveSetList().push_back(triangles({0, 2, 1}));
 
-    EXPECT_TRUE(KeepFrontOnly(*glyph));
+    EXPECT_TRUE(keepFrontOnly(*glyph));
 
     EXPECT_TRUE(glyph->getBackPrimitiveSetList().empty());
     EXPECT_TRUE(glyph->getWallPrimitiveSetList().empty());
@@ -73,7 +73,7 @@ TEST(AGlyphsFront, isLeftAloneOnceItIsAllThereIs)
 {
     const auto glyph = sixVertices();
     glyph->getFrontPrimitiveSetList().push_back(triangles({4, 2, 5}));
-    EXPECT_FALSE(KeepFrontOnly(*glyph));
+    EXPECT_FALSE(keepFrontOnly(*glyph));
     EXPECT_EQ(glyph->getVertexArray()->size(), 6u);
 }
 
@@ -82,7 +82,7 @@ TEST(AGlyphsFront, keepsItsVerticesWhereTheyAreDrawnInTheirOrder)
     const auto glyph = sixVertices();
     glyph->getFrontPrimitiveSetList().push_back(new osg::DrawArrays(GL_TRIANGLES, 3, 3));
     glyph->getBackPrimitiveSetList().push_back(triangles({0, 1, 2}));
-    EXPECT_TRUE(KeepFrontOnly(*glyph));
+    EXPECT_TRUE(keepFrontOnly(*glyph));
     EXPECT_TRUE(glyph->getBackPrimitiveSetList().empty());
     EXPECT_EQ(glyph->getVertexArray()->size(), 6u);
 }
@@ -91,7 +91,7 @@ TEST(AGlyphsFront, mayBeOfAGlyphWithoutVertices)
 {
     const osg::ref_ptr<osgText::GlyphGeometry> glyph = new osgText::GlyphGeometry;
     glyph->getWallPrimitiveSetList().push_back(triangles({}));
-    EXPECT_TRUE(KeepFrontOnly(*glyph));
+    EXPECT_TRUE(keepFrontOnly(*glyph));
     EXPECT_FALSE(glyph->getVertexArray());
 }
 
@@ -101,7 +101,7 @@ TEST(AGlyphsFront, keepsItsVerticesWhereThereAreNoNormals)
     glyph->setNormalArray(nullptr);
     glyph->getFrontPrimitiveSetList().push_back(triangles({4, 2, 5}));
     glyph->getWallPrimitiveSetList().push_back(triangles({0, 2, 1}));
-    EXPECT_TRUE(KeepFrontOnly(*glyph));
+    EXPECT_TRUE(keepFrontOnly(*glyph));
     EXPECT_EQ(glyph->getVertexArray()->size(), 6u);
 }
 
@@ -125,7 +125,7 @@ float area(const osgText::Text3D& text)
 osg::ref_ptr<osgText::Font> labelFont()
 {
     FontTable fonts;
-    if (!LoadLabelFont(std::string(KIV_RUNTIME_ROOT) + "/Data/Font/arial.ttf", fonts)) {
+    if (!loadLabelFont(std::string(KIV_RUNTIME_ROOT) + "/Data/Font/arial.ttf", fonts)) {
         throw std::runtime_error("no font");
     }
     return fonts.begin()->second;
@@ -138,7 +138,7 @@ class ALabel : public KivTestSupport::FreshHost
 TEST_F(ALabel, showsTheFrontsOfItsGlyphsWholeAndNothingElse)
 {
     const std::string name = "Ann 8";
-    const SNameLabel label = MakeNameLabel(*labelFont(), name);
+    const SNameLabel label = makeNameLabel(*labelFont(), name);
     osg::ref_ptr<osgText::Text3D> whole = new osgText::Text3D;
     whole->setFont(labelFont());
     whole->setStyle(label.text->getStyle());
@@ -152,15 +152,15 @@ TEST_F(ALabel, showsTheFrontsOfItsGlyphsWholeAndNothingElse)
 TEST_F(ALabel, isTheSameWhetherTheFontHasShownItsGlyphsBeforeOrNot)
 {
     const osg::ref_ptr<osgText::Font> font = labelFont();
-    const SNameLabel first = MakeNameLabel(*font, "Ann 8");
-    const SNameLabel second = MakeNameLabel(*font, "Ann 8");
+    const SNameLabel first = makeNameLabel(*font, "Ann 8");
+    const SNameLabel second = makeNameLabel(*font, "Ann 8");
     EXPECT_FLOAT_EQ(area(*first.text), area(*second.text));
     EXPECT_EQ(first.text->getBoundingBox()._max, second.text->getBoundingBox()._max);
 }
 
 TEST_F(ALabel, keepsToFrontsInACopyAndUnderAnotherName)
 {
-    const SNameLabel label = MakeNameLabel(*labelFont(), "Ann 8");
+    const SNameLabel label = makeNameLabel(*labelFont(), "Ann 8");
     const osg::ref_ptr<osg::Object> copy = label.text->clone(osg::CopyOp::SHALLOW_COPY);
     EXPECT_FLOAT_EQ(area(dynamic_cast<osgText::Text3D&>(*copy)), area(*label.text));
     const float before = area(*label.text);

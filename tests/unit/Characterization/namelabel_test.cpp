@@ -28,7 +28,7 @@ protected:
         return dynamic_cast<ActorNameUpdateCallback*>(anchor.getUpdateCallback()) != nullptr;
     }
 
-    void attach() { AttachNameLabel(label, *skeleton, *skeletonSwitch); }
+    void attach() { attachNameLabel(label, *skeleton, *skeletonSwitch); }
 
     SNameLabel label{new osg::Switch, new osg::MatrixTransform, new osgText::Text3D};
     osg::ref_ptr<osg::Group> root = new osg::Group;
@@ -80,7 +80,7 @@ TEST_F(LabelPlace, isNowhereBesideANodeWithoutParent)
 TEST(MadeNameLabel, isAWhiteTextInABillboard)
 {
     const osg::ref_ptr<osgText::Font> font = new osgText::Font;
-    const SNameLabel label = MakeNameLabel(*font, "Zo\xC3\xAB");
+    const SNameLabel label = makeNameLabel(*font, "Zo\xC3\xAB");
 
     ASSERT_EQ(label.labelSwitch->getNumChildren(), 1u);
     EXPECT_EQ(label.labelSwitch->getChild(0), label.transform.get());

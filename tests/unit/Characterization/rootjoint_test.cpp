@@ -11,7 +11,7 @@
 namespace {
 
 using KivAnimation::UpdateBone;
-using KivCharacterization::TakeOverRootJointMatrix;
+using KivCharacterization::takeOverRootJointMatrix;
 
 /// An actor's root above a chain of nodes, each the first child of the one before, the last of them animated.
 struct Actor
@@ -40,7 +40,7 @@ class RootJoint : public testing::Test
 protected:
     bool isTakenOver(const Actor& from, const Actor& to) const
     {
-        TakeOverRootJointMatrix(*from.root, *to.root);
+        takeOverRootJointMatrix(*from.root, *to.root);
         return to.update->getMatrix() == kOld;
     }
     bool isTakenOverBetween(const std::vector<std::string>& names) const

@@ -38,9 +38,9 @@ TEST_P(DamagedScenes, areNamedAsDefect)
     osg::ref_ptr<osg::MatrixTransform> transform = new osg::MatrixTransform;
     transform->setName("Hips");
     transform->addChild(triangle);
-    ASSERT_EQ(SceneDefect(*transform), "");
+    ASSERT_EQ(sceneDefect(*transform), "");
     GetParam().spoil(*triangle, *transform);
-    EXPECT_EQ(SceneDefect(*transform), GetParam().reason);
+    EXPECT_EQ(sceneDefect(*transform), GetParam().reason);
     transform->removeChildren(0, transform->getNumChildren());  // a circle would keep itself alive
 }
 
@@ -219,7 +219,7 @@ TEST_P(OddScenes, areSound)
 {
     const osg::ref_ptr<osg::MatrixTransform> hips = avatarNode("Hips");
     hips->addChild(GetParam().make());
-    EXPECT_EQ(SceneDefect(*hips), "");
+    EXPECT_EQ(sceneDefect(*hips), "");
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -269,7 +269,7 @@ TEST(DamagedMeshes, areNamedWhereverTheDamagedMeshStandsAmongSoundOnes)
         osg::ref_ptr<osg::Group> scene = new osg::Group;
         scene->addChild(damagedFirst ? damaged : sound);
         scene->addChild(damagedFirst ? sound : damaged);
-        EXPECT_EQ(SceneDefect(*scene), "a vertex is not finite");
+        EXPECT_EQ(sceneDefect(*scene), "a vertex is not finite");
     }
 }
 

@@ -27,7 +27,7 @@ IveSegment avatarSegment(const osg::Vec3f& offset)
 TEST(SegmentAlignment, turnsTheAvatarsDirectionOntoTheSkeletons)
 {
     osg::Matrixd matrix;
-    AlignToSegment(matrix, skeletonSegment({5, 0, 0}), avatarSegment({0, 3, 0}));
+    alignToSegment(matrix, skeletonSegment({5, 0, 0}), avatarSegment({0, 3, 0}));
     // The avatar's up is the scene's up.
     expectNear(osg::Vec3d(0, 0, 1) * matrix, osg::Vec3d(1, 0, 0));
 }
@@ -36,33 +36,33 @@ TEST(SegmentAlignment, takesComponentsUnderAThousandthAsZero)
 {
     osg::Matrixd nearly, exactly;
     const BvhSegment skeleton = skeletonSegment({1, 1, 0});
-    AlignToSegment(nearly, skeleton, avatarSegment({0.0005f, 2, 0}));
-    AlignToSegment(exactly, skeleton, avatarSegment({0, 2, 0}));
+    alignToSegment(nearly, skeleton, avatarSegment({0.0005f, 2, 0}));
+    alignToSegment(exactly, skeleton, avatarSegment({0, 2, 0}));
     EXPECT_EQ(nearly, exactly);
 
     osg::Matrixd above;
-    AlignToSegment(above, skeleton, avatarSegment({0.0011f, 2, 0}));
+    alignToSegment(above, skeleton, avatarSegment({0.0011f, 2, 0}));
     EXPECT_NE(above, exactly);
 }
 
 TEST(SegmentAlignment, keepsAComponentOfAThousandth)
 {
     osg::Matrixd matrix;
-    AlignToSegment(matrix, skeletonSegment({0, 0, 5}), avatarSegment({0.001f, 0, 0}));
+    alignToSegment(matrix, skeletonSegment({0, 0, 5}), avatarSegment({0.001f, 0, 0}));
     expectNear(osg::Vec3d(1, 0, 0) * matrix, osg::Vec3d(0, 0, 1));
 }
 
 TEST(SegmentAlignment, turnsHalfwayRoundWhereTheDirectionsAreOpposite)
 {
     osg::Matrixd matrix;
-    AlignToSegment(matrix, skeletonSegment({0, 0, -4}), avatarSegment({0, 4, 0}));
+    alignToSegment(matrix, skeletonSegment({0, 0, -4}), avatarSegment({0, 4, 0}));
     expectNear(osg::Vec3d(0, 0, 1) * matrix, osg::Vec3d(0, 0, -1));
 }
 
 TEST(SegmentStretch, scalesByTheLengthsAndMovesHalfTheSegment)
 {
     osg::Matrixd matrix;
-    StretchToSegment(matrix, skeletonSegment({0, 0, -6}), avatarSegment({0, 4, 0}));
+    stretchToSegment(matrix, skeletonSegment({0, 0, -6}), avatarSegment({0, 4, 0}));
     expectNear(osg::Vec3d(0, 0, 0) * matrix, osg::Vec3d(0, 0, -3));
     expectNear(osg::Vec3d(2, 0, 0) * matrix, osg::Vec3d(3, 0, -3));
 }
@@ -70,11 +70,11 @@ TEST(SegmentStretch, scalesByTheLengthsAndMovesHalfTheSegment)
 TEST(SegmentStretch, appliesAZeroLengthAsItIs)
 {
     osg::Matrixd flat;
-    StretchToSegment(flat, skeletonSegment({0, 0, 0}), avatarSegment({0, 4, 0}));
+    stretchToSegment(flat, skeletonSegment({0, 0, 0}), avatarSegment({0, 4, 0}));
     expectNear(osg::Vec3d(2, 3, 4) * flat, osg::Vec3d(0, 0, 0));
 
     osg::Matrixd infinite;
-    StretchToSegment(infinite, skeletonSegment({0, 0, 4}), avatarSegment({0, 0, 0}));
+    stretchToSegment(infinite, skeletonSegment({0, 0, 4}), avatarSegment({0, 0, 0}));
     EXPECT_FALSE(std::isfinite(infinite(0, 0)));
 }
 
@@ -84,18 +84,18 @@ TEST(HipRatioOf, twoFiguresIsTheQuotientOfTheirHipWidths)
                               {"Hips&RightUpLeg", skeletonSegment({-6, 1, -2})}};
     IveSegmentMap avatar = {{"Hips&LeftUpLeg", avatarSegment({9, -3, 0})},
                             {"Hips&RightUpLeg", avatarSegment({-9, -3, 0})}};
-    EXPECT_FLOAT_EQ(HipRatio(skeleton, avatar), 12.0f / 18.0f);
+    EXPECT_FLOAT_EQ(hipRatio(skeleton, avatar), 12.0f / 18.0f);
 }
 
 TEST(HipRatioOf, aFigureWithoutLegsTakesZeroOffsetsAndEntersThem)
 {
     BvhSegmentMap skeleton;
     IveSegmentMap avatar = {{"Hips&LeftUpLeg", avatarSegment({9, 0, 0})}};
-    EXPECT_FLOAT_EQ(HipRatio(skeleton, avatar), 0.0f);
+    EXPECT_FLOAT_EQ(hipRatio(skeleton, avatar), 0.0f);
     EXPECT_EQ(skeleton.size(), 2u);
     EXPECT_EQ(avatar.size(), 2u);
     IveSegmentMap legless;
-    EXPECT_TRUE(std::isnan(HipRatio(skeleton, legless)));
+    EXPECT_TRUE(std::isnan(hipRatio(skeleton, legless)));
 }
 
 TEST(HandRatioOf, twoFiguresIsTheQuotientOfTheirLeftRingMetacarpals)
@@ -104,7 +104,7 @@ TEST(HandRatioOf, twoFiguresIsTheQuotientOfTheirLeftRingMetacarpals)
     BvhSegmentMap skeleton = {{"LeftInHandRing&LeftHandRing1", {osg::Vec3f(3, 0, 4), 99.0f}},
                               {"RightInHandRing&RightHandRing1", skeletonSegment({7, 7, 7})}};
     IveSegmentMap avatar = {{"LeftInHandRing&LeftHandRing1", {42.0f, osg::Vec3f(0, 10, 0)}}};
-    EXPECT_FLOAT_EQ(HandRatio(skeleton, avatar), 0.5f);
+    EXPECT_FLOAT_EQ(handRatio(skeleton, avatar), 0.5f);
 }
 
 }  // namespace
