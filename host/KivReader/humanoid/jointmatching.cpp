@@ -85,8 +85,10 @@ public:
 private:
     void take(JointMatching& matching, std::size_t joint, const std::string& target) const
     {
-        if (!m_rest.has(target))
+        if (!m_rest.has(target)) {
+            matching.excluded.push_back(joint);
             return;
+        }
         const auto [place, isNew] = matching.joints.emplace(target, joint);
         if (!isNew)
             matching.ambiguous.push_back("both " + m_figure.joints[place->second].name + " and " +
@@ -116,8 +118,10 @@ JointMatching matchJoints(const MotionFigure& figure, const ProfileTable& table)
             matching.ambiguous.push_back("the signature of " + dialect.name + " fits too; " + chosen->name +
                                          " is used");
     }
-    if (chosen != nullptr)
+    if (chosen != nullptr) {
         matching.dialect = chosen->name;
+        matching.isUsers = static_cast<std::size_t>(chosen - table.dialects.data()) < table.usersDialects;
+    }
     Matcher matcher(figure, table.figure, chosen);
     matcher.matchByTable(matching);
     matcher.matchExactly(matching);

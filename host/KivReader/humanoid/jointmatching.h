@@ -17,6 +17,8 @@ struct JointMatching
     std::string dialect;
     std::map<std::string, std::size_t> joints;  ///< the avatar's name → index into the file's joints
     std::map<std::string, std::size_t> toes;    ///< the avatar's foot → the file's toe joint; no end site
+    std::vector<std::size_t> excluded;          ///< joints that a table says are none of the avatar's
+    bool isUsers = false;                       ///< the dialect is the user's own
     std::vector<std::string> ambiguous;         ///< sentences: what may be one as well as the other
     std::vector<std::string> warnings;
 

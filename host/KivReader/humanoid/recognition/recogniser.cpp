@@ -1,98 +1,164 @@
 #include "host/KivReader/humanoid/recognition/recogniser.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
 
-#include "host/KivReader/figure/motionfigure.h"
+#include "host/KivReader/humanoid/recognition/assignment.h"
+#include "host/KivReader/humanoid/recognition/crowding.h"
+#include "host/KivReader/humanoid/recognition/personcheck.h"
+#include "host/KivReader/humanoid/recognition/tablehints.h"
 
 namespace KivReader {
 
 namespace {
 
-constexpr std::array<const char*, 8> kLimbs = {"LeftUpLeg", "RightUpLeg", "LeftLeg",     "RightLeg",
-                                               "LeftArm",   "RightArm",   "LeftForeArm", "RightForeArm"};
-/// What hangs from a folded joint repeats the moves of all that is folded above it: more would take far more
-/// memory than their text.
-constexpr std::size_t kMostBetween = 32;
+constexpr std::array<const char*, 9> kNeeded = {"Hips",     "LeftUpLeg",   "RightUpLeg",
+                                                "LeftLeg",  "RightLeg",    "LeftArm",
+                                                "RightArm", "LeftForeArm", "RightForeArm"};
 
-/// Why this is no humanoid; empty if it is one.
-std::string missingLimbs(const JointMatching& matching)
+/// What a person needs and is not there; empty if nothing.
+std::string missingJoints(const JointMatching& matching)
 {
     std::string missing;
-    for (const char* name : kLimbs) {
+    for (const char* name : kNeeded) {
         if (!matching.has(name))
             missing += (missing.empty() ? "" : ", ") + std::string(name);
     }
     return missing.empty() ? missing : "there is no " + missing;
 }
 
-/// What both joints hang from.
-std::size_t commonAncestor(const MotionFigure& figure, std::size_t one, std::size_t other)
+class Recogniser
 {
-    while (one != other) {
-        std::size_t& later = one > other ? one : other;
-        later = static_cast<std::size_t>(figure.joints[later].parent);
-    }
-    return one;
-}
+public:
+    Recogniser(const MotionDocument& document, const ProfileTable& table)
+        : m_document(document),
+          m_avatar(table.figure),
+          m_figure(makeFigure(document, FileFrame())),
+          m_table(matchJoints(m_figure, table)),
+          m_hints(readNames(m_figure, builtInVocabulary()))
+    {}
 
-/// What both legs hang from are the hips, whatever their name.
-void findHips(JointMatching& matching, const MotionFigure& figure)
-{
-    if (matching.has("Hips"))
-        return;
-    const std::size_t hips = commonAncestor(figure, matching.at("LeftUpLeg"), matching.at("RightUpLeg"));
-    for (const auto& [name, joint] : matching.joints) {
-        if (joint == hips)
-            return;
+    Recognition recognise()
+    {
+        applyTable(m_hints, m_table);
+        m_posed = poseFrames(m_document, m_figure);
+        m_tree = makeBoneTree(m_figure, m_posed, m_hints);
+        m_found.matching = m_table;
+        m_found.matching.joints.clear();
+        const Evidence evidence = {m_figure, m_posed, m_tree, m_hints};
+        const std::vector<LimbPair> pairs = findPairs(evidence);
+        const std::optional<Body> body = findBody(evidence, pairs);
+        if (body)
+            assign(evidence, pairs, *body);
+        else
+            m_found.whyNot = whyNoBody(evidence, pairs);
+        if (m_table.isUsers)
+            obeyUser();
+        judge();
+        return std::move(m_found);
     }
-    matching.joints["Hips"] = hips;
-    matching.warnings.push_back("no joint is called Hips; " + figure.joints[hips].name +
-                                " is what both legs hang from");
-}
 
-/// Why the joints between two of the avatar's are too many to be folded; empty where they are not.
-std::string crowding(const JointMatching& matching, const MotionFigure& figure)
-{
-    std::vector<std::string> targets(figure.joints.size());
-    for (const auto& [name, joint] : matching.joints)
-        targets[joint] = name;
-    std::vector<std::size_t> between(figure.joints.size());  // others since the last of the avatar's
-    std::vector<bool> isBelowOne(figure.joints.size());
-    for (std::size_t i = 1; i < figure.joints.size(); ++i) {
-        const auto parent = static_cast<std::size_t>(figure.joints[i].parent);
-        isBelowOne[i] = isBelowOne[parent] || !targets[parent].empty();
-        between[i] = isBelowOne[i] && targets[parent].empty() ? between[parent] + 1 : 0;
-        if (!targets[i].empty() && between[i] > kMostBetween)
-            return std::to_string(between[i]) + " joints stand between " + targets[i] +
-                   " and the next of the avatar's joints above it; more than " +
-                   std::to_string(kMostBetween) + " are not folded";
+private:
+    void assign(const Evidence& evidence, const std::vector<LimbPair>& pairs, const Body& body)
+    {
+        const PersonCheck check = checkPerson(evidence, pairs, body);
+        m_found.whyNot = check.whyNot;
+        const Sides sides = findSides(evidence, body);
+        if (!sides.warning.empty())
+            m_found.matching.warnings.push_back(sides.warning);
+        Assignment assignment;
+        assignLimbs(assignment, body, sides);
+        assignTrunk(assignment, evidence, body, m_table);
+        assignFingers(assignment, evidence);
+        for (const auto& [name, reasoned] : assignment.joints) {
+            m_found.matching.joints[name] = reasoned.joint;
+            weigh(name, reasoned, std::min(check.confidence, sides.confidence));
+        }
+        m_found.matching.toes = assignment.toes;
     }
-    return {};
-}
+
+    /// A name that says the same makes sure; one that says otherwise makes a guess of it.
+    void weigh(const std::string& name, const Assignment::Reasoned& reasoned, double confidence)
+    {
+        ProfileRecord::Evidence evidence = {name, m_figure.joints[reasoned.joint].name, 0.0,
+                                            reasoned.reasons};
+        const NameHint& hint = m_hints[reasoned.joint];
+        const auto known = m_table.joints.find(name);
+        if (known != m_table.joints.end() && known->second == reasoned.joint) {
+            evidence.confidence = 1.0;
+            evidence.reasons.push_back(m_table.dialect.empty()
+                                           ? "its name is the avatar's"
+                                           : "its name in the dialect " + m_table.dialect);
+        } else if (!hint.word.empty()) {
+            evidence.confidence = 0.9;
+            evidence.reasons.push_back("\"" + hint.word + "\" in its name");
+        } else {
+            evidence.confidence = 0.7;
+        }
+        evidence.confidence *= confidence;
+        m_found.evidence.push_back(std::move(evidence));
+    }
+
+    /// What the user says holds, whatever else was found.
+    void obeyUser()
+    {
+        JointMatching& matching = m_found.matching;
+        for (const auto& [name, joint] : m_table.joints) {
+            for (auto other = matching.joints.begin(); other != matching.joints.end();)
+                other = other->second == joint ? matching.joints.erase(other) : std::next(other);
+        }
+        for (const auto& [name, joint] : m_table.joints) {
+            matching.joints[name] = joint;
+            const auto said = std::find_if(m_found.evidence.begin(), m_found.evidence.end(),
+                                           [&joined = name](const auto& its) { return its.joint == joined; });
+            ProfileRecord::Evidence evidence = {
+                name, m_figure.joints[joint].name, 1.0, {"the user's dialect " + m_table.dialect}};
+            if (said == m_found.evidence.end())
+                m_found.evidence.push_back(std::move(evidence));
+            else
+                *said = std::move(evidence);
+        }
+        m_found.whyNot.clear();
+    }
+
+    void judge()
+    {
+        JointMatching& matching = m_found.matching;
+        if (m_found.whyNot.empty())
+            m_found.whyNot = missingJoints(matching);
+        if (m_found.whyNot.empty())
+            m_found.whyNot = crowding(matching, m_figure);
+        m_found.isHumanoid = m_found.whyNot.empty();
+        std::vector<ProfileRecord::Evidence>& evidence = m_found.evidence;
+        evidence.erase(std::remove_if(evidence.begin(), evidence.end(),
+                                      [&](const auto& its) { return !matching.has(its.joint); }),
+                       evidence.end());
+        std::sort(evidence.begin(), evidence.end(), [&](const auto& a, const auto& b) {
+            return m_avatar.index.at(a.joint) < m_avatar.index.at(b.joint);
+        });
+        m_found.confidence = m_found.isHumanoid ? 1.0 : 0.0;
+        for (const ProfileRecord::Evidence& its : evidence) {
+            if (std::find(kNeeded.begin(), kNeeded.end(), its.joint) != kNeeded.end())
+                m_found.confidence = std::min(m_found.confidence, its.confidence);
+        }
+    }
+
+    const MotionDocument& m_document;
+    const RestFigure& m_avatar;
+    MotionFigure m_figure;
+    JointMatching m_table;
+    std::vector<NameHint> m_hints;
+    PosedFrames m_posed;
+    BoneTree m_tree;
+    Recognition m_found;
+};
 
 }  // namespace
 
 Recognition recognise(const MotionDocument& document, const ProfileTable& table)
 {
-    const MotionFigure raw = makeFigure(document, FileFrame());
-    Recognition found;
-    found.matching = matchJoints(raw, table);
-    found.whyNot = missingLimbs(found.matching);
-    if (found.whyNot.empty())
-        findHips(found.matching, raw);
-    if (found.whyNot.empty() && !found.matching.has("Hips"))
-        found.whyNot = "there is no joint for the hips";
-    if (found.whyNot.empty())
-        found.whyNot = crowding(found.matching, raw);
-    found.isHumanoid = found.whyNot.empty();
-    for (const RestFigure::Joint& joint : table.figure.joints) {
-        if (found.matching.has(joint.name))
-            found.evidence.push_back(
-                {joint.name, raw.joints[found.matching.at(joint.name)].name, 1.0, {"its name"}});
-    }
-    found.confidence = found.isHumanoid ? 1.0 : 0.0;
-    return found;
+    return Recogniser(document, table).recognise();
 }
 
 }  // namespace KivReader

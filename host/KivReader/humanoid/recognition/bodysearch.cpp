@@ -1,0 +1,102 @@
+#include "host/KivReader/humanoid/recognition/bodysearch.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace KivReader {
+
+namespace {
+
+constexpr double kArmToLeg = 0.61;
+constexpr double kArmToLegSpread = 0.2;  ///< of the logarithm; so below
+constexpr double kTrunkToLeg = 0.58;
+constexpr double kTrunkToLegSpread = 0.45;
+constexpr double kHeadToLeg = 0.35;
+constexpr double kHeadSpread = 0.8;
+constexpr double kShortestTrunk = 0.12;  ///< of the legs
+constexpr double kRootAtLegs = 0.7;
+constexpr double kNamedHead = 2.5;
+
+double usual(double value, double typical, double spread, double worst)
+{
+    const double off = std::log(std::max(value, 1e-9) / typical) / spread;
+    return std::max(-0.5 * off * off, worst);
+}
+
+class Search
+{
+public:
+    explicit Search(const Evidence& evidence) : m_evidence(evidence), m_tree(evidence.tree) {}
+
+    /// @return false where the two pairs are on no trunk.
+    bool join(const LimbPair& legs, const LimbPair& arms, Body& body) const
+    {
+        const std::size_t meeting = m_tree.commonAncestor(legs.fork, arms.fork);
+        if (isOn(legs, arms.fork) || isOn(arms, legs.fork) || legs.asLegs.score < -1e8 ||
+            arms.asArms.score < -1e8)
+            return false;
+        body.trunk = m_tree.way(meeting, legs.fork) + m_tree.way(meeting, arms.fork);
+        const double leg = legs.asLegs.length();
+        if (body.trunk < kShortestTrunk * leg)
+            return false;
+        body.score = legs.asLegs.score + arms.asArms.score;
+        body.score += usual(arms.asArms.length() / leg, kArmToLeg, kArmToLegSpread, -8.0);
+        body.score += usual(body.trunk / leg, kTrunkToLeg, kTrunkToLegSpread, -6.0);
+        body.score += headOver(arms, legs.fork, leg) + (meeting == legs.fork ? kRootAtLegs : 0.0);
+        return true;
+    }
+
+private:
+    bool isOn(const LimbPair& limbs, std::size_t fork) const
+    {
+        return m_tree.isBelow(fork, limbs.one.first) || m_tree.isBelow(fork, limbs.other.first);
+    }
+
+    /// What else there is on the arms' fork: the head's chain, the likeliest of all.
+    double headOver(const LimbPair& arms, std::size_t legsFork, double leg) const
+    {
+        double best = -1.0;
+        for (std::size_t i = 0; i < m_tree.bones[arms.fork].childCount; ++i) {
+            const std::size_t child = m_tree.child(arms.fork, i);
+            if (child == arms.one.first || child == arms.other.first || m_tree.isBelow(legsFork, child))
+                continue;
+            const double reach = m_tree.bones[child].span;
+            const NameHint& hint = m_evidence.hints[child];
+            double score = 1.0 + usual(reach / leg, kHeadToLeg, kHeadSpread, -2.0);
+            if (hint.mayBe(Part::Neck) || hint.mayBe(Part::Head))
+                score += kNamedHead;
+            best = std::max(best, score);
+        }
+        return best;
+    }
+
+    const Evidence& m_evidence;
+    const BoneTree& m_tree;
+};
+
+}  // namespace
+
+std::optional<Body> findBody(const Evidence& evidence, const std::vector<LimbPair>& pairs)
+{
+    std::optional<Body> best;
+    const Search search(evidence);
+    const LimbPair* legsOfBest = nullptr;
+    const LimbPair* armsOfBest = nullptr;
+    for (const LimbPair& legs : pairs) {
+        for (const LimbPair& arms : pairs) {
+            Body body;
+            if (&legs == &arms || !search.join(legs, arms, body) || (best && body.score <= best->score))
+                continue;
+            best = body;
+            legsOfBest = &legs;
+            armsOfBest = &arms;
+        }
+    }
+    if (best) {
+        best->legs = *legsOfBest;
+        best->arms = *armsOfBest;
+    }
+    return best;
+}
+
+}  // namespace KivReader

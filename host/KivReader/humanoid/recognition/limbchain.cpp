@@ -1,0 +1,81 @@
+#include "host/KivReader/humanoid/recognition/limbchain.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace KivReader {
+
+namespace {
+
+constexpr std::size_t kMostStations = 12;
+constexpr double kPerWord = 0.3;  ///< a way down whose joints are called limbs counts for so much more
+
+/// The child to go on with: the longest way down, or the one with a limb's names on it.
+std::size_t nextOf(const BoneTree& tree, std::size_t bone)
+{
+    std::size_t best = 0;
+    double bestRank = -1.0;
+    for (std::size_t i = 0; i < tree.bones[bone].childCount; ++i) {
+        const std::size_t child = tree.child(bone, i);
+        const BoneTree::Bone& its = tree.bones[child];
+        const double rank = its.span * (1.0 + kPerWord * its.words);
+        if (rank > bestRank) {
+            best = child;
+            bestRank = rank;
+        }
+    }
+    return best;
+}
+
+double angleBetween(const osg::Vec3d& a, const osg::Vec3d& b)
+{
+    const double lengths = a.length() * b.length();
+    return lengths > 0.0 ? std::acos(std::clamp(a * b / lengths, -1.0, 1.0)) : 0.0;
+}
+
+/// Over the middle four fifths of the frames.
+double bendAt(const PosedFrames& posed, std::size_t above, std::size_t joint, std::size_t below)
+{
+    std::vector<double> angles;
+    for (std::size_t i = 0; i < posed.frames.size(); ++i)
+        angles.push_back(angleBetween(posed.place(i, joint) - posed.place(i, above),
+                                      posed.place(i, below) - posed.place(i, joint)));
+    std::sort(angles.begin(), angles.end());
+    return angles[angles.size() - 1 - angles.size() / 10] - angles[angles.size() / 10];
+}
+
+/// A further joint at the same place: it has the turns of those before it, too.
+void goOnWith(Station& station, std::size_t joint, const Evidence& evidence)
+{
+    if (station.end == station.joint && evidence.tree.bones[station.joint].childCount == 1)
+        station.end = joint;
+    station.joint = joint;
+}
+
+}  // namespace
+
+Chain chainFrom(const Evidence& evidence, std::size_t firstJoint)
+{
+    const BoneTree& tree = evidence.tree;
+    Chain chain;
+    chain.first = firstJoint;
+    double at = 0.0;
+    for (std::size_t joint = firstJoint; chain.stations.size() < kMostStations; joint = nextOf(tree, joint)) {
+        at += tree.bones[joint].length;
+        if (!tree.coincides(joint) || chain.stations.empty())
+            chain.stations.push_back({joint, joint, at, 0.0, tree.bones[joint].isTip});
+        else if (!tree.bones[joint].isTip)
+            goOnWith(chain.stations.back(), joint, evidence);
+        if (tree.bones[joint].childCount == 0)
+            break;
+    }
+    std::size_t above = tree.parentOf(firstJoint);
+    for (std::size_t i = 0; i + 1 < chain.stations.size(); ++i) {
+        Station& station = chain.stations[i];
+        station.bend = bendAt(evidence.posed, above, station.joint, chain.stations[i + 1].joint);
+        above = station.joint;
+    }
+    return chain;
+}
+
+}  // namespace KivReader

@@ -1,0 +1,221 @@
+#include <algorithm>
+#include <array>
+#include <cmath>
+
+#include "host/KivReader/humanoid/recognition/assignment.h"
+
+namespace KivReader {
+
+namespace {
+
+constexpr std::array<const char*, 4> kSpine = {"Spine", "Spine1", "Spine2", "Spine3"};
+constexpr double kTurned = 0.02;     ///< radians: a joint that turns less never does
+constexpr double kHeadToLeg = 0.35;  ///< from the arms' fork to the crown
+constexpr double kStubby = 0.25;     ///< of the way to the crown: what is left over a head that is none
+
+class TrunkAssigner
+{
+public:
+    TrunkAssigner(Assignment& assignment, const Evidence& evidence, const Body& body,
+                  const JointMatching& table)
+        : m_assignment(assignment), m_evidence(evidence), m_tree(evidence.tree), m_body(body), m_table(table)
+    {}
+
+    void assign()
+    {
+        const std::size_t hips = m_body.legs.fork;
+        m_assignment.put("Hips", hips, "both legs hang from it");
+        std::vector<std::size_t> spine = spineJoints();
+        assignHead(spine);
+        assignSpine(spine);
+    }
+
+private:
+    bool turns(std::size_t joint) const
+    {
+        const std::size_t parent = m_tree.parentOf(joint);
+        const auto turnIn = [&](const Placements& frame) {
+            return frame[parent].turn.conj() * frame[joint].turn;
+        };
+        const osg::Quat first = turnIn(m_evidence.posed.frames.front());
+        return std::any_of(m_evidence.posed.frames.begin(), m_evidence.posed.frames.end(),
+                           [&](const Placements& frame) {
+                               return (first.conj() * turnIn(frame)).asVec3().length() > kTurned / 2.0;
+                           });
+    }
+
+    /// From the hips to what the arms hang from, joints that coincide as one: the last of them.
+    std::vector<std::size_t> spineJoints() const
+    {
+        const std::size_t top = m_body.arms.fork;
+        const std::size_t meeting = m_tree.commonAncestor(m_body.legs.fork, top);
+        std::vector<std::size_t> up;
+        std::size_t last = m_tree.bones.size();  // the nearest one above that is taken
+        for (std::size_t joint = top; joint != meeting; joint = m_tree.parentOf(joint)) {
+            if (last == m_tree.bones.size() || !m_tree.coincides(last))
+                up.push_back(joint);
+            last = joint;
+        }
+        std::reverse(up.begin(), up.end());
+        // On top of the hips a joint is the spine's only where it does something, or is called so.
+        const bool onHips = !up.empty() && m_tree.coincides(up.front());
+        if (onHips && up.size() > 1 && !m_evidence.hints[up.front()].says(Part::Spine) && !turns(up.front()))
+            up.erase(up.begin());
+        return up;
+    }
+
+    /// The chain beside the arms that is likeliest a head's; empty for none.
+    Chain headChain(const std::vector<std::size_t>& spine) const
+    {
+        Chain best;
+        double bestScore = -3.0;
+        for (auto joint = spine.rbegin(); joint != spine.rend(); ++joint) {
+            for (std::size_t i = 0; i < m_tree.bones[*joint].childCount; ++i) {
+                const std::size_t child = m_tree.child(*joint, i);
+                if (isTaken(child))
+                    continue;
+                const double score = headScore(child) - 0.5 * static_cast<double>(joint - spine.rbegin());
+                if (score > bestScore) {
+                    bestScore = score;
+                    best = chainFrom(m_evidence, child);
+                }
+            }
+        }
+        return best;
+    }
+
+    bool isTaken(std::size_t child) const
+    {
+        return m_tree.isBelow(m_body.arms.fork, child) || child == m_body.arms.one.first ||
+               child == m_body.arms.other.first || m_tree.isBelow(m_body.legs.fork, child);
+    }
+
+    double headScore(std::size_t child) const
+    {
+        const BoneTree::Bone& bone = m_tree.bones[child];
+        const NameHint& hint = m_evidence.hints[child];
+        if (bone.isEnd)
+            return -5.0;
+        const double reach = bone.span / m_body.legs.asLegs.length();
+        double score = -std::fabs(std::log(std::max(reach, 1e-6) / kHeadToLeg));
+        if (hint.mayBe(Part::Neck) || hint.mayBe(Part::Head))
+            score += 4.0 * hint.weight;
+        if (hint.isNever || hint.side != Side::None)
+            score -= 3.0;
+        return score;
+    }
+
+    void assignHead(std::vector<std::size_t>& spine)
+    {
+        Chain chain = headChain(spine);
+        std::vector<Station>& stations = chain.stations;
+        const auto beyond = std::find_if(stations.begin(), stations.end(),
+                                         [](const Station& station) { return station.isBeyond; });
+        const double crown = stations.empty() ? 0.0 : stations.back().at;
+        stations.erase(beyond, stations.end());
+        if (stations.empty())
+            return;
+        const std::size_t head = headAmong(stations, crown);
+        m_assignment.put("Head", stations[head].end, "it ends the chain over the arms");
+        if (head > 0)
+            m_assignment.put("Neck", stations[neckAmong(stations, head)].joint, "it bears the head");
+        else if (spine.size() > 1 && isNeck(spine.back())) {
+            m_assignment.put("Neck", spine.back(), "it bears the head and the arms");
+            spine.pop_back();
+        }
+    }
+
+    /// By name, else where the face begins to fork, else the last joint that is not the crown.
+    std::size_t headAmong(const std::vector<Station>& stations, double crown) const
+    {
+        for (std::size_t i = 0; i < stations.size(); ++i) {
+            if (m_evidence.hints[stations[i].end].says(Part::Head))
+                return i;
+        }
+        for (std::size_t i = 0; i + 1 < stations.size(); ++i) {
+            if (stations[i].at > 0.0 && m_tree.bones[stations[i].joint].childCount > 1)
+                return i;
+        }
+        const std::size_t last = stations.size() - 1;
+        const bool isCrown = last > 1 && m_evidence.posed.isMotion && !turns(stations[last].joint) &&
+                             crown - stations[last].at < kStubby * crown;
+        return isCrown ? last - 1 : last;
+    }
+
+    /// By name, else the first one that is not where the arms hang from.
+    std::size_t neckAmong(const std::vector<Station>& stations, std::size_t head) const
+    {
+        const auto known = m_table.joints.find("Neck");
+        std::size_t neck = head;
+        for (std::size_t i = head; i-- > 0;) {
+            if (known != m_table.joints.end() && known->second == stations[i].joint)
+                return i;
+            if (stations[i].at > 0.0 || neck == head)
+                neck = i;
+        }
+        return neck;
+    }
+
+    /// Arms that hang from the neck: it is called so.
+    bool isNeck(std::size_t joint) const
+    {
+        const NameHint& hint = m_evidence.hints[joint];
+        return hint.says(Part::Neck) && !hint.says(Part::Spine);
+    }
+
+    /// What the tables say counts where it takes in the joint that bears the arms, and goes up.
+    bool tableFits(const std::vector<std::size_t>& spine) const
+    {
+        std::size_t next = 0;
+        bool hasTop = false;
+        for (const char* name : kSpine) {
+            const auto found = m_table.joints.find(name);
+            if (found == m_table.joints.end())
+                continue;
+            while (next < spine.size() && spine[next] != found->second)
+                ++next;
+            if (next == spine.size())
+                return false;
+            hasTop = spine[next] == spine.back();
+            ++next;
+        }
+        return hasTop;
+    }
+
+    void assignSpine(const std::vector<std::size_t>& spine)
+    {
+        const std::string reason = "it is between the legs' fork and the arms'";
+        if (spine.empty())
+            return;
+        if (tableFits(spine)) {
+            for (const char* name : kSpine) {
+                const auto found = m_table.joints.find(name);
+                if (found != m_table.joints.end())
+                    m_assignment.put(name, found->second, reason);
+            }
+            return;
+        }
+        const std::size_t count = std::min(kSpine.size(), spine.size());
+        for (std::size_t i = 0; i < count; ++i) {
+            const std::size_t from =
+                count == 1 ? 0 : (i * (spine.size() - 1) + (count - 1) / 2) / (count - 1);
+            m_assignment.put(kSpine[i], spine[from], reason);
+        }
+    }
+
+    Assignment& m_assignment;
+    const Evidence& m_evidence;
+    const BoneTree& m_tree;
+    const Body& m_body;
+    const JointMatching& m_table;
+};
+
+}  // namespace
+
+void assignTrunk(Assignment& assignment, const Evidence& evidence, const Body& body,
+                 const JointMatching& table)
+{
+    TrunkAssigner(assignment, evidence, body, table).assign();
+}
+
+}  // namespace KivReader
