@@ -142,6 +142,11 @@ PersonCheck checkPerson(const Evidence& evidence, const std::vector<LimbPair>& p
 
 std::string whyNoBody(const Evidence& evidence, const std::vector<LimbPair>& pairs)
 {
+    const std::vector<BoneTree::Bone>& bones = evidence.tree.bones;
+    const bool forks = std::any_of(bones.begin(), bones.end(),
+                                   [](const BoneTree::Bone& bone) { return bone.childCount > 1; });
+    if (!forks)
+        return "its joints are one chain, without legs or arms";
     if (evidence.tree.size <= 0.0)
         return "its bones have no length";
     if (pairs.empty())
