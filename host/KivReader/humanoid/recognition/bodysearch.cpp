@@ -9,11 +9,13 @@ namespace {
 
 constexpr double kArmToLeg = 0.61;
 constexpr double kArmToLegSpread = 0.2;  ///< of the logarithm; so below
-constexpr double kTrunkToLeg = 0.58;
+constexpr double kTrunkToLeg = 0.8;      ///< up to the upper arms
 constexpr double kTrunkToLegSpread = 0.45;
 constexpr double kHeadToLeg = 0.35;
 constexpr double kHeadSpread = 0.8;
-constexpr double kShortestTrunk = 0.12;  ///< of the legs
+constexpr double kShortestTrunk = 0.25;  ///< of the legs
+constexpr double kForksApart = 0.1;      ///< of the legs
+constexpr double kForksTogether = 3.0;
 constexpr double kRootAtLegs = 0.7;
 constexpr double kNamedHead = 2.5;
 
@@ -35,11 +37,13 @@ public:
         if (isOn(legs, arms.fork) || isOn(arms, legs.fork) || legs.asLegs.score < -1e8 ||
             arms.asArms.score < -1e8)
             return false;
-        body.trunk = m_tree.way(meeting, legs.fork) + m_tree.way(meeting, arms.fork);
         const double leg = legs.asLegs.length();
-        if (body.trunk < kShortestTrunk * leg)
+        const double forks = m_tree.way(meeting, legs.fork) + m_tree.way(meeting, arms.fork);
+        body.trunk = forks + beforeArms(arms);
+        if (legs.fork == arms.fork || body.trunk < kShortestTrunk * leg)
             return false;
-        body.score = legs.asLegs.score + arms.asArms.score;
+        body.score =
+            legs.asLegs.score + arms.asArms.score - (forks < kForksApart * leg ? kForksTogether : 0.0);
         body.score += usual(arms.asArms.length() / leg, kArmToLeg, kArmToLegSpread, -8.0);
         body.score += usual(body.trunk / leg, kTrunkToLeg, kTrunkToLegSpread, -6.0);
         body.score += headOver(arms, legs.fork, leg) + (meeting == legs.fork ? kRootAtLegs : 0.0);
@@ -50,6 +54,15 @@ private:
     bool isOn(const LimbPair& limbs, std::size_t fork) const
     {
         return m_tree.isBelow(fork, limbs.one.first) || m_tree.isBelow(fork, limbs.other.first);
+    }
+
+    /// From the fork to the upper arms.
+    static double beforeArms(const LimbPair& arms)
+    {
+        const auto way = [](const Chain& chain, const LimbFit& fit) {
+            return chain.stations[static_cast<std::size_t>(fit.root)].at;
+        };
+        return (way(arms.one, arms.asArms.one) + way(arms.other, arms.asArms.other)) / 2.0;
     }
 
     /// What else there is on the arms' fork: the head's chain, the likeliest of all.

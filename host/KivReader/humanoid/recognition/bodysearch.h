@@ -10,7 +10,7 @@ namespace KivReader {
 struct Body
 {
     LimbPair legs, arms;
-    double trunk = 0.0;  ///< from the legs' fork to the arms', along the bones
+    double trunk = 0.0;  ///< from the legs' fork to the upper arms, along the bones
     double score = 0.0;
 };
 

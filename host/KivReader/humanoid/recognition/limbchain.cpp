@@ -49,7 +49,21 @@ void goOnWith(Station& station, std::size_t joint, const Evidence& evidence)
 {
     if (station.end == station.joint && evidence.tree.bones[station.joint].childCount == 1)
         station.end = joint;
+    if (evidence.hints[joint].parts != 0)
+        station.named = joint;
     station.joint = joint;
+}
+
+/// A chain without an end site: its last bone may be as long as the one before it.
+void addUnseenEnd(Chain& chain, const BoneTree& tree)
+{
+    const std::size_t count = chain.stations.size();
+    if (count < 2 || chain.stations.back().isBeyond || tree.bones[chain.stations.back().joint].childCount > 0)
+        return;
+    Station unseen = chain.stations.back();
+    unseen.at += unseen.at - chain.stations[count - 2].at;
+    unseen.isBeyond = unseen.isUnseen = true;
+    chain.stations.push_back(unseen);
 }
 
 }  // namespace
@@ -63,7 +77,7 @@ Chain chainFrom(const Evidence& evidence, std::size_t firstJoint)
     for (std::size_t joint = firstJoint; chain.stations.size() < kMostStations; joint = nextOf(tree, joint)) {
         at += tree.bones[joint].length;
         if (!tree.coincides(joint) || chain.stations.empty())
-            chain.stations.push_back({joint, joint, at, 0.0, tree.bones[joint].isTip});
+            chain.stations.push_back({joint, joint, joint, at, 0.0, tree.bones[joint].isTip, false});
         else if (!tree.bones[joint].isTip)
             goOnWith(chain.stations.back(), joint, evidence);
         if (tree.bones[joint].childCount == 0)
@@ -75,6 +89,7 @@ Chain chainFrom(const Evidence& evidence, std::size_t firstJoint)
         station.bend = bendAt(evidence.posed, above, station.joint, chain.stations[i + 1].joint);
         above = station.joint;
     }
+    addUnseenEnd(chain, tree);
     return chain;
 }
 

@@ -20,10 +20,12 @@ struct Evidence
 struct Station
 {
     std::size_t joint = 0;  ///< of those that coincide here the last one, which has the turns of all
+    std::size_t named = 0;  ///< the one whose name counts
     std::size_t end = 0;    ///< the one to take where a limb ends here: not beyond a fork
     double at = 0.0;        ///< along the bones, from the fork
     double bend = 0.0;      ///< how much the angle between the bones that meet here changes, in radians
     bool isBeyond = false;  ///< an end site, or a joint that its name calls an end
+    bool isUnseen = false;  ///< nothing stands there: where a last joint without an end site may end
 };
 
 /// The likeliest way from a fork down to an end.

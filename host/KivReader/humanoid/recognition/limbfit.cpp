@@ -13,6 +13,7 @@ constexpr double kNamed = 3.0;  ///< points for a joint that is called what it i
 constexpr double kPerhapsNamed = 1.2;
 constexpr double kMisnamed = 2.5;    ///< points lost for one that is called something else
 constexpr double kPassedOver = 1.5;  ///< for a joint of the limb by its name that is taken for nothing
+constexpr double kUnseen = 2.0;      ///< for a limb whose end the file does not have
 constexpr double kMuchBend = 0.5;    ///< radians
 constexpr double kStiff = 0.05;
 
@@ -75,7 +76,7 @@ public:
 
 private:
     const Station& station(int index) const { return m_stations[static_cast<std::size_t>(index)]; }
-    const NameHint& hint(int index) const { return m_evidence.hints[station(index).joint]; }
+    const NameHint& hint(int index) const { return m_evidence.hints[station(index).named]; }
 
     void tryAt(int root, int bend, int end)
     {
@@ -116,7 +117,8 @@ private:
     double byLengths(const LimbFit& fit) const
     {
         const double both = fit.length();
-        const double after = m_stations.back().at - station(fit.end).at;
+        const double last = m_stations[m_stations.size() - (m_stations.back().isUnseen ? 2 : 1)].at;
+        const double after = last - station(fit.end).at;
         double score = usual(fit.lower / fit.upper, m_usual.ratio, m_usual.ratioSpread, -6.0);
         score += usual(station(fit.root).at / both, m_usual.before, m_usual.beforeSpread, -3.0);
         score += after > 0.0 ? usual(after / both, m_usual.after, m_usual.afterSpread, -1.5) : -0.5;
@@ -135,7 +137,7 @@ private:
     double byNames(const LimbFit& fit) const
     {
         double score = named(hint(fit.root), m_usual.parts[1]) + named(hint(fit.bend), m_usual.parts[2]) +
-                       named(m_evidence.hints[station(fit.end).end], m_usual.parts[3]);
+                       (station(fit.end).isUnseen ? -kUnseen : named(hint(fit.end), m_usual.parts[3]));
         if (fit.before != LimbFit::kNone && hint(fit.before).mayBe(Part::Collar))
             score += kPerhapsNamed;
         if (fit.after != LimbFit::kNone && hint(fit.after).mayBe(Part::Toes))

@@ -66,7 +66,7 @@ int sideOf(const Evidence& evidence, const Chain& chain)
 {
     int votes = 0;
     for (const Station& station : chain.stations) {
-        const Side side = evidence.hints[station.joint].side;
+        const Side side = evidence.hints[station.named].side;
         votes += side == Side::Left ? 1 : side == Side::Right ? -1 : 0;
     }
     return votes;

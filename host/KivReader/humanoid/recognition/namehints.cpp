@@ -109,6 +109,8 @@ std::vector<NameHint> readNames(const MotionFigure& figure, const Vocabulary& vo
         hint.side = hasSide ? sided->side : Side::None;
         keepWhatFitsTheSide(hint);
         hint.isTip = hint.isTip || figure.joints[i].endSite;
+        if (hint.isNever)
+            hint.parts = hint.perhaps = 0;
         hints.push_back(std::move(hint));
     }
     dropHelpers(hints, words, figure);

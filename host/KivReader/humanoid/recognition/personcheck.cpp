@@ -7,11 +7,7 @@ namespace KivReader {
 
 namespace {
 
-constexpr double kLevel = 0.35;  ///< cosine: what a trunk that stands over its legs does not fall below
-constexpr double kFewDoubts = 2.0;
-
-/// A proportion of a body: within the doubtful range nothing is said, out of it there is a doubt, and far out
-/// of it two.
+/// A proportion of a body: out of the range there is a doubt, far out of it two.
 struct Range
 {
     const char* what;
@@ -20,30 +16,42 @@ struct Range
 
 constexpr Range kShinToThigh = {"shin to thigh", 0.6, 1.5};
 constexpr Range kForearmToUpperArm = {"forearm to upper arm", 0.5, 1.5};
-constexpr Range kArmToLeg = {"arm to leg", 0.4, 0.88};
-constexpr Range kTrunkToLeg = {"trunk to leg", 0.25, 1.3};
+constexpr Range kArmToLeg = {"arm to leg", 0.4, 0.95};
+constexpr Range kTrunkToLeg = {"trunk to leg", 0.35, 1.5};
 constexpr double kFarOut = 1.35;
+
+constexpr double kLevel = 0.35;        ///< cosine: a trunk that stands over its legs is not below it for long
+constexpr double kLongForelegs = 0.8;  ///< of the legs
+constexpr double kAcross = 1.2;        ///< how much each of these weighs
+constexpr double kForelegs = 0.6;
+constexpr double kBeast = 0.8;
+constexpr double kMoreLimbs = 2.0;
+constexpr double kUnlikeEachOther = 1.0;
+constexpr double kTooMuch = 1.9;
 
 class Checker
 {
 public:
     Checker(const Evidence& evidence, const std::vector<LimbPair>& pairs, const Body& body)
-        : m_evidence(evidence), m_pairs(pairs), m_body(body)
+        : m_evidence(evidence),
+          m_pairs(pairs),
+          m_body(body),
+          m_legs(body.legs.asLegs),
+          m_arms(body.arms.asArms)
     {}
 
     PersonCheck check()
     {
-        const PairFit& legs = m_body.legs.asLegs;
-        const PairFit& arms = m_body.arms.asArms;
-        const double leg = legs.length();
-        look(kShinToThigh, (legs.one.lower + legs.other.lower) / (legs.one.upper + legs.other.upper));
-        look(kForearmToUpperArm, (arms.one.lower + arms.other.lower) / (arms.one.upper + arms.other.upper));
-        look(kArmToLeg, arms.length() / leg);
-        look(kTrunkToLeg, m_body.trunk / leg);
-        lookAtPosture();
+        look(kShinToThigh, m_legs.one.lower + m_legs.other.lower, m_legs.one.upper + m_legs.other.upper);
+        look(kForearmToUpperArm, m_arms.one.lower + m_arms.other.lower,
+             m_arms.one.upper + m_arms.other.upper);
+        look(kArmToLeg, m_arms.length(), m_legs.length());
+        look(kTrunkToLeg, m_body.trunk, m_legs.length());
+        // Where names tell what everything is, only what makes an animal makes no person of it.
+        m_doubts *= 1.0 - named();
+        lookForAnimal();
         lookAtOtherLimbs();
-        lookForBeasts();
-        if (m_doubts > kFewDoubts)
+        if (m_doubts > kTooMuch)
             m_check.whyNot = "it is not built like a person: " + told();
         m_check.confidence = std::max(0.3, 1.0 - 0.2 * m_doubts);
         return std::move(m_check);
@@ -64,12 +72,33 @@ private:
         return text;
     }
 
-    void look(const Range& range, double value)
+    void look(const Range& range, double value, double of)
     {
-        const double off = std::max(range.low / value, value / range.high);
-        if (off > 1.0)
+        const double ratio = value / of;
+        const double off = std::max(range.low / ratio, ratio / range.high);
+        if (!(off <= 1.0))
             doubt(off > kFarOut ? 2.0 : 1.0,
-                  std::string(range.what) + " is " + std::to_string(value).substr(0, 4));
+                  std::string(range.what) + " is " + std::to_string(ratio).substr(0, 4));
+    }
+
+    const NameHint& hint(const Chain& chain, int index) const
+    {
+        return m_evidence.hints[chain.stations[static_cast<std::size_t>(index)].named];
+    }
+
+    /// How many of the eight joints that count most are called what they are taken for: 0 to 1.
+    double named() const
+    {
+        int count = 0;
+        const auto look = [&](const Chain& chain, const LimbFit& fit, Part root, Part bend) {
+            count += hint(chain, fit.root).mayBe(root) && hint(chain, fit.root).side != Side::None ? 1 : 0;
+            count += hint(chain, fit.bend).mayBe(bend) && hint(chain, fit.bend).side != Side::None ? 1 : 0;
+        };
+        look(m_body.legs.one, m_legs.one, Part::Thigh, Part::Shin);
+        look(m_body.legs.other, m_legs.other, Part::Thigh, Part::Shin);
+        look(m_body.arms.one, m_arms.one, Part::UpperArm, Part::ForeArm);
+        look(m_body.arms.other, m_arms.other, Part::UpperArm, Part::ForeArm);
+        return count / 8.0;
     }
 
     osg::Vec3d place(std::size_t frame, const Chain& chain, int index) const
@@ -77,19 +106,21 @@ private:
         return m_evidence.posed.place(frame, chain.stations[static_cast<std::size_t>(index)].joint);
     }
 
-    /// Cosine between the trunk and what the legs point away from, the middle one of the frames.
+    osg::Vec3d along(std::size_t frame, const Chain& chain, const LimbFit& fit) const
+    {
+        return place(frame, chain, fit.end) - place(frame, chain, fit.root);
+    }
+
+    /// Cosine between the trunk and what the legs point away from, in the more upright frames.
     double uprightness() const
     {
         std::vector<double> cosines;
-        const PairFit& legs = m_body.legs.asLegs;
-        const PairFit& arms = m_body.arms.asArms;
         for (std::size_t i = 0; i < m_evidence.posed.frames.size(); ++i) {
             osg::Vec3d down =
-                place(i, m_body.legs.one, legs.one.end) - place(i, m_body.legs.one, legs.one.root) +
-                place(i, m_body.legs.other, legs.other.end) - place(i, m_body.legs.other, legs.other.root);
+                along(i, m_body.legs.one, m_legs.one) + along(i, m_body.legs.other, m_legs.other);
             osg::Vec3d up =
-                place(i, m_body.arms.one, arms.one.root) + place(i, m_body.arms.other, arms.other.root) -
-                place(i, m_body.legs.one, legs.one.root) - place(i, m_body.legs.other, legs.other.root);
+                place(i, m_body.arms.one, m_arms.one.root) + place(i, m_body.arms.other, m_arms.other.root) -
+                place(i, m_body.legs.one, m_legs.one.root) - place(i, m_body.legs.other, m_legs.other.root);
             down.normalize();
             up.normalize();
             cosines.push_back(-(up * down));
@@ -98,37 +129,49 @@ private:
         return cosines[cosines.size() * 3 / 4];
     }
 
-    void lookAtPosture()
+    void lookForAnimal()
     {
         if (m_evidence.posed.isMotion && uprightness() < kLevel)
-            doubt(1.0, "its trunk lies across its legs");
-    }
-
-    /// Further pairs from the same forks that are about as long as the legs: spiders and crabs have them.
-    void lookAtOtherLimbs()
-    {
-        const double leg = m_body.legs.asLegs.length();
-        const auto others = std::count_if(m_pairs.begin(), m_pairs.end(), [&](const LimbPair& pair) {
-            return pair.fork == m_body.legs.fork && pair.one.first != m_body.legs.one.first &&
-                   pair.one.first != m_body.legs.other.first && pair.other.first != m_body.legs.one.first &&
-                   pair.other.first != m_body.legs.other.first && pair.asLegs.symmetry > -1.0 &&
-                   pair.asLegs.length() > 0.7 * leg && pair.asLegs.length() < 1.4 * leg;
-        });
-        if (others > 0)
-            doubt(2.0, "more limbs like the legs hang from the same joint");
-    }
-
-    void lookForBeasts()
-    {
+            doubt(kAcross, "its trunk lies across its legs");
+        if (m_arms.length() > kLongForelegs * m_legs.length())
+            doubt(kForelegs, "its arms are as long as legs");
         const auto beast = std::find_if(m_evidence.hints.begin(), m_evidence.hints.end(),
                                         [](const NameHint& hint) { return hint.isBeast; });
         if (beast != m_evidence.hints.end())
-            doubt(1.0, "a joint is called like a part of an animal");
+            doubt(kBeast,
+                  "joint " +
+                      m_evidence.figure.joints[static_cast<std::size_t>(beast - m_evidence.hints.begin())]
+                          .name +
+                      " is an animal's by its name");
+        if (m_legs.symmetry < -4.0 || m_arms.symmetry < -4.0)
+            doubt(kUnlikeEachOther, "left and right are of different lengths");
+    }
+
+    bool shares(const LimbPair& pair) const
+    {
+        const std::size_t one = m_body.legs.one.first;
+        const std::size_t other = m_body.legs.other.first;
+        return pair.one.first == one || pair.one.first == other || pair.other.first == one ||
+               pair.other.first == other;
+    }
+
+    /// Further pairs from the same fork that are about as long as the legs: spiders and crabs have them.
+    void lookAtOtherLimbs()
+    {
+        const double leg = m_legs.length();
+        const auto others = std::count_if(m_pairs.begin(), m_pairs.end(), [&](const LimbPair& pair) {
+            return pair.fork == m_body.legs.fork && !shares(pair) && pair.asLegs.symmetry > -1.0 &&
+                   pair.asLegs.length() > 0.7 * leg && pair.asLegs.length() < 1.4 * leg;
+        });
+        if (others > 0)
+            doubt(kMoreLimbs, "more limbs like the legs hang from the same joint");
     }
 
     const Evidence& m_evidence;
     const std::vector<LimbPair>& m_pairs;
     const Body& m_body;
+    const PairFit& m_legs;
+    const PairFit& m_arms;
     PersonCheck m_check;
     double m_doubts = 0.0;
 };

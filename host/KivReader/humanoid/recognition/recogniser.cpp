@@ -28,6 +28,14 @@ std::string missingJoints(const JointMatching& matching)
     return missing.empty() ? missing : "there is no " + missing;
 }
 
+std::string joined(const std::vector<std::string>& sentences)
+{
+    std::string text;
+    for (const std::string& sentence : sentences)
+        text += (text.empty() ? "" : "; ") + sentence;
+    return text;
+}
+
 class Recogniser
 {
 public:
@@ -64,6 +72,8 @@ private:
     {
         const PersonCheck check = checkPerson(evidence, pairs, body);
         m_found.whyNot = check.whyNot;
+        if (check.whyNot.empty() && !check.doubts.empty())
+            m_found.matching.warnings.push_back("this is unusual for a person: " + joined(check.doubts));
         const Sides sides = findSides(evidence, body);
         if (!sides.warning.empty())
             m_found.matching.warnings.push_back(sides.warning);

@@ -115,6 +115,10 @@ private:
         stations.erase(beyond, stations.end());
         if (stations.empty())
             return;
+        if (stations.size() == 1 && isNeck(stations.front().end)) {
+            m_assignment.put("Neck", stations.front().end, "it is over the arms");
+            return;
+        }
         const std::size_t head = headAmong(stations, crown);
         m_assignment.put("Head", stations[head].end, "it ends the chain over the arms");
         if (head > 0)
@@ -156,11 +160,11 @@ private:
         return neck;
     }
 
-    /// Arms that hang from the neck: it is called so.
+    /// By its name; arms may hang from the neck, too.
     bool isNeck(std::size_t joint) const
     {
         const NameHint& hint = m_evidence.hints[joint];
-        return hint.says(Part::Neck) && !hint.says(Part::Spine);
+        return hint.says(Part::Neck) && !hint.says(Part::Spine) && !hint.mayBe(Part::Head);
     }
 
     /// What the tables say counts where it takes in the joint that bears the arms, and goes up.
