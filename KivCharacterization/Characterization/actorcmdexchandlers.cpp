@@ -6,6 +6,7 @@
 #include "KivAnimation/basicanimationmanager.h"
 #include "KivCharacterization/Characterization/contactcolour.h"
 #include "KivCharacterization/Characterization/labelvisibility.h"
+#include "KivCharacterization/common/commandcodes.h"
 #include "KivMemoryShare/scenecfgshare.h"
 #include "KivReader/readerwriterbvh.h"
 #include "KivRenderState/kivrenderstatemanager.h"
@@ -16,7 +17,9 @@ using KivMemoryShare::SceneCfgShare;
 using KivRenderState::KivRenderStateManager;
 
 ResetCharacterizaionSessionCmdExcHandler::ResetCharacterizaionSessionCmdExcHandler(ActorTable* actors)
-    : ICmdExcDelegate(1, 23, 24, 25), m_pActors(actors)
+    : ICmdExcDelegate(kResetSessionCodes[0], kResetSessionCodes[1], kResetSessionCodes[2],
+                      kResetSessionCodes[3]),
+      m_pActors(actors)
 {}
 
 bool ResetCharacterizaionSessionCmdExcHandler::execute()
@@ -32,7 +35,10 @@ bool ResetCharacterizaionSessionCmdExcHandler::execute()
 
 CmdRequireActorCountExcHandler::CmdRequireActorCountExcHandler(ActorTable* actors, std::size_t count,
                                                                const std::string& actorId)
-    : ICmdExcDelegate(1, 32, 33, 34), m_pActors(actors), m_nCount(count), m_strActorId(actorId)
+    : ICmdExcDelegate(kRemoveActorCodes[0], kRemoveActorCodes[1], kRemoveActorCodes[2], kRemoveActorCodes[3]),
+      m_pActors(actors),
+      m_nCount(count),
+      m_strActorId(actorId)
 {}
 
 bool CmdRequireActorCountExcHandler::prepare()
@@ -86,7 +92,7 @@ bool CmdRequireActorCountExcHandler::execute()
 
 ChangeActorNameExcHandler::ChangeActorNameExcHandler(ActorTable* actors, FontTable* fonts,
                                                      const std::string& actorId, const std::string& newName)
-    : ICmdExcDelegate(1, 47, 48, 49),
+    : ICmdExcDelegate(kRenameActorCodes[0], kRenameActorCodes[1], kRenameActorCodes[2], kRenameActorCodes[3]),
       m_pActors(actors),
       m_pFonts(fonts),
       m_strActorId(actorId),
@@ -106,7 +112,11 @@ bool ChangeActorNameExcHandler::execute()
 
 ChangeStickContactColorCmdExcHandler::ChangeStickContactColorCmdExcHandler(
     ActorTable* actors, const KivCommonDef::KIV_STICKCONTACT_COLOR& color, const std::string& jointName)
-    : ICmdExcDelegate(1, 50, 51, 52), m_pActors(actors), m_color(color), m_strJointName(jointName)
+    : ICmdExcDelegate(kColourContactCodes[0], kColourContactCodes[1], kColourContactCodes[2],
+                      kColourContactCodes[3]),
+      m_pActors(actors),
+      m_color(color),
+      m_strJointName(jointName)
 {}
 
 bool ChangeStickContactColorCmdExcHandler::prepare()

@@ -22,7 +22,7 @@ namespace KivCharacterization {
 ///   reader. The actors' animations stay registered with the animation manager: the host drops them with
 ///   its own session.
 /// - finish: nothing.
-class ResetCharacterizaionSessionCmdExcHandler : public KivTaskCommand::ICmdExcDelegate
+class ResetCharacterizaionSessionCmdExcHandler : public KivTaskCommand::ICmdExcDelegate  // frozen
 {
 public:
     explicit ResetCharacterizaionSessionCmdExcHandler(ActorTable* actors);

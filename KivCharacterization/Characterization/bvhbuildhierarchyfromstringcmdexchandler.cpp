@@ -9,6 +9,7 @@
 #include "KivCharacterization/Characterization/labelvisibility.h"
 #include "KivCharacterization/Characterization/namelabel.h"
 #include "KivCharacterization/Characterization/rootjoint.h"
+#include "KivCharacterization/common/commandcodes.h"
 #include "KivCharacterization/naming.h"
 #include "KivMemoryShare/scenecfgshare.h"
 #include "KivReader/readerwriterbvh.h"
@@ -39,7 +40,7 @@ bool succeeds(const Step& step)
 BVHBuildHierarchyFromStringCmdExcHandler::BVHBuildHierarchyFromStringCmdExcHandler(
     IveInfoTable* avatars, ActorTable* actors, FontTable* fonts, const std::string& hierarchy,
     const std::string& actorId, const std::string& actorName)
-    : ICmdExcDelegate(1, 2, 3, 4),
+    : ICmdExcDelegate(kLoadActorCodes[0], kLoadActorCodes[1], kLoadActorCodes[2], kLoadActorCodes[3]),
       m_pAvatars(avatars),
       m_pActors(actors),
       m_pFonts(fonts),
@@ -167,7 +168,7 @@ void BVHBuildHierarchyFromStringCmdExcHandler::buildScene(const std::string& id,
     if (!m_pFonts->empty() && m_pFonts->begin()->second) {
         label = makeNameLabel(*m_pFonts->begin()->second, m_strActorName);
         attachNameLabel(label, skeleton, *skeletonSwitch);
-        (*m_pActors)[id].hasLabel = true;
+        (*m_pActors)[id].hasLabel = true;  // frozen
         label.labelSwitch->setAllChildrenOff();
         label.labelSwitch->setNodeMask(kOverlayMask);
     }

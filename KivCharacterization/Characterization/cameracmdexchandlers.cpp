@@ -3,6 +3,7 @@
 #include <osgGA/CameraManipulator>
 #include <osgViewer/CompositeViewer>
 
+#include "KivCharacterization/common/commandcodes.h"
 #include "KivMemoryShare/scenecfgshare.h"
 #include "KivRenderState/kivrenderstatemanager.h"
 
@@ -12,7 +13,10 @@ using KivRenderState::KivRenderStateManager;
 
 CameraTraceCmdExcHandler::CameraTraceCmdExcHandler(ActorTable* actors, const std::string& traceId,
                                                    bool traceOn)
-    : ICmdExcDelegate(1, 26, 27, 28), m_pActors(actors), m_strTraceId(traceId), m_bTraceOn(traceOn)
+    : ICmdExcDelegate(kCameraTraceCodes[0], kCameraTraceCodes[1], kCameraTraceCodes[2], kCameraTraceCodes[3]),
+      m_pActors(actors),
+      m_strTraceId(traceId),
+      m_bTraceOn(traceOn)
 {}
 
 bool CameraTraceCmdExcHandler::prepare()
@@ -23,7 +27,9 @@ bool CameraTraceCmdExcHandler::prepare()
     return true;
 }
 
-CameraHomePositionCmdExcHandler::CameraHomePositionCmdExcHandler() : ICmdExcDelegate(1, 38, 39, 40) {}
+CameraHomePositionCmdExcHandler::CameraHomePositionCmdExcHandler()
+    : ICmdExcDelegate(kCameraHomeCodes[0], kCameraHomeCodes[1], kCameraHomeCodes[2], kCameraHomeCodes[3])
+{}
 
 bool CameraHomePositionCmdExcHandler::execute()
 {

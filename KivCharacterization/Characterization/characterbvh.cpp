@@ -13,8 +13,8 @@ namespace {
 
 const char* const kSource = "KivCharacterization/Characterization/characterbvh";
 
-// Process-wide: a fitting run that an exception ends leaves it set.  // frozen
-SFittingRun currentRun;
+// Process-wide: a fitting run that an exception ends leaves it set.
+SFittingRun currentRun;  // frozen
 
 KivAnimation::Skeleton* findSkeleton(osg::Node* node)
 {
@@ -44,12 +44,12 @@ unsigned int AttachEntityToBvhSkeleton(const std::string& actorName, osg::Node* 
 {
     auto* group = dynamic_cast<osg::Group*>(root);
     if (!group) {
-        reportError(kSource, 25, "node invalid !");
+        reportError(kSource, 25, "node invalid !");  // frozen
         return 0;
     }
     KivAnimation::Skeleton* skeleton = findSkeleton(group);
     if (!skeleton) {
-        reportError(kSource, 37, "can not find skeleton node !");
+        reportError(kSource, 37, "can not find skeleton node !");  // frozen
         return 0;
     }
     const osg::ref_ptr<osg::NodeVisitor> joints = new CBvhSkeletonNodeVisitor(&record.jointMap);
@@ -64,7 +64,8 @@ unsigned int AttachEntityToBvhSkeleton(const std::string& actorName, osg::Node* 
     currentRun.record = nullptr;
     currentRun.avatar = nullptr;
     if (!fitted) {
-        reportError(kSource, 60, "an expection occurred while the function AttachEntityToBvhSkeleton exec!");
+        reportError(kSource, 60,
+                    "an expection occurred while the function AttachEntityToBvhSkeleton exec!");  // frozen
         return 0;
     }
     currentRun.actorName.clear();

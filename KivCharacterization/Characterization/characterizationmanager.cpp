@@ -71,7 +71,7 @@ bool CharacterizationManager::initalCharacterModel(const std::string& rootDir)
     TavrinCommonErrorMsg* sink = TavrinCommonErrorMsg::instance();
     sink->LogInfo(dir);
     const auto report = [sink](const std::string& path, bool loaded) {
-        sink->SetLastErrorMsg("Read file :" + path + (loaded ? "successed!" : "failed!"));
+        sink->SetLastErrorMsg("Read file :" + path + (loaded ? "successed!" : "failed!"));  // frozen
     };
 
     const std::string ivePath = dir + "/" + "Data/IVE/avatar.ive";

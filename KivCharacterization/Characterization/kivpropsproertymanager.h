@@ -19,11 +19,11 @@ namespace KivCharacterization {
 /// The mutex is held only while a list changes. Deliveries walk the observers without it, on whatever
 /// thread reports the change: nothing guards them against a registration on another thread. An observer may
 /// unregister itself from inside a delivery; unregistering another one there is not supported.
-class KivPropsProertyManager
+class KivPropsProertyManager  // frozen
 {
 public:
     /// What a props is given to report its changes to. Belongs to the manager that made it.
-    class ProertyChangeLink : public KivManipulator::IPropsGeodePropertyNotify
+    class ProertyChangeLink : public KivManipulator::IPropsGeodePropertyNotify  // frozen
     {
     public:
         explicit ProertyChangeLink(KivPropsProertyManager* manager) : m_pManager(manager) {}
@@ -60,12 +60,12 @@ public:
     virtual bool PropsFlagChanged(std::string propsName, bool flag);
 
     /// Appends an observer that is not there yet. Always true.
-    bool RegistNotify(IPropsPropertyModifyNotify* observer);
+    bool RegistNotify(IPropsPropertyModifyNotify* observer);  // frozen
     /// @return whether the observer was registered.
-    bool UnRegistNotify(IPropsPropertyModifyNotify* observer);
+    bool UnRegistNotify(IPropsPropertyModifyNotify* observer);  // frozen
 
     /// Links live until the manager is destroyed, however early their props dies.
-    ProertyChangeLink* CreateProertyChangeLink();
+    ProertyChangeLink* CreateProertyChangeLink();  // frozen
 
 private:
     KivPropsProertyManager();
@@ -78,6 +78,8 @@ private:
     OpenThreads::Mutex m_mutex;
 
     static KivPropsProertyManager* m_pIns;
+
+    friend struct KivPropsProertyManagerAccess;  // the module's own tests hold the mutex
 };
 
 }  // namespace KivCharacterization

@@ -19,7 +19,7 @@ bool readAvatar(const std::string& path, osg::ref_ptr<osg::Node>& node)
     const ReaderWriterIVE reader;
     osgDB::ReaderWriter::ReadResult result = reader.readNode(path, nullptr);
     if (!result.success()) {
-        reportError(kSource, 122, "can not successfully load the ive file!");
+        reportError(kSource, 122, "can not successfully load the ive file!");  // frozen
         return false;
     }
     node = result.getNode();
@@ -30,7 +30,7 @@ bool analyseAvatar(osg::Node* model, CommonTypeDef::SIveInfo& info)
 {
     auto* group = dynamic_cast<osg::Group*>(model);
     if (!group) {
-        reportError(kSource, 161, "can not successfully analysis the ive file!");
+        reportError(kSource, 161, "can not successfully analysis the ive file!");  // frozen
         return false;
     }
     osg::ref_ptr<CIveSkeletonNodeVisitor> joints =

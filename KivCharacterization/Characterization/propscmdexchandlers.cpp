@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "KivCharacterization/common/commandcodes.h"
 #include "KivManipulator/propsgeode.h"
 
 namespace KivCharacterization {
@@ -32,7 +33,7 @@ bool findTarget(const ActorTable& actors, const std::string& actorKey, const std
 PropsModifyCmdExcHandler::PropsModifyCmdExcHandler(ActorTable* actors, const std::string& propsName,
                                                    const std::string& actorKey, PropsModifyKind kind,
                                                    bool show)
-    : ICmdExcDelegate(1, 41, 42, 43),
+    : ICmdExcDelegate(kShowDraggerCodes[0], kShowDraggerCodes[1], kShowDraggerCodes[2], kShowDraggerCodes[3]),
       m_pActors(actors),
       m_strPropsName(propsName),
       m_strActorKey(actorKey),
@@ -69,7 +70,7 @@ bool PropsModifyCmdExcHandler::execute()
 PropsGemoetryMatCmdExcHandler::PropsGemoetryMatCmdExcHandler(ActorTable* actors, const std::string& propsName,
                                                              const std::string& actorKey,
                                                              const double* matrix)
-    : ICmdExcDelegate(1, 44, 45, 46),
+    : ICmdExcDelegate(kPropsMatrixCodes[0], kPropsMatrixCodes[1], kPropsMatrixCodes[2], kPropsMatrixCodes[3]),
       m_pActors(actors),
       m_strPropsName(propsName),
       m_strActorKey(actorKey),

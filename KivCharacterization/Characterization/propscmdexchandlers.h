@@ -48,7 +48,7 @@ private:
 /// - prepare: finds the props; false if there is none.
 /// - execute: sets the matrix; false without a props.
 /// - finish: nothing.
-class PropsGemoetryMatCmdExcHandler : public KivTaskCommand::ICmdExcDelegate
+class PropsGemoetryMatCmdExcHandler : public KivTaskCommand::ICmdExcDelegate  // frozen
 {
 public:
     /// @param matrix 16 numbers, copied.

@@ -23,7 +23,7 @@ private:
 };
 
 /// Motion skeleton: the segments between bones and the bones directly below them, at rest.
-class CBVhCalBoneLenNodeVisitor : public osg::NodeVisitor
+class CBVhCalBoneLenNodeVisitor : public osg::NodeVisitor  // frozen
 {
 public:
     explicit CBVhCalBoneLenNodeVisitor(BvhSegmentMap* segments);
@@ -40,7 +40,7 @@ class CIveSkeletonNodeVisitor : public osg::NodeVisitor
 {
 public:
     /// @param extra carried along, not read and not written.
-    CIveSkeletonNodeVisitor(IveJointMap* joints, SkeletonExtra* extra);
+    CIveSkeletonNodeVisitor(IveJointMap* joints, SkeletonExtra* extra);  // frozen
     void apply(osg::Node& node) override;
     using osg::NodeVisitor::apply;
 

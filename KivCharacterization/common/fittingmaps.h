@@ -47,7 +47,7 @@ using IveJointMap = std::map<std::string, IveJointEntry>;
 using IveSegmentMap = std::map<std::string, IveSegment>;
 
 /// A second table that the analysis of an avatar hands around; nothing fills it.
-using SkeletonExtra = std::map<std::string, osg::MatrixTransform*>;
+using SkeletonExtra = std::map<std::string, osg::MatrixTransform*>;  // frozen
 
 /// Props by normalised joint name; the scene graph keeps them alive.
 using PropsMap = std::map<std::string, osg::observer_ptr<KivManipulator::PropsGeode>>;

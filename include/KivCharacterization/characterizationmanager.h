@@ -57,11 +57,11 @@ public:
     /// directory, each once in the manager's life, and reports both outcomes to the error sink.
     /// @param rootDir empty: the working directory.
     /// @return whether a font is there. A failed avatar shows in the error sink alone.
-    bool initalCharacterModel(const std::string& rootDir);
+    bool initalCharacterModel(const std::string& rootDir);  // frozen
 
     /// Whether load commands may be created; they may at first. Both answer true.
-    bool EnableCharacterizaion();
-    bool DisableCharacterizaion();
+    bool EnableCharacterizaion();   // frozen
+    bool DisableCharacterizaion();  // frozen
 
     /// Whether the camera follows an actor, and which. Always true.
     bool GetCameraTraceState(bool& traceOn, std::string& traceId);
@@ -69,8 +69,8 @@ public:
     /// Observers are not owned. Registering twice counts once and answers true; unregistering answers
     /// whether the observer was registered. Register the first one before the first load command is
     /// submitted, or while none runs.
-    bool RegistPropsPropertyChangeNotify(IPropsPropertyModifyNotify* observer);
-    bool UnRegistPropsPropertyChangeNotify(IPropsPropertyModifyNotify* observer);
+    bool RegistPropsPropertyChangeNotify(IPropsPropertyModifyNotify* observer);    // frozen
+    bool UnRegistPropsPropertyChangeNotify(IPropsPropertyModifyNotify* observer);  // frozen
 
     /// Takes every actor out of the scene; avatar and font stay loaded.
     bool ResetCharacterizationManager(KivTaskCommand::TaskCommand* cmd);
@@ -92,12 +92,12 @@ public:
     /// Sets the contact colour of a joint, on every actor there is and will be.
     bool ChangeActorStactColorCommand(const std::string& jointName,
                                       const KivCommonDef::KIV_STICKCONTACT_COLOR& color,
-                                      KivTaskCommand::TaskCommand* cmd);
+                                      KivTaskCommand::TaskCommand* cmd);  // frozen
     /// Sets the geometry matrix of a props.
     /// @param name   the props joint's name, without qualifier.
     /// @param matrix 16 numbers in osg::Matrixd's order, copied before the call returns.
     bool SetPropsGemoetryMat(KivTaskCommand::TaskCommand* cmd, int actorIndex, const std::string& name,
-                             const double* matrix);
+                             const double* matrix);  // frozen
     bool ShowPropsDragger(KivTaskCommand::TaskCommand* cmd, int actorIndex, const std::string& name,
                           bool show);
     bool ShowContactPointDragger(KivTaskCommand::TaskCommand* cmd, int actorIndex, const std::string& name,
@@ -109,15 +109,15 @@ private:
 
     bool loadIveFile(const std::string& path);
     bool loadFontFile(const std::string& path);
-    bool AnalysisIve(osg::Node* model, CommonTypeDef::SIveInfo& info);
-    bool IsEnableCharacterizaion();
+    bool AnalysisIve(osg::Node* model, CommonTypeDef::SIveInfo& info);  // frozen
+    bool IsEnableCharacterizaion();                                     // frozen
 
     std::string m_strRootDir;
     bool m_bEnableCharacterization;
     std::map<std::string, CommonTypeDef::SIveInfo> m_mapIveInfo;
     std::map<std::string, SActorInfo> m_mapActors;
     std::map<std::string, osg::ref_ptr<osgText::Font>> m_mapFonts;
-    osg::ref_ptr<osg::Referenced> m_spHeldObject;
+    osg::ref_ptr<osg::Referenced> m_spHeldObject;  // frozen
 
     static CharacterizationManager* m_pIns;
 

@@ -3,7 +3,7 @@
 namespace KivCharacterizationCommonDef {
 
 /// What characterization is doing; overlays follow frame data only when it is ready.
-enum ECharacterizaionState : int
+enum ECharacterizaionState : int  // frozen
 {
     CharacterizationIdle = 0,
     CharacterizationBuilding = 1,

@@ -59,14 +59,14 @@ public:
     /// Ties the props to the bone that carries it, which is only watched. The two matrices, the bone's at
     /// rest and that of the props' node, are kept for the getters. False, and nothing changed, for a null
     /// bone or a number that is not finite.
-    bool SetInitalBoneAndMatrix(osg::MatrixTransform* bone, const osg::Matrixd& boneMatrix,
+    bool SetInitalBoneAndMatrix(osg::MatrixTransform* bone, const osg::Matrixd& boneMatrix,  // frozen
                                 const osg::Matrixd& jointMatrix);
 
     /// Sets the matrix of the props transform from 16 numbers in osg::Matrixd's order (row vectors,
     /// translation in elements 12 to 14). False, and nothing changed, for null or a number that is not
     /// finite. Nobody is notified: the sink hears of the user's edits alone. A drag in progress is finished
     /// first.
-    bool SetPropsGemoetryMat(const double* matrix);
+    bool SetPropsGemoetryMat(const double* matrix);  // frozen
 
     /// The two draggers are independent of each other. Showing one sizes it to the props as it is then. False
     /// where `SetDefaultDragger` has built none.
