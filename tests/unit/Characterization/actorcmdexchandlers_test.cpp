@@ -230,20 +230,24 @@ TEST_F(ColouringContacts, storesTheColourForActorsToComeInPrepare)
 
 TEST_F(ColouringContacts, repaintsTheJointOfEveryActorFromTheLastTwelveBytes)
 {
-    SActorInfo& actor = addActor("1");
-    osg::ref_ptr<KivAnimation::Bone> foot = new KivAnimation::Bone("1#LeftFoot");
-    KivAnimation::PoseProgram program;
-    program.joints.resize(1);
-    program.joints[0].bone = foot.get();
-    actor.animation->setMotion({}, program);
-    addActor("2").animation = nullptr;
+    addActor("1").animation = nullptr;
+    std::vector<osg::ref_ptr<KivAnimation::Bone>> feet;
+    for (const char* key : {"2", "3"}) {
+        feet.push_back(new KivAnimation::Bone(std::string(key) + "#LeftFoot"));
+        KivAnimation::PoseProgram program;
+        program.joints.resize(1);
+        program.joints[0].bone = feet.back().get();
+        addActor(key).animation->setMotion({}, program);
+    }
 
     const KivCommonDef::KIV_STICKCONTACT_COLOR color = {{9, 9, 9}, 0.1f, 0.2f, 0.3f};
     ChangeStickContactColorCmdExcHandler paint(&actors, color, "LeftFoot");
     EXPECT_TRUE(run(paint));
-    osg::Vec4f painted;
-    ASSERT_TRUE(actor.animation->getJointContactColor("LeftFoot", painted));
-    EXPECT_EQ(painted, osg::Vec4f(0.1f, 0.2f, 0.3f, 1.0f));
+    for (const char* key : {"2", "3"}) {
+        osg::Vec4f painted;
+        ASSERT_TRUE(actors.at(key).animation->getJointContactColor("LeftFoot", painted)) << key;
+        EXPECT_EQ(painted, osg::Vec4f(0.1f, 0.2f, 0.3f, 1.0f));
+    }
 }
 
 }  // namespace

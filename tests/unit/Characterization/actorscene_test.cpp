@@ -54,6 +54,8 @@ TEST_F(CentreOfMassMarkers, areDarkRedAndTranslucent)
         const auto* material =
             dynamic_cast<const osg::Material*>(state->getAttribute(osg::StateAttribute::MATERIAL));
         ASSERT_TRUE(material);
+        // Neither forced onto what is below nor protected from what is above.
+        EXPECT_EQ(state->getAttributePair(osg::StateAttribute::MATERIAL)->second, 0u);
         for (const auto face : {osg::Material::FRONT, osg::Material::BACK}) {
             EXPECT_EQ(material->getDiffuse(face), osg::Vec4(0.7f, 0.0f, 0.0f, 0.8f));
             EXPECT_EQ(material->getAmbient(face), osg::Vec4(0.7f, 0.0f, 0.0f, 0.8f));
@@ -103,6 +105,7 @@ TEST(SkeletonState, lightsBothSidesAndLetsNobodyCullTheBack)
         dynamic_cast<const osg::LightModel*>(state->getAttribute(osg::StateAttribute::LIGHTMODEL));
     ASSERT_TRUE(light);
     EXPECT_TRUE(light->getTwoSided());
+    EXPECT_EQ(state->getAttributePair(osg::StateAttribute::LIGHTMODEL)->second, 0u);
     const auto* cull = dynamic_cast<const osg::CullFace*>(state->getAttribute(osg::StateAttribute::CULLFACE));
     ASSERT_TRUE(cull);
     EXPECT_EQ(cull->getMode(), osg::CullFace::BACK);

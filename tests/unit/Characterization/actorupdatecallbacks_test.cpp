@@ -318,6 +318,22 @@ TEST_F(StickContacts, areAllRemovedByASuccessfulReadOfNone)
     EXPECT_TRUE(spheres->getValue(0));
 }
 
+TEST_F(StickContacts, areSwitchedOnByASuccessfulReadOfNone)
+{
+    publish({});
+    update(*spheres);
+    spheres->addChild(new osg::Group);
+    EXPECT_TRUE(spheres->getValue(0));
+}
+
+TEST_F(StickContacts, havePaintThatIsNeitherForcedNorProtected)
+{
+    publish({kTouching});
+    update(*spheres);
+    const osg::StateSet* state = spheres->getChild(0)->asGroup()->getChild(0)->getStateSet();
+    EXPECT_EQ(state->getAttributePair(osg::StateAttribute::MATERIAL)->second, 0u);
+}
+
 TEST_F(StickContacts, areHiddenWhenAReadFails)
 {
     publish({kTouching, kFree});
@@ -440,6 +456,23 @@ TEST_F(NameLabel, standsAboveTheBoneByTheHeadsExtent)
 {
     update(*neck);
     // The box's height, half the letters' height and a gap of one: not the box's top, which is 25 up.
+    EXPECT_NEAR((label->getMatrix().getTrans() - osg::Vec3d(2, 3, 20 + 6 + 1)).length(), 0.0, 1e-4);
+}
+
+TEST_F(NameLabel, comesDownAgainOverAHeadThatGetsSmaller)
+{
+    update(*neck);
+    head->setChild(0, new osg::ShapeDrawable(new osg::Box(osg::Vec3(2, 3, 5), 8, 6, 10)));
+    update(*neck);
+    EXPECT_NEAR((label->getMatrix().getTrans() - osg::Vec3d(2, 3, 10 + 6 + 1)).length(), 0.0, 1e-4);
+}
+
+TEST_F(NameLabel, makesRoomForWhatIsHiddenAtTheHead)
+{
+    const osg::ref_ptr<osg::Switch> hidden = new osg::Switch;
+    hidden->addChild(head->getChild(0), false);
+    head->setChild(0, hidden.get());
+    update(*neck);
     EXPECT_NEAR((label->getMatrix().getTrans() - osg::Vec3d(2, 3, 20 + 6 + 1)).length(), 0.0, 1e-4);
 }
 

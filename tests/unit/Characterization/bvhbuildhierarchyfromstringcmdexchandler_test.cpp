@@ -275,6 +275,19 @@ TEST_F(LoadingAnActor, givesTheLabelTheSystemsProperties)
     EXPECT_TRUE(text.computeBoundingBox().valid());
 }
 
+TEST_F(LoadingAnActor, wearsTheFirstOfSeveralAvatarsAndTheFirstOfSeveralFonts)
+{
+    // Both stand behind the ones that were there before.
+    avatars["z"];
+    const osg::ref_ptr<osgText::Font> first = fonts.begin()->second;
+    fonts["~"] = new osgText::Font;
+    ASSERT_EQ(avatars.begin()->first, "avatar");
+    ASSERT_EQ(fonts.begin()->second, first);
+    ASSERT_TRUE(load(smallFigureBvh()));
+    EXPECT_TRUE(findPiece(*boneOf(actors.at("7"), "Head"), "Joint:Head$").copy);
+    EXPECT_EQ(actors.at("7").labelText->getFont(), first.get());
+}
+
 TEST_F(LoadingAnActor, buildsEverythingButTheLabelWithoutAFont)
 {
     for (const bool nullEntry : {false, true}) {
@@ -392,6 +405,18 @@ TEST_F(LoadingAnActor, cutsTheTextAtItsFirstNul)
                                                               "Seven", &cut);
     EXPECT_TRUE(cut.run());
     EXPECT_EQ(access.actors.count("7"), 1u);
+}
+
+TEST_F(LoadingAnActor, isCalledWhatTheManagerIsToldAndKeyedByItsSignedIndex)
+{
+    CharacterizationManagerAccess access(*CharacterizationManager::instance());
+    access.avatars = avatars;
+    access.fonts = fonts;
+    TaskCommand loading;
+    CharacterizationManager::instance()->createLoadBVHCommand(smallFigureBvh(), -7, "Seven", &loading);
+    ASSERT_TRUE(loading.run());
+    ASSERT_EQ(access.actors.count("-7"), 1u);
+    EXPECT_EQ(access.actors.at("-7").labelText->getText().createUTF8EncodedString(), "Seven");
 }
 
 }  // namespace

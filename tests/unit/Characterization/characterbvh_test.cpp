@@ -226,6 +226,52 @@ TEST_F(Dressing, leavesNothingHalfMadeWhereAPieceCannotBeCopied)
     EXPECT_EQ(handBone->getNumChildren(), 0u);
 }
 
+/// A piece that writes down when it is copied.
+class LoggingPiece : public osg::MatrixTransform
+{
+public:
+    LoggingPiece(const std::string& name, std::vector<std::string>& log) : m_pLog(&log) { setName(name); }
+    osg::Object* clone(const osg::CopyOp& copyop) const override
+    {
+        m_pLog->push_back(getName());
+        return osg::MatrixTransform::clone(copyop);
+    }
+
+private:
+    std::vector<std::string>* m_pLog;
+};
+
+TEST_F(Dressing, goesByTheNamesOfTheJointsInAscendingOrder)
+{
+    std::vector<std::string> copied;
+    const auto hips = bone("7#C");
+    osg::ref_ptr<KivAnimation::Bone> last = hips;
+    for (const char* name : {"C", "A", "B"}) {
+        const auto node = avatarNode(name);
+        node->addChild(new LoggingPiece(std::string("Joint:") + name + "$", copied));
+        avatarRoot->addChild(node);
+        if (*name != 'C') {
+            const auto next = bone(std::string("7#") + name);
+            last->addChild(next);
+            last = next;
+        }
+    }
+    ASSERT_EQ(dress(skeletonOf(hips.get()).get()), 1u);
+    EXPECT_EQ(copied, (std::vector<std::string>{"Joint:A$", "Joint:B$", "Joint:C$"}));
+}
+
+TEST_F(Dressing, takesARootThatIsTheSkeleton)
+{
+    const auto head = avatarNode("Head");
+    head->addChild(avatarPiece("Joint:Head$"));
+    avatarRoot->addChild(head);
+    const auto headBone = bone("7#Head");
+    const osg::ref_ptr<KivAnimation::Skeleton> skeleton = new KivAnimation::Skeleton;
+    skeleton->addChild(headBone);
+    EXPECT_EQ(dress(skeleton.get()), 1u);
+    EXPECT_TRUE(findPiece(*headBone, "Joint:Head$").copy);
+}
+
 TEST_F(Dressing, hangsThePiecesOfAJointInTheOrderOfTheAvatar)
 {
     const auto head = avatarNode("Head");
@@ -541,6 +587,13 @@ TEST_F(DressingProps, putTheTransformFirstAndTheGeodeBesideIt)
     EXPECT_EQ(geode->getActorName(), "7");
     EXPECT_EQ(geode->getPropsPosition(), osg::Vec3f(1.5f, -2.5f, 3.5f));
     ASSERT_TRUE(geode->getNotify());
+    const AttachedPiece second = findPiece(*propsBone, "Joint:LeftProps#2$");
+    const auto* other = dynamic_cast<KivManipulator::PropsGeode*>(second.wrapper->getChild(1));
+    ASSERT_TRUE(other);
+    EXPECT_NE(geode->getNotify(), other->getNotify());
+    // It has draggers to show.
+    EXPECT_TRUE(geode->ShowPropsDragger(true));
+    EXPECT_TRUE(geode->isPropsDraggerShown());
     // An untagged piece is not tied to its bone.
     EXPECT_EQ(geode->getInitialBone(), nullptr);
     EXPECT_EQ(geode->getPropsName(), "7#LeftProps");

@@ -5,6 +5,8 @@
 
 #include <memory>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "KivCharacterization/Characterization/kivpropsproertymanager.h"
 #include "KivCharacterization/ipropspropertymodifynotify.h"
@@ -113,6 +115,11 @@ TEST_F(Manager, sharesSceneObjectsWithItsCopies)
     SActorInfo actor;
     actor.root = new osg::Group;
     access().actors["3"] = actor;
+    access().avatars["avatar"].node = new osg::Group;
+    access().avatars["avatar"].jointMap["Hips"];
+    access().fonts["font"] = new osgText::Font;
+    const osg::ref_ptr<osg::Node> model = access().avatars["avatar"].node;
+    const osg::ref_ptr<osgText::Font> font = access().fonts["font"];
     access().heldObject = new osg::Referenced;
     manager().DisableCharacterizaion();
     access().rootDir = "/here";
@@ -130,11 +137,22 @@ TEST_F(Manager, sharesSceneObjectsWithItsCopies)
     EXPECT_EQ(copied.rootDir, "/here");
     EXPECT_FALSE(copied.isEnabled());
 
+    EXPECT_EQ(copied.avatars.at("avatar").node, model);
+    EXPECT_EQ(copied.fonts.at("font"), font);
+
+    // The tables are copies of their own.
     access().actors.clear();
+    access().avatars["avatar"].jointMap.clear();
+    access().fonts.clear();
     manager().EnableCharacterizaion();
     EXPECT_EQ(copied.actors.size(), 1u);
+    EXPECT_EQ(copied.avatars.at("avatar").jointMap.size(), 1u);
+    EXPECT_EQ(copied.fonts.size(), 1u);
     *copy = manager();
     EXPECT_TRUE(copied.actors.empty());
+    EXPECT_TRUE(copied.avatars.at("avatar").jointMap.empty());
+    EXPECT_TRUE(copied.fonts.empty());
+    copied.avatars.clear();
     EXPECT_TRUE(copied.isEnabled());
     copied.rootDir = std::string();
     copied.heldObject = nullptr;
@@ -177,6 +195,39 @@ TEST_F(Manager, takesThePropsObserversWithItWhenReleased)
     KivPropsProertyManager::Instance()->PropsFlagChanged("P", true);
     EXPECT_EQ(observer.told, 0);
     EXPECT_FALSE(manager().UnRegistPropsPropertyChangeNotify(&observer));
+}
+
+/// A scene object that writes down when it goes, and whether an observer of props is still told then.
+template <typename Base>
+class Going : public Base
+{
+public:
+    Going(std::string name, std::vector<std::string>& log) : m_name(std::move(name)), m_pLog(&log) {}
+
+protected:
+    ~Going() override
+    {
+        KivPropsProertyManager::Instance()->PropsFlagChanged("P", true);
+        m_pLog->push_back(m_name);
+    }
+
+private:
+    std::string m_name;
+    std::vector<std::string>* m_pLog;
+};
+
+TEST_F(Manager, goesWithItsPropsObserversFirstAndItsFontsLast)
+{
+    std::vector<std::string> gone;
+    Listener observer;
+    manager().RegistPropsPropertyChangeNotify(&observer);
+    access().fonts["font"] = new Going<osgText::Font>("font", gone);
+    access().heldObject = new Going<osg::Referenced>("held object", gone);
+    access().actors["1"].root = new Going<osg::Group>("actor", gone);
+    access().avatars["avatar"].node = new Going<osg::Group>("avatar", gone);
+    CharacterizationManager::releaseIns();
+    EXPECT_EQ(gone, (std::vector<std::string>{"avatar", "actor", "held object", "font"}));
+    EXPECT_EQ(observer.told, 0);
 }
 
 TEST_F(Manager, handsAPropsChangeOnceToAnObserverThatWasRegisteredTwice)
@@ -238,6 +289,16 @@ TEST_F(RunCommands, renameTheActorOfTheIndexAndFailForAnUnknownOne)
     EXPECT_TRUE(manager().createChangeActorNameCommand(4, "New", &command));
     EXPECT_TRUE(command.run());
     EXPECT_EQ(access().actors.at("4").labelText->getText().createUTF8EncodedString(), "New");
+}
+
+TEST_F(RunCommands, takeIndicesAsUnsignedNumbers)
+{
+    addActor("4294967295");
+    EXPECT_TRUE(manager().createChangeActorNameCommand(4294967295u, "Last", &command));
+    EXPECT_TRUE(command.run());
+    EXPECT_TRUE(manager().ClearOrRemoveActor(&command, 1, 4294967295u));
+    EXPECT_TRUE(command.run());
+    EXPECT_TRUE(access().actors.empty());
 }
 
 TEST_F(RunCommands, traceAnActorWithTheCamera)

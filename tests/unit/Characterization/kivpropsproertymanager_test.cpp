@@ -3,11 +3,16 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <chrono>
+#include <cmath>
+#include <functional>
+#include <future>
 #include <stdexcept>
 #include <string>
 #include <vector>
 
 #include "KivCharacterization/ipropspropertymodifynotify.h"
+#include "tests/support/propsmanageraccess.h"
 
 namespace {
 
@@ -155,6 +160,17 @@ TEST_F(PropsChanges, snapComponentsUpToAMillionthToExactlyZero)
     EXPECT_GT(observer.m_position.z(), 0.0f);
 }
 
+TEST_F(PropsChanges, areDividedInSinglePrecisionBeforeTheySnap)
+{
+    Observer observer;
+    manager().RegistNotify(&observer);
+    // A hundredth of this number is above a millionth, but rounds down to it in single precision.
+    const float reported = std::nextafter(1e-4f, 1.0f);
+    ASSERT_GT(static_cast<double>(reported) / 100.0, 1e-6);
+    manager().PropsVectorsChanged("PropsBall", osg::Vec3f(reported, 0, 0), osg::Vec3f());
+    EXPECT_EQ(observer.m_position.x(), 0.0f);
+}
+
 TEST_F(PropsChanges, carryRotationAndScaleUntouched)
 {
     Observer observer;
@@ -253,6 +269,34 @@ TEST_F(PropsChanges, areForgottenWithTheManagerAndAFreshOneStartsEmpty)
     manager().PropsFlagChanged("P", true);
     EXPECT_TRUE(observer.m_ownLog.empty());
     EXPECT_FALSE(manager().UnRegistNotify(&observer));
+}
+
+/// Whether something waits while another thread holds the manager's mutex, and goes on afterwards.
+bool waitsForTheMutex(const std::function<void()>& operation)
+{
+    OpenThreads::Mutex& mutex = KivCharacterization::KivPropsProertyManagerAccess::mutex();
+    mutex.lock();
+    std::future<void> done = std::async(std::launch::async, operation);
+    const bool waited = done.wait_for(std::chrono::milliseconds(50)) == std::future_status::timeout;
+    mutex.unlock();
+    done.get();
+    return waited;
+}
+
+TEST_F(PropsChanges, changeTheListsUnderTheMutexAlone)
+{
+    Observer observer;
+    EXPECT_TRUE(waitsForTheMutex([&] { manager().RegistNotify(&observer); }));
+    EXPECT_TRUE(waitsForTheMutex([&] { manager().UnRegistNotify(&observer); }));
+    EXPECT_TRUE(waitsForTheMutex([&] { manager().CreateProertyChangeLink(); }));
+}
+
+TEST_F(PropsChanges, areDeliveredWithoutTheMutex)
+{
+    Observer observer;
+    manager().RegistNotify(&observer);
+    EXPECT_FALSE(waitsForTheMutex([&] { manager().PropsFlagChanged("PropsBall", true); }));
+    EXPECT_FALSE(observer.m_ownLog.empty());
 }
 
 TEST_F(PropsChanges, giveEveryPropsALinkOfItsOwn)

@@ -7,6 +7,7 @@
 #include "tests/support/figures.h"
 #include "tests/support/freshhost.h"
 #include "tests/support/manageraccess.h"
+#include "tests/support/otherplugin.h"
 
 namespace {
 
@@ -163,6 +164,28 @@ TEST_F(Loading, refusesAFontThatIsNoFont)
     content->writeFontBytes("no font");
     EXPECT_FALSE(manager().initalCharacterModel(content->root()));
     EXPECT_EQ(history().back(), fontLine("failed!"));
+}
+
+TEST_F(Loading, takesAFontFileThatHoldsSomethingElseAsLoadedWithoutAFont)
+{
+    content->copyFont();
+    const OtherPlugin noFont("ttf", [](const osgDB::Options*) { return new osg::Node; });
+    EXPECT_TRUE(manager().initalCharacterModel(content->root()));
+    const FontTable& fonts = CharacterizationManagerAccess(manager()).fonts;
+    ASSERT_EQ(fonts.count(content->root() + "/Data/Font/arial.ttf"), 1u);
+    EXPECT_FALSE(fonts.begin()->second.valid());
+}
+
+TEST_F(Loading, asksForTheFontToBeCached)
+{
+    content->copyFont();
+    int hint = 0;
+    const OtherPlugin font("ttf", [&hint](const osgDB::Options* options) {
+        hint = options ? options->getObjectCacheHint() : -1;
+        return new osgText::Font;
+    });
+    manager().initalCharacterModel(content->root());
+    EXPECT_EQ(hint, 16);
 }
 
 TEST_F(Loading, doesNotSearchOtherFoldersForAMissingFile)

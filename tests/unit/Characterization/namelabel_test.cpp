@@ -77,6 +77,16 @@ TEST_F(LabelPlace, isNowhereBesideANodeWithoutParent)
     EXPECT_TRUE(isFollowedFrom(*skeletonSwitch));
 }
 
+TEST_F(LabelPlace, leavesTheHeadTheCallbacksThatItHas)
+{
+    const auto head = add(*skeleton, "7#Head");
+    const osg::ref_ptr<osg::NodeCallback> earlier = new osg::NodeCallback;
+    head->setUpdateCallback(earlier);
+    attach();
+    EXPECT_EQ(head->getUpdateCallback(), earlier.get());
+    EXPECT_TRUE(dynamic_cast<ActorNameUpdateCallback*>(earlier->getNestedCallback()));
+}
+
 TEST(MadeNameLabel, isAWhiteTextInABillboard)
 {
     const osg::ref_ptr<osgText::Font> font = new osgText::Font;

@@ -5,66 +5,19 @@
 #include <osg/Notify>
 #include <osgDB/Registry>
 
-#include <functional>
 #include <limits>
 #include <new>
 #include <stdexcept>
 
 #include "tests/support/contentfolder.h"
 #include "tests/support/figures.h"
+#include "tests/support/otherplugin.h"
 
 namespace {
 
 using namespace KivCharacterization;
 using namespace KivTestSupport;
 using ReadResult = osgDB::ReaderWriter::ReadResult;
-
-/// Takes the place of OpenSceneGraph's plugin for an extension, or leaves it empty, for as long as it lives.
-class OtherPlugin
-{
-public:
-    using Answer = std::function<ReadResult()>;
-
-    explicit OtherPlugin(const std::string& extension)
-        : m_usual(registry().getReaderWriterForExtension(extension))
-    {
-        registry().removeReaderWriter(m_usual);
-    }
-    OtherPlugin(const std::string& extension, const Answer& answer) : OtherPlugin(extension)
-    {
-        m_other = new Answering(extension, answer);
-        registry().addReaderWriter(m_other);
-    }
-    ~OtherPlugin()
-    {
-        if (m_other) {
-            registry().removeReaderWriter(m_other);
-        }
-        registry().addReaderWriter(m_usual);
-    }
-    OtherPlugin(const OtherPlugin&) = delete;
-    OtherPlugin& operator=(const OtherPlugin&) = delete;
-
-private:
-    class Answering : public osgDB::ReaderWriter
-    {
-    public:
-        Answering(const std::string& extension, const Answer& answer) : m_answer(answer)
-        {
-            supportsExtension(extension, "what a test makes up");
-        }
-        ReadResult readNode(const std::string&, const Options*) const override { return m_answer(); }
-        ReadResult readObject(const std::string&, const Options*) const override { return m_answer(); }
-
-    private:
-        Answer m_answer;
-    };
-
-    static osgDB::Registry& registry() { return *osgDB::Registry::instance(); }
-
-    osg::ref_ptr<osgDB::ReaderWriter> m_usual;
-    osg::ref_ptr<osgDB::ReaderWriter> m_other;
-};
 
 /// An avatar and a font that are sound, and readers that are asked for them.
 class Reading : public testing::Test
@@ -102,17 +55,18 @@ TEST_F(Reading, namesThePluginThatIsNotInstalled)
 
 TEST_F(Reading, keepsInWhatAPluginThrows)
 {
-    const OtherPlugin throwing("ive",
-                               []() -> ReadResult { throw std::length_error("a count is too large"); });
+    const OtherPlugin throwing(
+        "ive", [](const osgDB::Options*) -> ReadResult { throw std::length_error("a count is too large"); });
     EXPECT_FALSE(avatar().success());
     EXPECT_EQ(avatar().message(), avatarRefused("a count is too large"));
-    const OtherPlugin shortOfMemory("ttf", []() -> ReadResult { throw std::bad_alloc(); });
+    const OtherPlugin shortOfMemory("ttf",
+                                    [](const osgDB::Options*) -> ReadResult { throw std::bad_alloc(); });
     EXPECT_FALSE(font().success());
 }
 
 TEST_F(Reading, refusesASuccessWithoutAnObject)
 {
-    const auto nothing = [] {
+    const auto nothing = [](const osgDB::Options*) {
         return ReadResult(static_cast<osg::Object*>(nullptr), ReadResult::FILE_LOADED);
     };
     const OtherPlugin emptyScene("ive", nothing);
@@ -124,7 +78,7 @@ TEST_F(Reading, refusesASuccessWithoutAnObject)
 
 TEST_F(Reading, refusesASceneThatIsNotSoundAndSaysWhy)
 {
-    const OtherPlugin unsound("ive", [] {
+    const OtherPlugin unsound("ive", [](const osgDB::Options*) {
         const auto hips = avatarNode("Hips", osg::Vec3d(std::numeric_limits<double>::infinity(), 0, 0));
         return ReadResult(hips.get());
     });
@@ -135,7 +89,7 @@ TEST_F(Reading, refusesASceneThatIsNotSoundAndSaysWhy)
 TEST_F(Reading, refusesAnEmptyFileAndOneThatIsTooLargeBeforeAPluginSeesThem)
 {
     bool asked = false;
-    const OtherPlugin watched("ive", [&asked] {
+    const OtherPlugin watched("ive", [&asked](const osgDB::Options*) {
         asked = true;
         return ReadResult(new osg::Group);
     });

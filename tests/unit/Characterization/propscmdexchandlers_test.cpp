@@ -65,14 +65,15 @@ TEST_F(PropsCommands, missAPropsThatHasGoneSinceTheyWereMade)
 {
     manager().ShowPropsDragger(&command, 7, "LeftProps", true);
     geode = nullptr;
-    EXPECT_FALSE(command.run());
+    EXPECT_FALSE(command.cmdExcImp()->prepare());
+    EXPECT_FALSE(command.cmdExcImp()->execute());
 }
 
 TEST_F(PropsCommands, missAPropsWhoseEntryIsEmpty)
 {
     actors()["7"].fitting.propsMap["RightProps"] = nullptr;
     manager().ShowPropsDragger(&command, 7, "RightProps", true);
-    EXPECT_FALSE(command.run());
+    EXPECT_FALSE(command.cmdExcImp()->prepare());
 }
 
 TEST_F(PropsCommands, findAPropsThatWasBuiltAfterTheyWereMade)

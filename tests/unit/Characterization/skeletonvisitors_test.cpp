@@ -165,6 +165,23 @@ TEST(Avatar, resetsAnEntryThatIsThereAlready)
     EXPECT_TRUE(entry.pieces.empty());
 }
 
+TEST(Avatar, isWalkedBelowItsPiecesAndBelowPlainGroups)
+{
+    const auto hips = avatarNode("Hips");
+    const auto piece = avatarPiece("Joint:Hips$");
+    const osg::ref_ptr<osg::Group> plain = new osg::Group;
+    const auto tail = avatarNode("Tail", osg::Vec3d(0, 1, 0));
+    tail->addChild(avatarNode("TailTip", osg::Vec3d(0, 2, 0)));
+    hips->addChild(piece);
+    piece->addChild(plain.get());
+    plain->addChild(tail);
+    const osg::ref_ptr<osg::Group> model = new osg::Group;
+    model->addChild(hips);
+    EXPECT_EQ(avatarJointsOf(*model).count("Tail"), 1u);
+    EXPECT_EQ(avatarJointsOf(*model).count("TailTip"), 1u);
+    EXPECT_EQ(avatarSegmentsOf(*model).count("Tail&TailTip"), 1u);
+}
+
 TEST(Avatar, doesNotNormaliseNamesInItsSegmentKeys)
 {
     const auto hips = avatarNode("A#Hips");
