@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
-# bench.sh: installs what is missing, builds, runs every benchmark beside its peers and writes the table of results into
-# docs/performance.md. Eight minutes on a calm machine; other work on the machine is seen in the figures, less in the
-# ratios, and least for root, whose benchmarks go ahead of it.
+# bench.sh: installs what is missing, builds, runs every benchmark beside its peers and writes the tables of results into
+# docs/performance.md and docs/measurements/benchmarks.md. Eight minutes on a calm machine; other work on the machine is
+# seen in the figures, less in the ratios, and least for root, whose benchmarks go ahead of it.
 # bench.sh --gate: counts the instructions of small works and fails where one needs 3 % more than
 # benchmarks/instructions.txt says. Under two minutes, and steady on a busy machine; with another compiler or processor
 # than the file names it tells and does not judge.
@@ -103,5 +103,6 @@ LIBGL_ALWAYS_SOFTWARE=1 LP_NUM_THREADS=0 "${early[@]}" xvfb-run -a -s "-screen 0
 echo "== drawn frames"
 LIBGL_ALWAYS_SOFTWARE=1 LP_NUM_THREADS=0 "${ahead[@]}" "$programs/kivdrawnframes" build/bench/root/Data/BVH/walk.bvh \
     >"$results/drawnframes.txt"
-echo "== Table (docs/performance.md)"
-python3 -B benchmarks/maketable.py "$results" build/bench/CMakeCache.txt docs/performance.md
+echo "== Tables (docs/performance.md, docs/measurements/benchmarks.md)"
+python3 -B benchmarks/maketable.py "$results" build/bench/CMakeCache.txt docs/measurements/benchmarks.md \
+    docs/performance.md

@@ -2,7 +2,7 @@
 # Builds with sanitizers and runs the tests: check_sanitizers.sh [--all]
 # By itself what finds most in little time: the module's tests and whole loads under AddressSanitizer and
 # UndefinedBehaviorSanitizer, threads and frame loop under ThreadSanitizer. With --all every test under both.
-#   KIV_TSAN_OSG  the libraries of an OpenSceneGraph that is built with ThreadSanitizer, too: docs/reliability.md
+#   KIV_TSAN_OSG  the libraries of an OpenSceneGraph that is built with ThreadSanitizer, too: docs/measurements/reliability.md
 set -euo pipefail
 cd "$(dirname "$(realpath "$0")")/.."
 

@@ -1,4 +1,5 @@
-"""Writes the results of the benchmarks between the markers of a page: maketable.py RESULTS CMAKECACHE PAGE."""
+"""Writes the results of the benchmarks between the markers of two pages: maketable.py RESULTS CMAKECACHE ALL TARGETS.
+ALL gets every figure, TARGETS the rows that have a target."""
 import glob
 import json
 import os
@@ -6,7 +7,7 @@ import re
 import statistics
 import sys
 from collections import defaultdict
-from dataclasses import dataclass
+from dataclasses import dataclass, replace
 from typing import Optional
 
 import drawntable
@@ -183,6 +184,17 @@ def line(row, figures):
     return f"| {row.work} | {number(figure)} {row.unit} | {peer} | {share} | {target} | {verdict} |"
 
 
+def with_target(rows):
+    """The rows that have a target, each with its whole name: a blank one and "…" go on from the row above."""
+    whole = ""
+    for row in rows:
+        if row.work and not row.work.startswith("…"):
+            whole = row.work
+        if row.limit is not None or row.at_most is not None or row.faster is not None:
+            work = f"{whole}, {row.work[2:]}" if row.work.startswith("…") else whole
+            yield replace(row, work=work)
+
+
 def stalls(figures):
     """The frame loop's waits as a histogram."""
     kinds = ("while 100 actors load", "while 100 empty commands pass", "with nothing to load")
@@ -215,18 +227,22 @@ def machine(context, cache):
             "Medians of processor time; each figure and its neighbour were measured in turns in one run.")
 
 
-def main(folder, cache, page):
-    figures, context = read_results(folder)
-    table = [BEGIN, "", machine(context, cache), "",
-             "| work | figure | beside | ratio | target | |", "|---|---|---|---|---|---|"]
-    table += [line(row, figures) for row in ROWS]
-    table += ["", *stalls(figures), "", *drawntable.tables(figures), "", *start(figures), "", END]
+def write_between_markers(page, lines):
     with open(page, encoding="utf-8") as stream:
         text = stream.read()
     before, rest = text.split(BEGIN, 1)
     after = rest.split(END, 1)[1]
     with open(page, "w", encoding="utf-8") as stream:
-        stream.write(before + "\n".join(table) + after)
+        stream.write(before + "\n".join([BEGIN, "", *lines, "", END]) + after)
+
+
+def main(folder, cache, all_page, targets_page):
+    figures, context = read_results(folder)
+    head = [machine(context, cache), "",
+            "| work | figure | beside | ratio | target | |", "|---|---|---|---|---|---|"]
+    write_between_markers(all_page, [*head, *(line(row, figures) for row in ROWS), "", *stalls(figures), "",
+                                     *drawntable.tables(figures), "", *start(figures)])
+    write_between_markers(targets_page, [*head, *(line(row, figures) for row in with_target(ROWS))])
     return 0
 
 
