@@ -2,6 +2,9 @@
 # symbols, warnings, sanitizers, where programs and libraries land.
 
 find_program(KIV_CCACHE ccache)
+# Headers take most of the time of a build, and sources that are compiled together read them once. They must be few, too:
+# after a change to one of them all are compiled again.
+set(KIV_SOURCES_AT_ONCE 6 CACHE STRING "How many sources of a target are compiled together; 1: each by itself")
 
 function(kiv_configure_target target)
     target_compile_features(${target} PUBLIC cxx_std_17)
@@ -10,6 +13,8 @@ function(kiv_configure_target target)
         CXX_VISIBILITY_PRESET hidden
         VISIBILITY_INLINES_HIDDEN ON
         POSITION_INDEPENDENT_CODE ON
+        UNITY_BUILD ON
+        UNITY_BUILD_BATCH_SIZE "${KIV_SOURCES_AT_ONCE}"
         RUNTIME_OUTPUT_DIRECTORY "${KivCharacterization_BINARY_DIR}/bin"
         LIBRARY_OUTPUT_DIRECTORY "${KivCharacterization_BINARY_DIR}/lib"
         ARCHIVE_OUTPUT_DIRECTORY "${KivCharacterization_BINARY_DIR}/lib")

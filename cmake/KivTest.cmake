@@ -13,6 +13,9 @@ function(kiv_add_test name)
     add_executable(${name} ${ARG_SOURCES})
     kiv_configure_target(${name})
     set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY "${KivCharacterization_BINARY_DIR}/tests/bin")
+    if(NOT MSVC)
+        target_compile_options(${name} PRIVATE -O1)  # compiled far more often than a test runs long
+    endif()
     target_include_directories(${name} PRIVATE "${KivCharacterization_SOURCE_DIR}")
     target_compile_definitions(${name} PRIVATE
         KIV_SOURCE_DIR="${KivCharacterization_SOURCE_DIR}"

@@ -8,45 +8,41 @@
 
 namespace KivMemoryShare {
 
-namespace {
-
-/// What one actor published last; the room is fixed, so that publishing allocates nothing.
-template <typename Value, std::size_t Capacity>
-struct Publication
-{
-    std::array<Value, Capacity> values{};
-    std::size_t count = 0;
-    unsigned long long writes = 0;
-
-    void write(const Value* source, std::size_t wanted)
-    {
-        count = source ? std::min(wanted, Capacity) : 0;
-        std::copy_n(source, count, values.begin());
-        ++writes;
-    }
-
-    bool read(Value** buffer, int& tag, unsigned long long& copied) const
-    {
-        if (writes == 0 || !buffer || !*buffer) {
-            return false;
-        }
-        std::copy_n(values.begin(), count, *buffer);
-        tag = static_cast<int>(writes & INT_MAX);
-        copied = count;
-        return true;
-    }
-};
-
-struct ActorFrame
-{
-    Publication<float, ActorFrameManager::kGravityFloats> gravity;
-    Publication<KivCommonDef::KIV_STICKCONTACT, ActorFrameManager::kStickContacts> contacts;
-};
-
-}  // namespace
-
 struct ActorFrameManager::Store
 {
+    /// What one actor published last; the room is fixed, so that publishing allocates nothing.
+    template <typename Value, std::size_t Capacity>
+    struct Publication
+    {
+        std::array<Value, Capacity> values{};
+        std::size_t count = 0;
+        unsigned long long writes = 0;
+
+        void write(const Value* source, std::size_t wanted)
+        {
+            count = source ? std::min(wanted, Capacity) : 0;
+            std::copy_n(source, count, values.begin());
+            ++writes;
+        }
+
+        bool read(Value** buffer, int& tag, unsigned long long& copied) const
+        {
+            if (writes == 0 || !buffer || !*buffer) {
+                return false;
+            }
+            std::copy_n(values.begin(), count, *buffer);
+            tag = static_cast<int>(writes & INT_MAX);
+            copied = count;
+            return true;
+        }
+    };
+
+    struct ActorFrame
+    {
+        Publication<float, ActorFrameManager::kGravityFloats> gravity;
+        Publication<KivCommonDef::KIV_STICKCONTACT, ActorFrameManager::kStickContacts> contacts;
+    };
+
     std::mutex mutex;
     std::map<unsigned, ActorFrame> actors;
 
@@ -73,13 +69,13 @@ ActorFrameManager::~ActorFrameManager() = default;
 bool ActorFrameManager::ReadActorGravity(unsigned actor, float** buffer, int& tag,
                                          unsigned long long& count) const
 {
-    return m_spStore->read(&ActorFrame::gravity, actor, buffer, tag, count);
+    return m_spStore->read(&Store::ActorFrame::gravity, actor, buffer, tag, count);
 }
 
 bool ActorFrameManager::ReadActorStickContact(unsigned actor, KivCommonDef::KIV_STICKCONTACT** buffer,
                                               int& tag, unsigned long long& count) const
 {
-    return m_spStore->read(&ActorFrame::contacts, actor, buffer, tag, count);
+    return m_spStore->read(&Store::ActorFrame::contacts, actor, buffer, tag, count);
 }
 
 void ActorFrameManager::WriteActorGravity(unsigned actor, const float* values, std::size_t count)

@@ -4,23 +4,19 @@
 
 namespace KivRenderState {
 
-namespace {
-
-struct Values
-{
-    KivCharacterizationCommonDef::ECharacterizaionState characterization =
-        KivCharacterizationCommonDef::CharacterizationIdle;
-    bool cameraTrace = false;
-    std::string cameraTraceId;
-    osg::Matrixd cameraTraceMatrix;
-    std::map<std::string, KivCommonDef::KIV_STICKCONTACT_COLOR> contactColors;
-    bool centerOfMass = false;
-};
-
-}  // namespace
-
 struct KivRenderStateManager::State
 {
+    struct Values
+    {
+        KivCharacterizationCommonDef::ECharacterizaionState characterization =
+            KivCharacterizationCommonDef::CharacterizationIdle;
+        bool cameraTrace = false;
+        std::string cameraTraceId;
+        osg::Matrixd cameraTraceMatrix;
+        std::map<std::string, KivCommonDef::KIV_STICKCONTACT_COLOR> contactColors;
+        bool centerOfMass = false;
+    };
+
     std::mutex mutex;
     Values values;
 
@@ -53,42 +49,42 @@ KivRenderStateManager::~KivRenderStateManager() = default;
 void KivRenderStateManager::setCharacterizationState(
     KivCharacterizationCommonDef::ECharacterizaionState state)
 {
-    m_spState->set(&Values::characterization, state);
+    m_spState->set(&State::Values::characterization, state);
 }
 
 KivCharacterizationCommonDef::ECharacterizaionState KivRenderStateManager::getCharacterizationState() const
 {
-    return m_spState->get(&Values::characterization);
+    return m_spState->get(&State::Values::characterization);
 }
 
 void KivRenderStateManager::setCameraTraceState(bool on)
 {
-    m_spState->set(&Values::cameraTrace, on);
+    m_spState->set(&State::Values::cameraTrace, on);
 }
 
 bool KivRenderStateManager::getCameraTraceState() const
 {
-    return m_spState->get(&Values::cameraTrace);
+    return m_spState->get(&State::Values::cameraTrace);
 }
 
 void KivRenderStateManager::setCameraTraceIdStr(const std::string& id)
 {
-    m_spState->set(&Values::cameraTraceId, id);
+    m_spState->set(&State::Values::cameraTraceId, id);
 }
 
 std::string KivRenderStateManager::getCameraTraceIdStr() const
 {
-    return m_spState->get(&Values::cameraTraceId);
+    return m_spState->get(&State::Values::cameraTraceId);
 }
 
 void KivRenderStateManager::setCameraTraceMatrix(const osg::Matrixd& matrix)
 {
-    m_spState->set(&Values::cameraTraceMatrix, matrix);
+    m_spState->set(&State::Values::cameraTraceMatrix, matrix);
 }
 
 osg::Matrixd KivRenderStateManager::getCameraTraceMatrix() const
 {
-    return m_spState->get(&Values::cameraTraceMatrix);
+    return m_spState->get(&State::Values::cameraTraceMatrix);
 }
 
 bool KivRenderStateManager::setBVHContactColor(const std::string& jointName,
@@ -100,23 +96,23 @@ bool KivRenderStateManager::setBVHContactColor(const std::string& jointName,
 
 std::map<std::string, KivCommonDef::KIV_STICKCONTACT_COLOR> KivRenderStateManager::getBVHContactColor() const
 {
-    return m_spState->get(&Values::contactColors);
+    return m_spState->get(&State::Values::contactColors);
 }
 
 void KivRenderStateManager::setCenterOfMassShow(bool show)
 {
-    m_spState->set(&Values::centerOfMass, show);
+    m_spState->set(&State::Values::centerOfMass, show);
 }
 
 bool KivRenderStateManager::getCenterOfMassShow() const
 {
-    return m_spState->get(&Values::centerOfMass);
+    return m_spState->get(&State::Values::centerOfMass);
 }
 
 void KivRenderStateManager::reset()
 {
     const std::lock_guard<std::mutex> lock(m_spState->mutex);
-    m_spState->values = Values();
+    m_spState->values = State::Values();
 }
 
 }  // namespace KivRenderState

@@ -10,7 +10,6 @@ namespace {
 const Vec3d kCollar(4, 143.5, 0);
 const Vec3d kShoulder(17, 142, 0);
 const Vec3d kElbow(45, 142, 0);
-const Vec3d kWrist(70, 142, 0);
 
 Net alongTheArm(const Vec3d& from, const Vec3d& to)
 {

@@ -7,8 +7,6 @@ using osg::Vec3d;
 
 namespace {
 
-const Vec3d kWrist(70, 142, 0);
-
 struct Finger
 {
     const char* name;

@@ -28,6 +28,9 @@ osg::Vec3d pieceOrigin(const Piece& piece);
 
 osg::Vec3d restPoint(const std::string& joint);
 
+/// Where the arm's pieces end and the hand's begin.
+inline const osg::Vec3d kWrist(70, 142, 0);
+
 /// The two tones of the figure and those of its props.
 namespace Tone {
 extern const osg::Vec4f kShell;

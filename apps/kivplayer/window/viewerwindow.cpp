@@ -11,8 +11,8 @@ namespace KivPlayer {
 
 namespace {
 
-constexpr int kWidth = 1280;
-constexpr int kHeight = 800;
+constexpr int kInitialWidth = 1280;
+constexpr int kInitialHeight = 800;
 constexpr unsigned kSamples = 4;
 
 /// Asked of the smallest context there is: smooth edges would cost a processor that draws by itself most of
@@ -42,8 +42,8 @@ osg::ref_ptr<osg::GraphicsContext> openContext(unsigned samples)
     traits->setUndefinedScreenDetailsToDefaultScreen();
     traits->x = 60;
     traits->y = 40;
-    traits->width = kWidth;
-    traits->height = kHeight;
+    traits->width = kInitialWidth;
+    traits->height = kInitialHeight;
     traits->windowName = "kivplayer";
     traits->windowDecoration = true;
     traits->doubleBuffer = true;
@@ -86,7 +86,7 @@ private:
 ViewerWindow::ViewerWindow(osg::Node* scene, osgGA::CameraManipulator* manipulator)
     : m_spViewer(new osgViewer::CompositeViewer),
       m_spView(new osgViewer::View),
-      m_spScissor(new osg::Scissor(0, 0, kWidth, kHeight)),
+      m_spScissor(new osg::Scissor(0, 0, kInitialWidth, kInitialHeight)),
       m_software(processorDraws())
 {
     m_spViewer->setThreadingModel(osgViewer::ViewerBase::SingleThreaded);
@@ -94,7 +94,7 @@ ViewerWindow::ViewerWindow(osg::Node* scene, osgGA::CameraManipulator* manipulat
     m_spViewer->setQuitEventSetsDone(false);
     osg::Camera& camera = *m_spView->getCamera();
     camera.setGraphicsContext(openContext(m_software ? 0 : kSamples));
-    camera.setViewport(0, 0, kWidth, kHeight);
+    camera.setViewport(0, 0, kInitialWidth, kInitialHeight);
     camera.setProjectionResizePolicy(osg::Camera::FIXED);
     camera.getOrCreateStateSet()->setAttributeAndModes(m_spScissor);
     m_spView->setSceneData(scene);

@@ -17,7 +17,7 @@ constexpr double kSmallest = 135.0;  ///< of a person, centimetres
 constexpr double kTallest = 215.0;
 constexpr double kUsual = 170.0;
 
-constexpr std::array<const char*, 2> kSides = {"Left", "Right"};
+constexpr std::array<const char*, 2> kMeasuredSides = {"Left", "Right"};
 
 struct Unit
 {
@@ -112,7 +112,7 @@ double legLength(const Placements& placements, const MatchedMotion& motion, cons
 double legsAndTrunk(const Placements& placements, const MatchedMotion& motion)
 {
     double legs = 0.0;
-    for (const char* side : kSides)
+    for (const char* side : kMeasuredSides)
         legs += legLength(placements, motion, side) / 2.0;
     const osg::Vec3d trunk = middle(placements, motion.matching, "LeftArm", "RightArm") -
                              middle(placements, motion.matching, "LeftUpLeg", "RightUpLeg");

@@ -10,7 +10,7 @@ namespace KivReader {
 
 namespace {
 
-constexpr std::size_t kNearest = 3;
+constexpr std::size_t kNearestListed = 3;
 
 std::string_view withoutNamespace(std::string_view name)
 {
@@ -135,7 +135,7 @@ std::vector<std::string> nearestNames(const std::string& name, const RestFigure&
     std::vector<std::pair<std::size_t, std::string>> ranked;
     for (const RestFigure::Joint& joint : figure.joints)
         ranked.emplace_back(editDistance(bare, joint.name), joint.name);
-    const std::size_t count = std::min(kNearest, ranked.size());
+    const std::size_t count = std::min(kNearestListed, ranked.size());
     std::partial_sort(ranked.begin(), ranked.begin() + static_cast<std::ptrdiff_t>(count), ranked.end());
     std::vector<std::string> names;
     for (std::size_t i = 0; i < count; ++i)

@@ -11,7 +11,7 @@ using KivManipulator::PropsPose;
 
 namespace {
 
-void expectNear(const osg::Vec3d& actual, const osg::Vec3d& expected, double tolerance = 1e-9)
+void expectPoint(const osg::Vec3d& actual, const osg::Vec3d& expected, double tolerance = 1e-9)
 {
     EXPECT_LT((actual - expected).length(), tolerance)
         << actual.x() << ' ' << actual.y() << ' ' << actual.z() << " is not " << expected.x() << ' '
@@ -43,8 +43,8 @@ TEST(PropsPose, readsAPoseFromMatricesWithoutVolume)
     EXPECT_TRUE(isPose(poseOf(osg::Matrixd::scale(0.0, 0.0, 0.0))));
     EXPECT_TRUE(isPose(poseOf(osg::Matrixd::scale(2.0, 0.0, 3.0))));
     EXPECT_TRUE(isPose(poseOf(osg::Matrixd::scale(0.0, 0.0, 3.0))));
-    expectNear(poseOf(osg::Matrixd::scale(0.0, 0.0, 0.0) * osg::Matrixd::translate(1.0, 2.0, 3.0)).position,
-               {1.0, 2.0, 3.0});
+    expectPoint(poseOf(osg::Matrixd::scale(0.0, 0.0, 0.0) * osg::Matrixd::translate(1.0, 2.0, 3.0)).position,
+                {1.0, 2.0, 3.0});
 }
 
 TEST(PropsPose, readsARotationAndAPlaceFromNumbersOfAnySize)
@@ -72,8 +72,8 @@ TEST(PropsPose, takesApartWhatWasPutTogether)
     const osg::Quat rotation(0.7, osg::Vec3d(1.0, 2.0, 3.0));
     const PropsPose pose = poseOf(osg::Matrixd::scale(1.5, 0.5, 4.0) * osg::Matrixd::rotate(rotation) *
                                   osg::Matrixd::translate(-4.0, 5.0, 6.0));
-    expectNear(pose.position, {-4.0, 5.0, 6.0});
-    expectNear(pose.scale, {1.5, 0.5, 4.0}, 1e-6);
+    expectPoint(pose.position, {-4.0, 5.0, 6.0});
+    expectPoint(pose.scale, {1.5, 0.5, 4.0}, 1e-6);
     for (const osg::Vec3d& axis : {osg::Vec3d(1.0, 0.0, 0.0), osg::Vec3d(0.0, 1.0, 0.0)})
-        expectNear(pose.rotation * axis, rotation * axis, 1e-6);
+        expectPoint(pose.rotation * axis, rotation * axis, 1e-6);
 }

@@ -10,8 +10,8 @@ namespace KivPlayer {
 
 namespace {
 
-constexpr float kSecond = 150.0f;  // where a row's second box stands
-constexpr float kMore = 34.0f;     // width of the button that opens an actor's details
+constexpr float kSecondColumn = 150.0f;  // where a row's second box stands
+constexpr float kMore = 34.0f;           // width of the button that opens an actor's details
 
 /// Whether the control that was described last lies inside the part of a list that is seen.
 bool isSeenWhole()
@@ -174,7 +174,7 @@ void Sidebar::overlays(Desk& desk)
     const ShownNow shown = desk.shown();
     const auto box = [&desk](const char* label, const char* place, bool on, Action action, bool second) {
         if (second)
-            ImGui::SameLine(kSecond);
+            ImGui::SameLine(kSecondColumn);
         bool value = on;
         if (ImGui::Checkbox(label, &value))
             desk.perform(action);

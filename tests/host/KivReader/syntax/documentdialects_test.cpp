@@ -85,12 +85,12 @@ const std::vector<Accepted> kSpellings = {
     {"tinyNumbers", &MotionText::rows, "1e-400 90 -1E-400 1 2 3 4 5 6\n1 91 1 7 8 9 10 11 12\n"},
 };
 
-std::string nameOf(const testing::TestParamInfo<Accepted>& info)
+std::string nameOfAccepted(const testing::TestParamInfo<Accepted>& info)
 {
     return info.param.name;
 }
 
-INSTANTIATE_TEST_SUITE_P(Spelling, AcceptedPart, testing::ValuesIn(kSpellings), nameOf);
+INSTANTIATE_TEST_SUITE_P(Spelling, AcceptedPart, testing::ValuesIn(kSpellings), nameOfAccepted);
 
 TEST(MotionDialect, allThreeLineEndsAndTheirMixture)
 {

@@ -161,13 +161,13 @@ const std::vector<Refused> kMotionParts = {
      kFirstRowLine, 1, "3 values, expected 9"},
 };
 
-std::string nameOf(const testing::TestParamInfo<Refused>& info)
+std::string nameOfRefused(const testing::TestParamInfo<Refused>& info)
 {
     return info.param.name;
 }
 
-INSTANTIATE_TEST_SUITE_P(Hierarchy, RefusedPart, testing::ValuesIn(kHierarchyParts), nameOf);
-INSTANTIATE_TEST_SUITE_P(Motion, RefusedPart, testing::ValuesIn(kMotionParts), nameOf);
+INSTANTIATE_TEST_SUITE_P(Hierarchy, RefusedPart, testing::ValuesIn(kHierarchyParts), nameOfRefused);
+INSTANTIATE_TEST_SUITE_P(Motion, RefusedPart, testing::ValuesIn(kMotionParts), nameOfRefused);
 
 MotionReading refusedText(const std::string& text)
 {
