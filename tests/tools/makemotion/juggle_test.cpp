@@ -53,8 +53,6 @@ std::vector<Flight> flights(const std::string& ball)
 
 constexpr const char* kBalls[] = {"LeftProps", "RightProps"};
 
-}  // namespace
-
 TEST(Juggle, givesPositionsToTheBalls)
 {
     for (const char* ball : kBalls) {
@@ -137,5 +135,7 @@ TEST(Juggle, turnsThePalmUpUnderABall)
             ASSERT_GT(up.y, 0.85) << side << " in frame " << f;
         }
 }
+
+}  // namespace
 
 }  // namespace KivMotionTest

@@ -23,8 +23,6 @@ Point gaze(const MotionText& motion, std::size_t frame)
     return motion.at("Head", {0, 0, 1}, frame) - motion.at("Head", frame);
 }
 
-}  // namespace
-
 TEST(Passers, lastEquallyLong)
 {
     EXPECT_EQ(left().frames(), right().frames());
@@ -79,5 +77,7 @@ TEST(Passers, nod)
         EXPECT_LT(lowest, gaze(*motion, 0).y - 0.12);
     }
 }
+
+}  // namespace
 
 }  // namespace KivMotionTest

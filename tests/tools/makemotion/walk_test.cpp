@@ -54,8 +54,6 @@ protected:
 
 constexpr const char* kFeet[] = {"LeftFoot", "RightFoot"};
 
-}  // namespace
-
 TEST_P(Walkers, takeAtLeastFourStepsWithEitherFoot)
 {
     for (const char* foot : kFeet)
@@ -149,5 +147,7 @@ INSTANTIATE_TEST_SUITE_P(MakeMotion, Walkers, testing::Values("walk.bvh", "pass_
                              const std::string name = named.param;
                              return name.substr(0, name.find('.'));
                          });
+
+}  // namespace
 
 }  // namespace KivMotionTest

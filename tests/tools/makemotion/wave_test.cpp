@@ -14,8 +14,6 @@ const MotionText& wave()
     return sample("wave.bvh");
 }
 
-}  // namespace
-
 TEST(Wave, standsOnFeetThatDoNotMove)
 {
     for (const char* foot : {"LeftFoot", "RightFoot"})
@@ -56,5 +54,7 @@ TEST(Wave, showsThePalmToWhoeverIsGreeted)
     const Point palm = wave().at("RightHand", {0, -1, 0}, middle) - wave().at("RightHand", middle);
     EXPECT_GT(palm.z, 0.8);
 }
+
+}  // namespace
 
 }  // namespace KivMotionTest

@@ -40,8 +40,6 @@ double kneeAngle(const MotionText& motion, const std::string& side, std::size_t 
     return std::atan2(behind, below) * 180 / std::acos(-1.0);
 }
 
-}  // namespace
-
 TEST(MakeMotion, refusesAFolderThatIsAFile)
 {
     const std::filesystem::path file = scratch();
@@ -155,5 +153,7 @@ INSTANTIATE_TEST_SUITE_P(MakeMotion, EverySample, testing::ValuesIn(KivMotion::s
                          [](const auto& named) {
                              return named.param.fileName.substr(0, named.param.fileName.find('.'));
                          });
+
+}  // namespace
 
 }  // namespace KivMotionTest
