@@ -24,6 +24,10 @@ function(kiv_configure_target target)
     if(NOT MSVC)
         target_compile_options(${target} PRIVATE -Wall -Wextra -Wconversion
             $<$<CXX_COMPILER_ID:GNU>:-Wshadow=local>)
+        if(KIV_SOURCES_AT_ONCE GREATER 1)
+            # GCC takes sources that are compiled together for headers.
+            target_compile_options(${target} PRIVATE $<$<CXX_COMPILER_ID:GNU>:-Wno-subobject-linkage>)
+        endif()
         if(KIV_WARNINGS_AS_ERRORS)
             target_compile_options(${target} PRIVATE -Werror)
         endif()
