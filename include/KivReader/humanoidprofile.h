@@ -22,7 +22,11 @@ struct ProfileOptions
     {
         Auto,
         Y,
-        Z
+        Z,
+        X,
+        MinusY,
+        MinusZ,
+        MinusX
     };
 
     Use use = Use::On;
@@ -48,6 +52,21 @@ struct ProfileRecord
     {
         std::string joint, parent;
         std::string along;  ///< the segment that it stands on, or what it is rigid with
+    };
+    struct RestPose
+    {
+        std::string choice;  ///< "motion", "zero pose" or "first frame"; empty where there is no person
+        std::string reason;
+        double score = 0.0;  ///< 0…1: how much the pose is that of a person who stands
+    };
+    /// Of the figure that came out: something that holds for persons.
+    struct Check
+    {
+        std::string name;
+        bool passed = false;
+        double value = 0.0;
+        std::string unit;
+        std::string sentence;  ///< what was found, for a person to read
     };
     struct Unmatched
     {
@@ -82,13 +101,17 @@ struct ProfileRecord
     std::string unit;                    ///< "cm", "m", …; "fitted" where none gives a person's size
     double centimetresPerUnit = 1.0;
     std::string unitReason;
-    std::string upAxis = "y";
+    std::string upAxis = "y";  ///< "x", "y", "z", or one of these with a "-" before it
     std::string upReason;
     double height = 0.0;            ///< of the figure standing up, estimated from its bones
     double hipWidth = 0.0;          ///< from one thigh's joint to the other's, at rest, as the file has it
     double hipWidthMeasured = 0.0;  ///< the same as dressing measures it, to size the torso by
     std::string hipWidthReason;     ///< why these two differ; empty where they do not
     double groundShift = 0.0;       ///< added to the height of everything, in every frame
+    RestPose restPose;
+    std::vector<Check> checks;
+    std::vector<std::size_t>
+        thrownFrames;  ///< ascending: they show the figure where no person can have moved to
     std::vector<std::string> warnings;
 };
 
@@ -98,8 +121,8 @@ KIV_READER_API ProfileRecord profileMotion(const MotionDocument& document, const
 
 /// Options from words apart by blanks, as the reader's option string has them: `profile=off`, `profile=auto`
 /// or `profile=` and a table's path, `unit=auto`, `unit=cm` (m, mm, inch, dm, cmu) or centimetres per unit,
-/// `up=auto`, `up=y`, `up=z`, and `firstFrameIsRest`. A path may stand in double quotes. Without a profile
-/// word the profile is off. Other words belong to other readers.
+/// `up=auto`, `up=y` (z, x, -y, -z, -x), and `firstFrameIsRest`. A path may stand in double quotes. Without a
+/// profile word the profile is off. Other words belong to other readers.
 /// @param error receives why a word cannot be obeyed; emptied where all can.
 KIV_READER_API ProfileOptions profileOptionsFrom(const std::string& words, std::string& error);
 

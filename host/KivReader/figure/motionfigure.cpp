@@ -18,16 +18,26 @@ struct SceneAxis
     float sign;
 };
 
-/// (x, y, z) with Y up is (x, -z, y) with Z up.
-constexpr std::array<SceneAxis, 3> kFromYUp = {{{0, 1.0f}, {2, 1.0f}, {1, -1.0f}}};
-constexpr std::array<SceneAxis, 3> kFromZUp = {{{0, 1.0f}, {1, 1.0f}, {2, 1.0f}}};
+using SceneAxes = std::array<SceneAxis, 3>;  ///< of the file's X, Y and Z
+
+/// In the order of UpAxis. (x, y, z) with Y up is (x, -z, y) with Z up; where an axis points down all of it
+/// is turned by half a turn about X.
+constexpr std::array<SceneAxes, 6> kSceneAxes = {{{{{0, 1.0f}, {2, 1.0f}, {1, -1.0f}}},
+                                                  {{{0, 1.0f}, {1, 1.0f}, {2, 1.0f}}},
+                                                  {{{2, 1.0f}, {0, 1.0f}, {1, 1.0f}}},
+                                                  {{{0, 1.0f}, {2, -1.0f}, {1, 1.0f}}},
+                                                  {{{0, 1.0f}, {1, -1.0f}, {2, -1.0f}}},
+                                                  {{{2, -1.0f}, {0, 1.0f}, {1, -1.0f}}}}};
+
+const SceneAxes& sceneAxesOf(UpAxis up)
+{
+    return kSceneAxes[static_cast<std::size_t>(up)];
+}
 
 class StepMaker
 {
 public:
-    explicit StepMaker(const FileFrame& frame)
-        : m_axes(frame.up == UpAxis::Y ? kFromYUp : kFromZUp), m_unit(frame.unit)
-    {}
+    explicit StepMaker(const FileFrame& frame) : m_axes(sceneAxesOf(frame.up)), m_unit(frame.unit) {}
 
     osg::Vec3d inScene(const std::array<double, 3>& vector) const
     {
@@ -48,7 +58,7 @@ public:
     }
 
 private:
-    const std::array<SceneAxis, 3>& m_axes;
+    const SceneAxes& m_axes;
     double m_unit;
 };
 
@@ -101,6 +111,15 @@ void MotionFigure::replaceSteps(std::size_t joint, const PoseSteps& its)
     joints[joint].stepCount = static_cast<std::uint32_t>(its.size());
     for (std::size_t i = joint + 1; i < joints.size(); ++i)
         joints[i].firstStep = joints[i - 1].firstStep + joints[i - 1].stepCount;
+}
+
+osg::Vec3d inScene(const osg::Vec3d& inFile, UpAxis up)
+{
+    const SceneAxes& axes = sceneAxesOf(up);
+    osg::Vec3d turned;
+    for (unsigned axis = 0; axis < 3; ++axis)
+        turned[axes[axis].axis] = static_cast<double>(axes[axis].sign) * inFile[static_cast<int>(axis)];
+    return turned;
 }
 
 MotionFigure makeFigure(const MotionDocument& document, const FileFrame& frame)

@@ -14,10 +14,15 @@
 
 namespace KivReader {
 
+/// Which way of the file's is up.
 enum class UpAxis : std::uint8_t
 {
     Y,
-    Z
+    Z,
+    X,
+    MinusY,
+    MinusZ,
+    MinusX
 };
 
 /// How a file's space lies in the scene's.
@@ -53,6 +58,9 @@ struct MotionFigure
     std::vector<Joint> joints;                  ///< parents before children, the root first
     std::vector<KivAnimation::PoseStep> steps;  ///< of all joints, in their order
 };
+
+/// A vector of the file's space in the scene's, where Z is up. Always a turn, never a mirror.
+KIV_READER_API osg::Vec3d inScene(const osg::Vec3d& inFile, UpAxis up);
 
 /// The document's joints, turned into the scene and scaled. Of the motion only its layout is looked at.
 KIV_READER_API MotionFigure makeFigure(const MotionDocument& document, const FileFrame& frame);

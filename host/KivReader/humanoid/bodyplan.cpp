@@ -26,24 +26,11 @@ constexpr double kFootSplay = 60.0;     ///< degrees
 
 const std::array<const char*, 2> kSides = {"Left", "Right"};
 
-/// At rest the figure may look anywhere, and lie or lean.
-osg::Quat headingOf(const BodySource& source)
-{
-    const auto& place = [&](const char* joint) { return source.rest[source.matching.at(joint)].place; };
-    const osg::Vec3d up = source.arms - middle(source.rest, source.matching, "LeftUpLeg", "RightUpLeg");
-    const Pair avatar = {{0, 0, 1}, {1, 0, 0}};
-    const Pair byHips = {up, place("LeftUpLeg") - place("RightUpLeg")};
-    if (byHips.isTelling())
-        return turnBetween(avatar, byHips);
-    const Pair byArms = {up, place("LeftArm") - place("RightArm")};
-    return byArms.isTelling() ? turnBetween(avatar, byArms) : osg::Quat();
-}
-
 class BodyPlanner
 {
 public:
     explicit BodyPlanner(const BodySource& source)
-        : m_source(source), m_heading(headingOf(source)), m_scale(source.height / source.avatar.height())
+        : m_source(source), m_heading(source.pose.heading), m_scale(source.height / source.avatar.height())
     {}
 
     BodyPlan plan()
@@ -223,7 +210,7 @@ private:
             !isWithin(flat, osg::Vec3d(0, -1, 0), kFootSplay))
             return {};
         const osg::Quat splay(std::atan2(flat.x(), -flat.y()), osg::Vec3d(0, 0, 1));
-        if (-foot.z() > kLevel * foot.length())
+        if (m_source.pose.solesAreLevel || -foot.z() > kLevel * foot.length())
             return splay;
         return splay * leastTurn(splay * m_source.avatar.ends.at(planned.name), foot, osg::Vec3d(1, 0, 0));
     }

@@ -8,6 +8,7 @@
 #include "host/KivReader/figure/figurepose.h"
 #include "host/KivReader/figure/motionfigure.h"
 #include "host/KivReader/humanoid/jointmatching.h"
+#include "host/KivReader/humanoid/restpose.h"
 
 namespace KivReader {
 
@@ -15,11 +16,12 @@ namespace KivReader {
 struct BodySource
 {
     const MotionFigure& figure;
-    const Placements& rest;  ///< of the figure's joints
+    const RestPose& pose;
     const JointMatching& matching;
     const RestFigure& avatar;
     osg::Vec3d arms;  ///< between the arms, at rest, as the trunk carries it through the motion
     double height;    ///< standing
+    const Placements& rest = pose.placements;  ///< of the figure's joints
 };
 
 /// A joint of the figure to be: rigid with one of the file's joints, at a fixed place in that joint's frame.

@@ -2,13 +2,21 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
+#include <iterator>
 #include <limits>
+#include <optional>
 
 namespace KivReader {
 
 namespace {
 
-constexpr std::size_t kGroundFrames = 500;
+constexpr std::size_t kGroundFrames = 200;
+constexpr double kSlow = 0.1;              ///< heights a second, up and down: feet that stand are no faster
+constexpr double kClose = 0.02;            ///< of the height: soles on one level are no farther apart
+constexpr std::size_t kFewest = 3;         ///< poses on one level
+constexpr std::size_t kPartOnGround = 20;  ///< of the poses at least one in so many stands on the ground
+constexpr std::size_t kPartBelow = 20;     ///< where none is slow, one in so many may be below the ground
 
 constexpr double kHeel = -0.25;  ///< of the toes' distance ahead of the foot's joint
 constexpr double kBall = 0.8;
@@ -86,24 +94,59 @@ bool beginsBelowTheMotion(const MatchedMotion& motion, const Soles& soles, doubl
            soles.lowestIn(motion.row(0)) < soles.lowestIn(motion.row(1)) - kLeap * height;
 }
 
-double lowestSole(const MatchedMotion& motion, const Soles& soles, double height)
+std::vector<std::size_t> tellingFrames(const MatchedMotion& motion, const Soles& soles, double height,
+                                       const std::vector<std::size_t>& leftOut)
 {
     std::vector<std::size_t> frames = motion.sampledFrames(kGroundFrames);
-    if (frames.empty())
-        return soles.lowestAtRest();
-    if (beginsBelowTheMotion(motion, soles, height))
+    if (!frames.empty() && beginsBelowTheMotion(motion, soles, height))
         frames.front() = 1;
-    double lowest = std::numeric_limits<double>::max();
-    for (const std::size_t frame : frames)
-        lowest = std::min(lowest, soles.lowestIn(motion.row(frame)));
-    return lowest;
+    std::vector<std::size_t> telling;
+    std::set_difference(frames.begin(), frames.end(), leftOut.begin(), leftOut.end(),
+                        std::back_inserter(telling));
+    return telling.empty() ? frames : telling;
+}
+
+/// Of heights in ascending order the middle of the lowest ones that lie close together, if these are enough
+/// to be no accident.
+std::optional<double> lowestLevel(const std::vector<double>& heights, double height)
+{
+    const auto least = std::max<std::size_t>(kFewest, heights.size() / kPartOnGround);
+    for (std::size_t first = 0; first + least <= heights.size(); ++first) {
+        const auto end = std::upper_bound(heights.begin(), heights.end(), heights[first] + kClose * height);
+        const auto count = static_cast<std::size_t>(end - heights.begin()) - first;
+        if (count >= least)
+            return heights[first + count / 2];
+    }
+    return std::nullopt;
+}
+
+/// The level that feet stand on where they hardly move up and down. A sole that sinks in now and then is no
+/// ground.
+double lowestSole(const MatchedMotion& motion, const Soles& soles, double height,
+                  const std::vector<std::size_t>& leftOut)
+{
+    std::vector<double> all;
+    std::vector<double> slow;
+    const double slowest = kSlow * height * motion.document.frameTime;
+    for (const std::size_t frame : tellingFrames(motion, soles, height, leftOut)) {
+        all.push_back(soles.lowestIn(motion.row(frame)));
+        if (frame + 1 < motion.document.frames &&
+            std::fabs(soles.lowestIn(motion.row(frame + 1)) - all.back()) < slowest)
+            slow.push_back(all.back());
+    }
+    if (all.empty())
+        return soles.lowestAtRest();
+    std::sort(slow.begin(), slow.end());
+    std::sort(all.begin(), all.end());
+    return lowestLevel(slow, height).value_or(all[all.size() / kPartBelow]);
 }
 
 }  // namespace
 
-double groundShift(const MatchedMotion& motion, const MotionFigure& figure, double height)
+double groundShift(const MatchedMotion& motion, const MotionFigure& figure, double height,
+                   const std::vector<std::size_t>& leftOut)
 {
-    const double lowest = lowestSole(motion, Soles(motion.avatar, figure), height);
+    const double lowest = lowestSole(motion, Soles(motion.avatar, figure), height, leftOut);
     return lowest < -kSunk * height || lowest > kFloating * height ? -lowest : 0.0;
 }
 

@@ -6,6 +6,8 @@ namespace KivReader {
 
 /// What has to be added to the height of everything for the soles to meet the ground; 0 where they do.
 /// @param figure has the avatar's feet, its axes in them.
-double groundShift(const MatchedMotion& motion, const MotionFigure& figure, double height);
+/// @param leftOut frames that do not count, ascending.
+double groundShift(const MatchedMotion& motion, const MotionFigure& figure, double height,
+                   const std::vector<std::size_t>& leftOut);
 
 }  // namespace KivReader

@@ -5,13 +5,11 @@
 #include <cmath>
 #include <cstdio>
 
+#include "host/KivReader/humanoid/uprightaxis.h"
+
 namespace KivReader {
 
 namespace {
-
-constexpr std::size_t kMeasuredFrames = 25;
-constexpr std::size_t kTellingFrames = 10;  ///< fewer may show somebody who lies or bows
-constexpr double kClearly = 1.5;            ///< one axis over the other
 
 constexpr double kSmallest = 135.0;  ///< of a person, centimetres
 constexpr double kTallest = 215.0;
@@ -33,52 +31,6 @@ std::string number(double value)
     char text[32];
     std::snprintf(text, sizeof text, "%.4g", value);
     return text;
-}
-
-osg::Vec3d middleOfLegs(const Placements& placements, const JointMatching& matching)
-{
-    return middle(placements, matching, "LeftLeg", "RightLeg");
-}
-
-/// From between the knees to between the arms.
-osg::Vec3d upright(const Placements& placements, const JointMatching& matching)
-{
-    return middle(placements, matching, "LeftArm", "RightArm") - middleOfLegs(placements, matching);
-}
-
-enum class Leaning
-{
-    Unclear,
-    Y,
-    Z
-};
-
-/// @param sum of upright vectors of a file taken as Y-up: what is Z in the file is -Y in the scene.
-Leaning leaningOf(const osg::Vec3d& sum)
-{
-    const double alongY = std::max(sum.z(), 0.0);
-    const double alongZ = std::max(-sum.y(), 0.0);
-    if (alongY > kClearly * alongZ)
-        return Leaning::Y;
-    return alongZ > kClearly * alongY ? Leaning::Z : Leaning::Unclear;
-}
-
-UpAxis findUpAxis(const MatchedMotion& motion, const MotionFigure& figure, ProfileRecord& record)
-{
-    osg::Vec3d sum;
-    for (const std::size_t frame : motion.sampledFrames(kMeasuredFrames))
-        sum += upright(placed(figure, motion.row(frame)), motion.matching);
-    const Leaning inMotion = leaningOf(sum);
-    const Leaning atRest = leaningOf(upright(MatchedMotion::atRest(figure), motion.matching));
-    const bool motionTells = inMotion != Leaning::Unclear &&
-                             (motion.document.frames >= kTellingFrames || atRest == Leaning::Unclear);
-    const Leaning found = motionTells ? inMotion : atRest;
-    if (found == Leaning::Unclear)
-        record.upReason = "neither axis is clearly up; Y is usual";
-    else
-        record.upReason =
-            motionTells ? "the figure stands along it in the motion" : "the figure stands along it at rest";
-    return found == Leaning::Z ? UpAxis::Z : UpAxis::Y;
 }
 
 double findUnit(double rawHeight, ProfileRecord& record)
@@ -160,15 +112,12 @@ osg::Vec3d middle(const Placements& placements, const JointMatching& matching, c
     return (placements[matching.at(left)].place + placements[matching.at(right)].place) * 0.5;
 }
 
-FileFrame findFrame(const MatchedMotion& motion, const ProfileOptions& options, ProfileRecord& record)
+FileFrame findFrame(const MatchedMotion& motion, const MotionFigure& raw, const PoseSample& sample,
+                    const ProfileOptions& options, ProfileRecord& record)
 {
-    const MotionFigure raw = makeFigure(motion.document, FileFrame());
     FileFrame frame;
-    record.upReason = record.unitReason = "asked for";
-    frame.up = options.up == ProfileOptions::Up::Auto ? findUpAxis(motion, raw, record)
-               : options.up == ProfileOptions::Up::Z  ? UpAxis::Z
-                                                      : UpAxis::Y;
-    record.upAxis = frame.up == UpAxis::Z ? "z" : "y";
+    frame.up = uprightAxis(motion, raw, sample, options.up, record);
+    record.unitReason = "asked for";
     if (options.unit > 0.0) {
         frame.unit = options.unit;
         const auto* known = std::find_if(kUnits.begin(), kUnits.end(), [&](const Unit& unit) {
@@ -176,17 +125,17 @@ FileFrame findFrame(const MatchedMotion& motion, const ProfileOptions& options, 
         });
         record.unit = known == kUnits.end() ? number(options.unit) + " cm" : known->name;
     } else {
-        frame.unit = findUnit(standingHeight(motion, raw), record);
+        frame.unit = findUnit(standingHeight(motion, raw, sample), record);
     }
     record.centimetresPerUnit = frame.unit;
     return frame;
 }
 
-double standingHeight(const MatchedMotion& motion, const MotionFigure& figure)
+double standingHeight(const MatchedMotion& motion, const MotionFigure& figure, const PoseSample& sample)
 {
     std::vector<double> lengths;
-    for (const std::size_t frame : motion.sampledFrames(kMeasuredFrames))
-        lengths.push_back(legsAndTrunk(placed(figure, motion.row(frame)), motion));
+    for (const Placements& pose : sample.poses)
+        lengths.push_back(legsAndTrunk(pose, motion));
     if (lengths.empty())
         lengths.push_back(legsAndTrunk(MatchedMotion::atRest(figure), motion));
     const auto middleOne = lengths.begin() + static_cast<std::ptrdiff_t>(lengths.size() / 2);

@@ -7,6 +7,7 @@
 #include "host/KivReader/figure/figurepose.h"
 #include "host/KivReader/figure/motionfigure.h"
 #include "host/KivReader/humanoid/jointmatching.h"
+#include "host/KivReader/humanoid/posesample.h"
 
 namespace KivReader {
 
@@ -29,9 +30,11 @@ osg::Vec3d middle(const Placements& placements, const JointMatching& matching, c
                   const std::string& right);
 
 /// Finds out how the file's space lies in the scene's, where the options leave it open, and says why.
-FileFrame findFrame(const MatchedMotion& motion, const ProfileOptions& options, ProfileRecord& record);
+/// @param raw the figure made with the default frame, and a sample of its poses.
+FileFrame findFrame(const MatchedMotion& motion, const MotionFigure& raw, const PoseSample& sample,
+                    const ProfileOptions& options, ProfileRecord& record);
 
 /// How high the figure is standing up, from its legs and trunk, in the figure's units.
-double standingHeight(const MatchedMotion& motion, const MotionFigure& figure);
+double standingHeight(const MatchedMotion& motion, const MotionFigure& figure, const PoseSample& sample);
 
 }  // namespace KivReader

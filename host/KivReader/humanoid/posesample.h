@@ -19,4 +19,11 @@ struct PoseSample
 KIV_READER_API PoseSample samplePoses(const MotionDocument& document, const MotionFigure& figure,
                                       std::size_t atMost);
 
+/// Without the poses of these frames, which ascend; with all of them where none would be left.
+void leaveOut(PoseSample& sample, const std::vector<std::size_t>& frames);
+
+/// The same poses as those of the figure that is made with this frame, of poses that were taken from one that
+/// is made with the default one.
+PoseSample inFrame(PoseSample sample, const FileFrame& frame);
+
 }  // namespace KivReader

@@ -14,17 +14,24 @@ namespace {
 constexpr std::array<std::pair<std::string_view, double>, 6> kUnitNames = {
     {{"cm", 1.0}, {"m", 100.0}, {"mm", 0.1}, {"inch", 2.54}, {"dm", 10.0}, {"cmu", 2.54 / 0.45}}};
 
+constexpr std::array<std::pair<std::string_view, ProfileOptions::Up>, 7> kUpNames = {
+    {{"auto", ProfileOptions::Up::Auto},
+     {"y", ProfileOptions::Up::Y},
+     {"z", ProfileOptions::Up::Z},
+     {"x", ProfileOptions::Up::X},
+     {"-y", ProfileOptions::Up::MinusY},
+     {"-z", ProfileOptions::Up::MinusZ},
+     {"-x", ProfileOptions::Up::MinusX}}};
+
 bool takeUpAxis(std::string_view value, ProfileOptions& options)
 {
-    if (sameWord(value, "auto"))
-        options.up = ProfileOptions::Up::Auto;
-    else if (sameWord(value, "y"))
-        options.up = ProfileOptions::Up::Y;
-    else if (sameWord(value, "z"))
-        options.up = ProfileOptions::Up::Z;
-    else
-        return false;
-    return true;
+    for (const auto& [name, up] : kUpNames) {
+        if (sameWord(value, name)) {
+            options.up = up;
+            return true;
+        }
+    }
+    return false;
 }
 
 bool takeUnit(std::string_view value, ProfileOptions& options)

@@ -16,7 +16,7 @@ constexpr double kSlight = 0.01;      ///< of the avatar's proportion: what is o
 constexpr double kElsewhere = 0.025;  ///< of the height: hips that are farther off carry no pelvis
 constexpr double kNoWidth = 1e-3;     ///< of the height: thighs as near as this tell no direction
 
-osg::Vec3d acrossOf(const BodySource& source, const std::string& part)
+osg::Vec3d acrossAt(const BodySource& source, const std::string& part)
 {
     return source.rest[source.matching.at("Left" + part)].place -
            source.rest[source.matching.at("Right" + part)].place;
@@ -32,12 +32,12 @@ HipWidth hipWidth(const BodySource& source, const osg::Quat& heading)
     const double usualArms =
         scale * (source.avatar.place("LeftArm") - source.avatar.place("RightArm")).length();
     HipWidth width;
-    width.toLeft = acrossOf(source, "UpLeg");
+    width.toLeft = acrossAt(source, "UpLeg");
     width.own = width.toLeft.normalize();
     if (width.own < kNoWidth * source.height)
         width.toLeft = heading * osg::Vec3d(1, 0, 0);
     // A chest that is wider than the avatar's has to have its arms farther apart, too.
-    const double widest = std::clamp(acrossOf(source, "Arm").length() / usualArms, kWideOnUsualArms, kWidest);
+    const double widest = std::clamp(acrossAt(source, "Arm").length() / usualArms, kWideOnUsualArms, kWidest);
     width.measured = std::clamp(width.own, kNarrowest * usual, widest * usual);
     if (std::fabs(width.measured - width.own) < kSlight * usual)
         width.measured = width.own;

@@ -18,7 +18,7 @@ using testing::HasSubstr;
 
 TEST(ProfileOptions, refuseWhatCannotBeObeyedAndSayWhich)
 {
-    for (const std::string word : {"up=x", "up=", "unit=0", "unit=-1", "unit=ell", "unit=nan", "profile="}) {
+    for (const std::string word : {"up=w", "up=", "unit=0", "unit=-1", "unit=ell", "unit=nan", "profile="}) {
         SCOPED_TRACE(word);
         std::string error;
         profileOptionsFrom("something " + word + " more", error);

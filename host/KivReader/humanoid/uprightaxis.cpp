@@ -1,0 +1,99 @@
+#include "host/KivReader/humanoid/uprightaxis.h"
+
+#include <algorithm>
+#include <array>
+#include <optional>
+#include <vector>
+
+namespace KivReader {
+
+namespace {
+
+constexpr double kUpright = 0.5;           ///< cosine: figures that stand are no farther from upright
+constexpr double kClearly = 1.5;           ///< one axis over the next
+constexpr std::size_t kTellingPoses = 10;  ///< fewer may show somebody who lies or bows
+
+constexpr std::array<UpAxis, 6> kAxes = {UpAxis::Y,      UpAxis::Z,      UpAxis::X,
+                                         UpAxis::MinusY, UpAxis::MinusZ, UpAxis::MinusX};
+constexpr std::array<const char*, 6> kNames = {"y", "z", "x", "-y", "-z", "-x"};
+
+/// From between the feet to between the arms, length 1.
+osg::Vec3d upright(const Placements& pose, const JointMatching& matching)
+{
+    const bool hasFeet = matching.has("LeftFoot") && matching.has("RightFoot");
+    osg::Vec3d up = middle(pose, matching, "LeftArm", "RightArm") -
+                    (hasFeet ? middle(pose, matching, "LeftFoot", "RightFoot")
+                             : middle(pose, matching, "LeftLeg", "RightLeg"));
+    up.normalize();
+    return up;
+}
+
+/// How far the poses stand along the axis: the median of the cosines.
+double standingAlong(const std::vector<osg::Vec3d>& uprights, UpAxis up)
+{
+    std::vector<double> cosines;
+    for (const osg::Vec3d& v : uprights)
+        cosines.push_back(inScene({v.x(), v.z(), -v.y()}, up).z());
+    const auto median = cosines.begin() + static_cast<std::ptrdiff_t>(cosines.size() / 2);
+    std::nth_element(cosines.begin(), median, cosines.end());
+    return *median;
+}
+
+std::optional<UpAxis> clearlyUp(const std::vector<osg::Vec3d>& uprights)
+{
+    if (uprights.empty())
+        return std::nullopt;
+    std::array<double, kAxes.size()> along{};
+    std::transform(kAxes.begin(), kAxes.end(), along.begin(),
+                   [&](UpAxis up) { return standingAlong(uprights, up); });
+    const auto best = std::max_element(along.begin(), along.end());
+    const double most = *best;
+    *best = 0.0;
+    const double next = std::max(0.0, *std::max_element(along.begin(), along.end()));
+    if (most <= kUpright || most <= kClearly * next)
+        return std::nullopt;
+    return kAxes[static_cast<std::size_t>(best - along.begin())];
+}
+
+UpAxis found(const MatchedMotion& motion, const MotionFigure& figure, const PoseSample& raw,
+             ProfileRecord& record)
+{
+    std::vector<osg::Vec3d> inMotion;
+    for (const Placements& pose : raw.poses)
+        inMotion.push_back(upright(pose, motion.matching));
+    const std::optional<UpAxis> byMotion = clearlyUp(inMotion);
+    const std::optional<UpAxis> byRest = clearlyUp({upright(MatchedMotion::atRest(figure), motion.matching)});
+    if (byMotion && (raw.poses.size() >= kTellingPoses || !byRest)) {
+        record.upReason = "the figure stands along it in the motion";
+        return *byMotion;
+    }
+    record.upReason = byRest ? "the figure stands along it at rest" : "no axis is clearly up; Y is usual";
+    return byRest.value_or(UpAxis::Y);
+}
+
+}  // namespace
+
+std::string nameOf(UpAxis up)
+{
+    return kNames[static_cast<std::size_t>(up)];
+}
+
+std::optional<UpAxis> axisAsked(ProfileOptions::Up asked)
+{
+    if (asked == ProfileOptions::Up::Auto)
+        return std::nullopt;
+    // The options have the axes in the same order, behind "auto".
+    return static_cast<UpAxis>(static_cast<std::uint8_t>(asked) - 1);
+}
+
+UpAxis uprightAxis(const MatchedMotion& motion, const MotionFigure& figure, const PoseSample& raw,
+                   ProfileOptions::Up asked, ProfileRecord& record)
+{
+    record.upReason = "asked for";
+    const std::optional<UpAxis> known = axisAsked(asked);
+    const UpAxis up = known ? *known : found(motion, figure, raw, record);
+    record.upAxis = nameOf(up);
+    return up;
+}
+
+}  // namespace KivReader
