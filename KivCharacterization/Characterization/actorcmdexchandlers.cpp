@@ -111,11 +111,11 @@ bool ChangeActorNameExcHandler::execute()
 }
 
 ChangeStickContactColorCmdExcHandler::ChangeStickContactColorCmdExcHandler(
-    ActorTable* actors, const KivCommonDef::KIV_STICKCONTACT_COLOR& color, const std::string& jointName)
+    ActorTable* actors, const KivCommonDef::KIV_STICKCONTACT_COLOR& colour, const std::string& jointName)
     : ICmdExcDelegate(kColourContactCodes[0], kColourContactCodes[1], kColourContactCodes[2],
                       kColourContactCodes[3]),
       m_pActors(actors),
-      m_color(color),
+      m_color(colour),
       m_strJointName(jointName)
 {}
 

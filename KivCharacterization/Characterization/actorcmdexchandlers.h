@@ -99,7 +99,7 @@ class ChangeStickContactColorCmdExcHandler : public KivTaskCommand::ICmdExcDeleg
 {
 public:
     ChangeStickContactColorCmdExcHandler(ActorTable* actors,
-                                         const KivCommonDef::KIV_STICKCONTACT_COLOR& color,
+                                         const KivCommonDef::KIV_STICKCONTACT_COLOR& colour,
                                          const std::string& jointName);
     bool prepare() override;
     bool execute() override;

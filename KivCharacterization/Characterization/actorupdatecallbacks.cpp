@@ -69,12 +69,12 @@ osg::ref_ptr<osg::MatrixTransform> makeContactSphere()
     return sphere;
 }
 
-void paint(osg::Drawable& drawable, const osg::Vec4f& color)
+void paint(osg::Drawable& drawable, const osg::Vec4f& colour)
 {
     osg::StateSet* stateSet = drawable.getOrCreateStateSet();
     const osg::ref_ptr<osg::Material> material = ownMaterial(*stateSet);
-    material->setDiffuse(osg::Material::FRONT_AND_BACK, color);
-    material->setAmbient(osg::Material::FRONT_AND_BACK, color);
+    material->setDiffuse(osg::Material::FRONT_AND_BACK, colour);
+    material->setAmbient(osg::Material::FRONT_AND_BACK, colour);
     stateSet->setAttributeAndModes(material, osg::StateAttribute::ON);
 }
 

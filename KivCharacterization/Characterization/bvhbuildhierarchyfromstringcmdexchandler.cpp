@@ -127,8 +127,8 @@ bool BVHBuildHierarchyFromStringCmdExcHandler::complete()
     setSkeletonState(*m_opSkeleton);
     m_opNewRoot = actor.root.get();
     m_opNewAnimation = actor.animation.get();
-    for (const auto& [joint, color] : KivRenderStateManager::instance()->getBVHContactColor()) {
-        actor.animation->ChangeJointContactColor(joint, contactColour(color));
+    for (const auto& [joint, colour] : KivRenderStateManager::instance()->getBVHContactColor()) {
+        actor.animation->ChangeJointContactColor(joint, contactColour(colour));
     }
     return true;
 }

@@ -191,10 +191,10 @@ bool CharacterizationManager::createChangeActorNameCommand(unsigned int actorId,
 }
 
 bool CharacterizationManager::ChangeActorStactColorCommand(const std::string& jointName,
-                                                           const KivCommonDef::KIV_STICKCONTACT_COLOR& color,
+                                                           const KivCommonDef::KIV_STICKCONTACT_COLOR& colour,
                                                            TaskCommand* cmd)
 {
-    cmd->setCmdExcImp(new ChangeStickContactColorCmdExcHandler(&m_mapActors, color, jointName));
+    cmd->setCmdExcImp(new ChangeStickContactColorCmdExcHandler(&m_mapActors, colour, jointName));
     return true;
 }
 

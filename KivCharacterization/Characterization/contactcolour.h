@@ -7,9 +7,9 @@
 namespace KivCharacterization {
 
 /// The opaque colour that a joint's contact marker is painted with.
-inline osg::Vec4f contactColour(const KivCommonDef::KIV_STICKCONTACT_COLOR& color)
+inline osg::Vec4f contactColour(const KivCommonDef::KIV_STICKCONTACT_COLOR& colour)
 {
-    return osg::Vec4f(color.red, color.green, color.blue, 1.0f);
+    return osg::Vec4f(colour.red, colour.green, colour.blue, 1.0f);
 }
 
 }  // namespace KivCharacterization

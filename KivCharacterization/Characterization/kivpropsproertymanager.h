@@ -22,7 +22,7 @@ namespace KivCharacterization {
 class KivPropsProertyManager  // frozen
 {
 public:
-    /// What a props is given to report its changes to. Belongs to the manager that made it.
+    /// What a prop is given to report its changes to. Belongs to the manager that made it.
     class ProertyChangeLink : public KivManipulator::IPropsGeodePropertyNotify  // frozen
     {
     public:
@@ -40,7 +40,7 @@ public:
 
     /// The one manager, made by the first call; that call must not race with another.
     static KivPropsProertyManager* Instance();
-    /// Destroys the manager with all its links; a later Instance() makes a fresh one. No props may report
+    /// Destroys the manager with all its links; a later Instance() makes a fresh one. No prop may report
     /// afterwards.
     static void DestroyInstance();
 
@@ -64,7 +64,7 @@ public:
     /// @return whether the observer was registered.
     bool UnRegistNotify(IPropsPropertyModifyNotify* observer);  // frozen
 
-    /// Links live until the manager is destroyed, however early their props dies.
+    /// Links live until the manager is destroyed, however early their prop dies.
     ProertyChangeLink* CreateProertyChangeLink();  // frozen
 
 private:

@@ -10,7 +10,7 @@
 
 namespace KivCharacterization {
 
-/// Both handlers look their props up when they run, not when they are made: a props that is built in
+/// Both handlers look their prop up when they run, not when they are made: a prop that is built in
 /// between is found, one that has gone is missed. They hold no reference on it.
 
 enum class PropsModifyKind : std::int32_t
@@ -19,9 +19,9 @@ enum class PropsModifyKind : std::int32_t
     PropsDragger = 1
 };
 
-/// Shows or hides one of a props' draggers.
-/// - prepare: finds the props; false if there is none.
-/// - execute: shows or hides; false without a props. A kind that is no dragger does nothing and answers
+/// Shows or hides one of a prop's draggers.
+/// - prepare: finds the prop; false if there is none.
+/// - execute: shows or hides; false without a prop. A kind that is no dragger does nothing and answers
 ///   true.
 /// - finish: nothing.
 class PropsModifyCmdExcHandler : public KivTaskCommand::ICmdExcDelegate
@@ -44,9 +44,9 @@ private:
     [[maybe_unused]] CommandOnLoan m_onLoan;
 };
 
-/// Sets a props' geometry matrix.
-/// - prepare: finds the props; false if there is none.
-/// - execute: sets the matrix; false without a props.
+/// Sets a prop's geometry matrix.
+/// - prepare: finds the prop; false if there is none.
+/// - execute: sets the matrix; false without a prop.
 /// - finish: nothing.
 class PropsGemoetryMatCmdExcHandler : public KivTaskCommand::ICmdExcDelegate  // frozen
 {

@@ -49,7 +49,7 @@ public:
     /// The one manager, made by the first call.
     static CharacterizationManager* instance();
     /// Destroys the manager, and with it the registrations of props observers. Actors stay in the host's
-    /// scene: remove them by command first. No props of theirs may be dragged afterwards. Every command that
+    /// scene: remove them by command first. No prop of theirs may be dragged afterwards. Every command that
     /// the manager handed out must be gone by then; debug builds warn where one is not.
     static void releaseIns();
 
@@ -91,9 +91,9 @@ public:
                                       KivTaskCommand::TaskCommand* cmd);
     /// Sets the contact colour of a joint, on every actor there is and will be.
     bool ChangeActorStactColorCommand(const std::string& jointName,
-                                      const KivCommonDef::KIV_STICKCONTACT_COLOR& color,
+                                      const KivCommonDef::KIV_STICKCONTACT_COLOR& colour,
                                       KivTaskCommand::TaskCommand* cmd);  // frozen
-    /// Sets the geometry matrix of a props.
+    /// Sets the geometry matrix of a prop.
     /// @param name   the props joint's name, without qualifier.
     /// @param matrix 16 numbers in osg::Matrixd's order, copied before the call returns.
     bool SetPropsGemoetryMat(KivTaskCommand::TaskCommand* cmd, int actorIndex, const std::string& name,

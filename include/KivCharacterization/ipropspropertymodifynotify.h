@@ -15,7 +15,7 @@
 /// A host's observer of props changes. The module never deletes an observer and calls it on whatever thread
 /// the change is reported from. The slot order of the virtual operations is part of the interface.
 ///
-/// For each change the observer is first asked whether it is concerned with the props, and only then told;
+/// For each change the observer is first asked whether it is concerned with the prop, and only then told;
 /// what it is told does not repeat the name. An observer may unregister itself from inside a call;
 /// unregistering another one during a delivery is not supported.
 class KIV_INTERFACE_VISIBILITY IPropsPropertyModifyNotify
