@@ -14,9 +14,11 @@ of the others are caught.
 """
 import argparse
 import dataclasses
+import filecmp
 import pathlib
 import random
 import re
+import shutil
 import subprocess
 import sys
 import time
@@ -139,11 +141,12 @@ def return_mutants(name, text):
 
 
 def listed_mutants(name, text):
-    """Changes that were made by hand once: file | what stands there | what is put in its place."""
+    """Changes that were made by hand once: `file: what stands there ==> what is put in its place`."""
     for line in pathlib.Path(__file__).with_name("changes.txt").read_text().splitlines():
         if not line or line.startswith("#"):
             continue
-        file, before, after = line.split(" | ") if line.count(" | ") == 2 else [*line.rstrip(" |").split(" | "), ""]
+        file, change = line.split(": ", 1)
+        before, after = (part.strip() for part in change.split("==>"))
         if not name.endswith("/" + file):
             continue
         before, after = before.replace("\\n", "\n"), after.replace("\\n", "\n")
@@ -169,9 +172,15 @@ def prepare(jobs):
     tree = WORK / "tree"
     tree.mkdir(parents=True, exist_ok=True)
     files = subprocess.run(["git", "ls-files", "-z"], cwd=ROOT, check=True, capture_output=True).stdout
-    # What has changed is as new as the copy: with its own time it may look older than what was built from a mutant.
-    subprocess.run(["rsync", "-rlp", "--checksum", "--from0", "--files-from=-", f"{ROOT}/", f"{tree}/"], input=files,
-                   check=True)
+    for name in filter(None, files.decode().split("\0")):
+        source, copy = ROOT / name, tree / name
+        # What has changed is as new as the copy: with its own time it may look older than what was built from a mutant.
+        if source.exists() and not (copy.exists() and filecmp.cmp(source, copy, shallow=False)):
+            copy.parent.mkdir(parents=True, exist_ok=True)
+            shutil.copyfile(source, copy)
+            shutil.copymode(source, copy)
+        elif copy.exists() and not source.exists():
+            copy.unlink()
     build = WORK / "build"
     print("building the unchanged programs ...", flush=True)
     subprocess.run(["cmake", "-S", tree, "-B", build, "-G", "Ninja", "-DCMAKE_BUILD_TYPE=Debug",
