@@ -2,12 +2,12 @@
 
 #include <algorithm>
 #include <array>
-#include <cctype>
 #include <cmath>
 #include <cstdio>
 #include <set>
 
 #include "host/KivReader/figure/figurepose.h"
+#include "host/KivReader/humanoid/recognition/recogniser.h"
 #include "tools/figure/restfigure.h"
 
 namespace KivReaderTest {
@@ -30,12 +30,6 @@ std::string mirroredName(const std::string& name)
     if (name.rfind("Left", 0) == 0)
         return "Right" + name.substr(4);
     return name.rfind("Right", 0) == 0 ? "Left" + name.substr(5) : name;
-}
-
-/// The metacarpals are not meant: most files have none, and theirs stand where the rest pose puts them.
-bool isOfFinger(const std::string& name)
-{
-    return name.find("Hand") != std::string::npos && std::isdigit(static_cast<unsigned char>(name.back()));
 }
 
 std::string otherSideIf(bool isMirrored, const std::string& name)
@@ -63,7 +57,8 @@ std::int32_t inNewFile(const Rewriting& rewriting, std::int32_t joint)
     return joint < 0 ? joint : static_cast<std::int32_t>(rewriting.joints[static_cast<std::size_t>(joint)]);
 }
 
-/// How many of them an avatar's joint stands at depends on the rest pose; others they must not be.
+/// Where a spine ends and a neck begins is a matter of opinion where no name says it; others they must not
+/// be.
 std::string otherSpine(const ReadPerson& before, const ReadPerson& after, const Rewriting& rewriting)
 {
     std::set<std::int32_t> expected;
@@ -150,7 +145,9 @@ Worst compared(const ReadPerson& before, const ReadPerson& after, const Rewritin
 }  // namespace
 
 ReadPerson::ReadPerson(const MotionDocument& of)
-    : document(of), profiled(makeProfiledFigure(of, ProfileOptions()))
+    : document(of),
+      matching(recognise(of, builtInProfileTable()).matching),
+      profiled(makeProfiledFigure(of, ProfileOptions()))
 {
     for (std::size_t i = 0; i < profiled.figure.joints.size(); ++i)
         index.emplace(profiled.figure.joints[i].name, i);
@@ -158,13 +155,8 @@ ReadPerson::ReadPerson(const MotionDocument& of)
 
 std::int32_t ReadPerson::jointFor(const std::string& name) const
 {
-    const auto found = index.find(name);
-    if (found == index.end() || profiled.figure.joints[found->second].line == 0)
-        return -1;
-    const std::size_t line = profiled.figure.joints[found->second].line;
-    const auto joint = std::find_if(document.joints.begin(), document.joints.end(),
-                                    [&](const auto& candidate) { return candidate.line == line; });
-    return static_cast<std::int32_t>(joint - document.joints.begin());
+    const auto found = matching.joints.find(name);
+    return found == matching.joints.end() ? -1 : static_cast<std::int32_t>(found->second);
 }
 
 std::string otherJoint(const ReadPerson& before, const ReadPerson& after, const Rewriting& rewriting,
@@ -172,10 +164,9 @@ std::string otherJoint(const ReadPerson& before, const ReadPerson& after, const 
 {
     std::vector<std::string> toCompare(kSingle.begin(), kSingle.end());
     if (names == Names::All) {
-        for (const KivFigure::RestJoint& joint : KivFigure::restJoints()) {
-            if (isOfFinger(joint.name) || joint.name.find("Shoulder") != std::string::npos)
-                toCompare.push_back(joint.name);
-        }
+        toCompare.clear();
+        for (const KivFigure::RestJoint& joint : KivFigure::restJoints())
+            toCompare.push_back(joint.name);
     }
     for (const std::string& name : toCompare) {
         const std::string nameThere = otherSideIf(rewriting.isMirrored, name);
@@ -186,7 +177,7 @@ std::string otherJoint(const ReadPerson& before, const ReadPerson& after, const 
                    nameIn(after.document, expected) +
                    " (before: " + nameIn(before.document, before.jointFor(name)) + ")";
     }
-    return otherSpine(before, after, rewriting);
+    return names == Names::Body ? otherSpine(before, after, rewriting) : std::string();
 }
 
 std::string otherPlace(const ReadPerson& before, const ReadPerson& after, const Rewriting& rewriting)

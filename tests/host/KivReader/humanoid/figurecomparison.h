@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "host/KivReader/humanoid/jointmatching.h"
 #include "host/KivReader/humanoid/profiledfigure.h"
 #include "tests/support/motionrewriting/rewritings.h"
 
@@ -21,6 +22,7 @@ struct ReadPerson
     std::int32_t jointFor(const std::string& name) const;
 
     const KivReader::MotionDocument& document;
+    KivReader::JointMatching matching;
     KivReader::ProfiledFigure profiled;
     std::map<std::string, std::size_t> index;  ///< in the figure, by the avatar's names
 };
