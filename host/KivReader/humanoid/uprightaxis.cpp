@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <optional>
+#include <string>
 #include <vector>
 
 namespace KivReader {
@@ -12,6 +13,10 @@ namespace {
 constexpr double kUpright = 0.5;           ///< cosine: figures that stand are no farther from upright
 constexpr double kClearly = 1.5;           ///< one axis over the next
 constexpr std::size_t kTellingPoses = 10;  ///< fewer may show somebody who lies or bows
+
+constexpr double kOnFromTrunk = 0.7;  ///< cosine: legs of a standing figure are no farther from it
+
+const std::array<std::string, 2> kSides = {"Left", "Right"};
 
 constexpr std::array<UpAxis, 6> kAxes = {UpAxis::Y,      UpAxis::Z,      UpAxis::X,
                                          UpAxis::MinusY, UpAxis::MinusZ, UpAxis::MinusX};
@@ -26,6 +31,26 @@ osg::Vec3d upright(const Placements& pose, const JointMatching& matching)
                              : middle(pose, matching, "LeftLeg", "RightLeg"));
     up.normalize();
     return up;
+}
+
+/// Whether the legs go on from the trunk, straight, as a standing figure's do. With all channels 0 they may
+/// point anywhere.
+bool isStanding(const Placements& pose, const JointMatching& matching)
+{
+    const auto between = [&](const std::string& from, const std::string& to) {
+        osg::Vec3d way = pose[matching.at(to)].place - pose[matching.at(from)].place;
+        way.normalize();
+        return way;
+    };
+    osg::Vec3d trunk =
+        middle(pose, matching, "LeftArm", "RightArm") - middle(pose, matching, "LeftUpLeg", "RightUpLeg");
+    trunk.normalize();
+    return std::all_of(kSides.begin(), kSides.end(), [&](const std::string& side) {
+        const osg::Vec3d thigh = between(side + "UpLeg", side + "Leg");
+        const bool hasFoot = matching.has(side + "Foot");
+        return thigh * trunk < -kOnFromTrunk &&
+               (!hasFoot || between(side + "Leg", side + "Foot") * thigh > kOnFromTrunk);
+    });
 }
 
 /// How far the poses stand along the axis: the median of the cosines.
@@ -62,7 +87,9 @@ UpAxis found(const MatchedMotion& motion, const MotionFigure& figure, const Pose
     for (const Placements& pose : raw.poses)
         inMotion.push_back(upright(pose, motion.matching));
     const std::optional<UpAxis> byMotion = clearlyUp(inMotion);
-    const std::optional<UpAxis> byRest = clearlyUp({upright(MatchedMotion::atRest(figure), motion.matching)});
+    const Placements rest = MatchedMotion::atRest(figure);
+    const std::optional<UpAxis> byRest =
+        isStanding(rest, motion.matching) ? clearlyUp({upright(rest, motion.matching)}) : std::nullopt;
     if (byMotion && (raw.poses.size() >= kTellingPoses || !byRest)) {
         record.upReason = "the figure stands along it in the motion";
         return *byMotion;
