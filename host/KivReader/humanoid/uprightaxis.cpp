@@ -16,8 +16,6 @@ constexpr std::size_t kTellingPoses = 10;  ///< fewer may show somebody who lies
 
 constexpr double kOnFromTrunk = 0.7;  ///< cosine: legs of a standing figure are no farther from it
 
-const std::array<std::string, 2> kSides = {"Left", "Right"};
-
 constexpr std::array<UpAxis, 6> kAxes = {UpAxis::Y,      UpAxis::Z,      UpAxis::X,
                                          UpAxis::MinusY, UpAxis::MinusZ, UpAxis::MinusX};
 constexpr std::array<const char*, 6> kNames = {"y", "z", "x", "-y", "-z", "-x"};
@@ -45,12 +43,13 @@ bool isStanding(const Placements& pose, const JointMatching& matching)
     osg::Vec3d trunk =
         middle(pose, matching, "LeftArm", "RightArm") - middle(pose, matching, "LeftUpLeg", "RightUpLeg");
     trunk.normalize();
-    return std::all_of(kSides.begin(), kSides.end(), [&](const std::string& side) {
+    const auto isLegOn = [&](const std::string& side) {
         const osg::Vec3d thigh = between(side + "UpLeg", side + "Leg");
         const bool hasFoot = matching.has(side + "Foot");
         return thigh * trunk < -kOnFromTrunk &&
                (!hasFoot || between(side + "Leg", side + "Foot") * thigh > kOnFromTrunk);
-    });
+    };
+    return isLegOn("Left") && isLegOn("Right");
 }
 
 /// How far the poses stand along the axis: the median of the cosines.

@@ -169,6 +169,8 @@ std::string otherJoint(const ReadPerson& before, const ReadPerson& after, const 
             toCompare.push_back(joint.name);
     }
     for (const std::string& name : toCompare) {
+        if (names == Names::Body && before.jointFor(name) < 0)
+            continue;
         const std::string nameThere = otherSideIf(rewriting.isMirrored, name);
         const std::int32_t expected = inNewFile(rewriting, before.jointFor(name));
         const std::int32_t found = after.jointFor(nameThere);

@@ -30,7 +30,7 @@ struct ReadPerson
 /// What is compared of the joints.
 enum class Names
 {
-    Body,  ///< hips, legs, feet, spine, neck, head, arms and hands
+    Body,  ///< hips, legs, feet, spine, neck, head, arms and hands, those that the file has
     All    ///< fingers and shoulders as well
 };
 
