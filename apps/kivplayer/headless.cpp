@@ -25,9 +25,8 @@ void report(const Options& options, const Session& session, Console& console)
 {
     if (options.report.empty() && console.isQuiet())
         return;
-    const nlohmann::ordered_json report =
-        fitReport(session.actors(), AvatarFile::read(session.avatarPath()), console.errors());
-    for (const nlohmann::ordered_json& actor : report.at("actors"))
+    const FitReport report = fitReportOf(session.actors(), session.avatar(), console.errors());
+    for (const ActorFit& actor : report.actors)
         console.say(summaryOf(actor));
     if (!options.report.empty())
         writeReport(options.report, report, console);

@@ -21,6 +21,8 @@ struct AvatarFile
     std::map<std::string, std::vector<std::string>> joints;  ///< joint to the full names of its pieces
     std::map<std::string, Segment> segments;                 ///< "parent&child", the avatar's frame and unit
 
+    bool isEmpty() const { return joints.empty(); }
+
     /// Empty where the file cannot be read.
     static AvatarFile read(const std::string& path);
 };

@@ -19,9 +19,6 @@ class EglContext;
 class Offscreen
 {
 public:
-    /// The multiple that is used where none is asked for: smaller pictures can afford more.
-    static int defaultSupersampling(int width, int height);
-
     /// @param multiple samples per pixel in each direction, at least 1; lowered where the driver's largest
     /// surface asks for it.
     /// @throws std::runtime_error where no context can be had.
@@ -48,8 +45,5 @@ private:
     osg::ref_ptr<osgViewer::View> m_spView;
     osg::ref_ptr<osg::Image> m_spSamples;
 };
-
-/// Averages squares of multiple × multiple pixels in linear light; sizes must divide.
-osg::ref_ptr<osg::Image> boxFilter(const osg::Image& samples, int multiple);
 
 }  // namespace KivPlayer

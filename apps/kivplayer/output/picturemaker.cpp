@@ -12,6 +12,7 @@
 #include "KivRenderState/kivrenderstatemanager.h"
 #include "apps/kivplayer/output/outputtimes.h"
 #include "apps/kivplayer/output/picturefile.h"
+#include "apps/kivplayer/output/supersampler.h"
 #include "apps/kivplayer/output/videofile.h"
 #include "apps/kivplayer/support/progress.h"
 
@@ -35,9 +36,9 @@ PictureMaker::PictureMaker(const Options& options, Session& session, Console& co
       m_session(session),
       m_console(console),
       m_publisher(options.shown.contacts),
-      m_offscreen(options.width, options.height,
-                  options.samples > 0 ? options.samples
-                                      : Offscreen::defaultSupersampling(options.width, options.height)),
+      m_offscreen(
+          options.width, options.height,
+          options.samples > 0 ? options.samples : defaultSupersampling(options.width, options.height)),
       m_stage(KivMemoryShare::SceneCfgShare::instance()->getCharacterSceneNode()),
       m_caption(options.width, options.height, session.fontPath())
 {

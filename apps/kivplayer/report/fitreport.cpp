@@ -1,85 +1,80 @@
 #include "apps/kivplayer/report/fitreport.h"
 
 #include <algorithm>
-#include <cctype>
 #include <cmath>
-#include <optional>
 #include <set>
+#include <utility>
 
 #include "KivCharacterization/naming.h"
-#include "KivReader/editdistance.h"
-#include "apps/kivplayer/report/profilereport.h"
 
 namespace KivPlayer {
 
-using nlohmann::ordered_json;
-
 namespace {
 
-struct ActorSegment
-{
-    double length = 0.0;
-    osg::Vec3d offset;
-};
+using Segments = std::map<std::string, AvatarFile::Segment>;
+using Unmatched = KivReader::ProfileRecord::Unmatched;
 
-/// A joint's name as people mean it.
-std::string plainName(const std::string& name)
+Segments segmentsOf(const DressedActor& actor)
 {
-    const std::size_t colon = name.rfind(':');
-    std::string plain;
-    for (const char letter : colon == std::string::npos ? name : name.substr(colon + 1))
-        if (std::isalnum(static_cast<unsigned char>(letter)))
-            plain += static_cast<char>(std::tolower(static_cast<unsigned char>(letter)));
-    return plain;
-}
-
-/// Numbers that JSON has no word for become null.
-ordered_json finite(double value)
-{
-    return std::isfinite(value) ? ordered_json(value) : ordered_json(nullptr);
-}
-
-std::map<std::string, ActorSegment> segmentsOf(const DressedActor& actor)
-{
-    std::map<std::string, ActorSegment> segments;
+    Segments segments;
     for (const DressedActor::Joint& joint : actor.joints()) {
         for (unsigned i = 0; i < joint.bone->getNumChildren(); ++i) {
             const auto* child = dynamic_cast<const KivAnimation::Bone*>(joint.bone->getChild(i));
             if (!child)
                 continue;
             const osg::Vec3d offset = child->getInitialMatrix().getTrans();
-            segments[KivCharacterization::SegmentKey(joint.name, withoutQualifier(child->getName()))] = {
-                offset.length(), offset};
+            const std::string_view name = KivCharacterization::withoutQualifier(child->getName());
+            segments[KivCharacterization::SegmentKey(joint.name, name)] = {offset.length(), offset};
         }
     }
     return segments;
 }
 
-/// The distance between the ends of two segments of one joint; 0 for what is missing, as dressing takes it.
-template <typename Segments>
-double spread(const Segments& segments, const char* one, const char* other)
-{
-    const auto first = segments.find(one);
-    const auto second = segments.find(other);
-    const osg::Vec3d from = first == segments.end() ? osg::Vec3d() : first->second.offset;
-    const osg::Vec3d to = second == segments.end() ? osg::Vec3d() : second->second.offset;
-    return (from - to).length();
-}
-
-template <typename Segments>
-double lengthOf(const Segments& segments, const char* key)
+/// One that is missing has no length, as dressing takes it.
+AvatarFile::Segment segmentOf(const Segments& segments, const char* key)
 {
     const auto found = segments.find(key);
-    return found == segments.end() ? 0.0 : found->second.length;
+    return found == segments.end() ? AvatarFile::Segment() : found->second;
 }
 
-ordered_json piecesReport(const std::vector<DressedPiece>& worn, const std::set<std::string>& joints,
-                          const AvatarFile& avatar)
+double hipWidth(const Segments& segments)
+{
+    return (segmentOf(segments, KivCharacterization::kLeftHipSegment).offset -
+            segmentOf(segments, KivCharacterization::kRightHipSegment).offset)
+        .length();
+}
+
+double palmLength(const Segments& segments)
+{
+    return segmentOf(segments, KivCharacterization::kHandSegment).length;
+}
+
+std::optional<double> ratio(double actor, double avatar)
+{
+    const double value = actor / avatar;
+    return std::isfinite(value) ? std::optional<double>(value) : std::nullopt;
+}
+
+std::vector<ActorFit::Segment> sharedSegments(const Segments& actor, const Segments& avatar)
+{
+    std::vector<ActorFit::Segment> shared;
+    for (const auto& [key, segment] : actor) {
+        const auto own = avatar.find(key);
+        if (own != avatar.end())
+            shared.push_back(
+                {key, own->second.length, segment.length, ratio(segment.length, own->second.length)});
+    }
+    return shared;
+}
+
+std::vector<ActorFit::SkippedPiece> skippedPieces(const std::vector<DressedPiece>& worn,
+                                                  const std::set<std::string>& joints,
+                                                  const AvatarFile& avatar)
 {
     std::set<std::pair<std::string, std::string>> wornNames;
     for (const DressedPiece& piece : worn)
         wornNames.emplace(piece.joint, piece.name);
-    ordered_json skipped = ordered_json::array();
+    std::vector<ActorFit::SkippedPiece> skipped;
     for (const auto& [joint, pieces] : avatar.joints) {
         for (const std::string& piece : pieces) {
             if (wornNames.count({joint, piece}) > 0)
@@ -89,26 +84,10 @@ ordered_json piecesReport(const std::vector<DressedPiece>& worn, const std::set<
                 reason = "the skeleton has no joint " + joint;
             else if (piece.find(KivCharacterization::kPieceEndMark) == std::string::npos)
                 reason = "its name has no closing $";
-            skipped.push_back({{"piece", piece}, {"reason", reason}});
+            skipped.push_back({piece, reason});
         }
     }
-    return {{"attached", worn.size()}, {"skipped", skipped}};
-}
-
-ordered_json segmentsReport(const std::map<std::string, ActorSegment>& actorSegments,
-                            const AvatarFile& avatar)
-{
-    ordered_json list = ordered_json::array();
-    for (const auto& [key, segment] : actorSegments) {
-        const auto own = avatar.segments.find(key);
-        if (own == avatar.segments.end())
-            continue;
-        list.push_back({{"key", key},
-                        {"avatarLength", finite(own->second.length)},
-                        {"actorLength", finite(segment.length)},
-                        {"factor", finite(segment.length / own->second.length)}});
-    }
-    return list;
+    return skipped;
 }
 
 bool isEndSite(const DressedActor::Joint& joint)
@@ -116,42 +95,21 @@ bool isEndSite(const DressedActor::Joint& joint)
     return joint.isLeaf && joint.name.size() > 3 && joint.name.compare(joint.name.size() - 3, 3, "End") == 0;
 }
 
-ordered_json matchedReport(const DressedActor& actor, const AvatarFile& avatar)
+/// What the reader tells of; where it has left the joints alone, those that the avatar does not know.
+std::vector<Unmatched> unmatchedJoints(const LoadedActor& actor, const AvatarFile& avatar)
 {
-    ordered_json matched = ordered_json::array();
-    for (const DressedActor::Joint& joint : actor.joints())
-        if (avatar.joints.count(joint.name) > 0)
-            matched.push_back(joint.name);
-    return matched;
-}
-
-ordered_json unmatchedReport(const LoadedActor& actor, const AvatarFile& avatar)
-{
-    ordered_json unmatched = ordered_json::array();
-    for (const KivReader::ProfileRecord::Unmatched& joint : actor.profile.unmatched)
-        unmatched.push_back({{"joint", joint.joint}, {"nearest", joint.nearest}});
-    if (actor.profile.isHumanoid)
+    std::vector<Unmatched> unmatched = actor.profile.unmatched;
+    if (actor.profile.isHumanoid || !unmatched.empty())
         return unmatched;
-    std::vector<std::string> free;
-    const std::vector<std::string> all = actor.dressed.jointNames();
-    const std::set<std::string> present(all.begin(), all.end());
-    for (const auto& [joint, pieces] : avatar.joints)
-        if (!joint.empty() && present.count(joint) == 0)
-            free.push_back(joint);
-    for (const DressedActor::Joint& joint : actor.dressed.joints()) {
-        if (avatar.joints.count(joint.name) > 0 || isEndSite(joint))
-            continue;
-        const std::string nearest = nearestName(joint.name, free);
-        unmatched.push_back({{"joint", joint.name},
-                             {"nearest", nearest.empty() ? ordered_json::array() : ordered_json{nearest}}});
-    }
+    for (const DressedActor::Joint& joint : actor.dressed.joints())
+        if (avatar.joints.count(joint.name) == 0 && !isEndSite(joint))
+            unmatched.push_back({joint.name, {}});
     return unmatched;
 }
 
-/// Sentences, with their place in the file where they have one.
-ordered_json warningsReport(const LoadedActor& actor)
+std::vector<std::string> warningsOf(const LoadedActor& actor)
 {
-    ordered_json warnings = ordered_json::array();
+    std::vector<std::string> warnings;
     for (const KivReader::Diagnostic& warning : actor.document.warnings)
         warnings.push_back(placeText({actor.file, warning.line, warning.column, ""}) + ": " +
                            warning.message);
@@ -160,66 +118,41 @@ ordered_json warningsReport(const LoadedActor& actor)
     return warnings;
 }
 
-ordered_json actorReport(const LoadedActor& actor, const AvatarFile& avatar)
+ActorFit fitOf(const LoadedActor& actor, const AvatarFile& avatar)
 {
     const std::vector<std::string> names = actor.dressed.jointNames();
-    const std::map<std::string, ActorSegment> segments = segmentsOf(actor.dressed);
-    using namespace KivCharacterization;
-    const double hips = spread(segments, kLeftHipSegment, kRightHipSegment) /
-                        spread(avatar.segments, kLeftHipSegment, kRightHipSegment);
-    const double hands = lengthOf(segments, kHandSegment) / lengthOf(avatar.segments, kHandSegment);
-    return {{"file", actor.file},
-            {"actorId", actor.id()},
-            {"name", actor.name},
-            {"dialect",
-             actor.profile.dialect.empty() ? ordered_json(nullptr) : ordered_json(actor.profile.dialect)},
-            {"joints", names.size()},
-            {"matched", matchedReport(actor.dressed, avatar)},
-            {"unmatched", unmatchedReport(actor, avatar)},
-            {"profile", profileReport(actor.profile)},
-            {"pieces", piecesReport(actor.dressed.pieces(), {names.begin(), names.end()}, avatar)},
-            {"segments", segmentsReport(segments, avatar)},
-            {"hipRatio", finite(hips)},
-            {"handRatio", finite(hands)},
-            {"frames", actor.frames()},
-            {"frameTime", actor.document.frameTime},
-            {"warnings", warningsReport(actor)}};
+    const Segments segments = segmentsOf(actor.dressed);
+    const std::vector<DressedPiece> worn = actor.dressed.pieces();
+    ActorFit fit;
+    fit.file = actor.file;
+    fit.actorId = actor.id();
+    fit.name = actor.name;
+    fit.joints = names.size();
+    std::copy_if(names.begin(), names.end(), std::back_inserter(fit.matched),
+                 [&avatar](const std::string& name) { return avatar.joints.count(name) > 0; });
+    fit.unmatched = unmatchedJoints(actor, avatar);
+    fit.profile = actor.profile;
+    fit.attached = worn.size();
+    fit.skipped = skippedPieces(worn, {names.begin(), names.end()}, avatar);
+    fit.segments = sharedSegments(segments, avatar.segments);
+    fit.hipRatio = ratio(hipWidth(segments), hipWidth(avatar.segments));
+    fit.handRatio = ratio(palmLength(segments), palmLength(avatar.segments));
+    fit.frames = actor.frames();
+    fit.frameTime = actor.document.frameTime;
+    fit.warnings = warningsOf(actor);
+    return fit;
 }
 
 }  // namespace
 
-std::string nearestName(const std::string& joint, const std::vector<std::string>& known)
+FitReport fitReportOf(const std::map<unsigned, LoadedActor>& actors, const AvatarFile& avatar,
+                      const std::vector<Diagnostic>& errors)
 {
-    const std::string plain = plainName(joint);
-    std::string nearest;
-    std::size_t least = plain.size() / 2 + 1;
-    for (const std::string& name : known) {
-        const std::size_t distance = KivReader::editDistance(plain, plainName(name));
-        if (distance < least) {
-            least = distance;
-            nearest = name;
-        }
-    }
-    return nearest;
-}
-
-ordered_json fitReport(const std::map<unsigned, LoadedActor>& actors, const AvatarFile& avatar,
-                       const std::vector<Diagnostic>& errors)
-{
-    ordered_json actorList = ordered_json::array();
+    FitReport report;
     for (const auto& [index, actor] : actors)
-        actorList.push_back(actorReport(actor, avatar));
-    ordered_json errorList = ordered_json::array();
-    for (const Diagnostic& error : errors) {
-        ordered_json entry{
-            {"file", error.file}, {"line", nullptr}, {"column", nullptr}, {"message", error.message}};
-        if (error.line > 0)
-            entry["line"] = error.line;
-        if (error.line > 0 && error.column > 0)
-            entry["column"] = error.column;
-        errorList.push_back(entry);
-    }
-    return {{"actors", actorList}, {"errors", errorList}};
+        report.actors.push_back(fitOf(actor, avatar));
+    report.errors = errors;
+    return report;
 }
 
 }  // namespace KivPlayer

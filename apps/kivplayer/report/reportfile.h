@@ -1,15 +1,17 @@
 #pragma once
 
-#include <nlohmann/json.hpp>
-
 #include <string>
 
+#include "apps/kivplayer/report/fitreport.h"
 #include "apps/kivplayer/support/console.h"
 
 namespace KivPlayer {
 
-/// Writes a fit report, whole or not at all; what cannot be written is reported.
+/// The report as JSON, as docs/report-schema.json has it. What is promised as a number is one.
+std::string reportText(const FitReport& report);
+
+/// Writes it, whole or not at all; what cannot be written is reported.
 /// @param file "-" is stdout.
-void writeReport(const std::string& file, const nlohmann::ordered_json& report, Console& console);
+void writeReport(const std::string& file, const FitReport& report, Console& console);
 
 }  // namespace KivPlayer

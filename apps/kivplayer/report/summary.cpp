@@ -1,5 +1,6 @@
 #include "apps/kivplayer/report/summary.h"
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <locale>
@@ -7,8 +8,6 @@
 #include <string_view>
 
 namespace KivPlayer {
-
-using nlohmann::ordered_json;
 
 namespace {
 
@@ -18,24 +17,28 @@ constexpr std::array<std::string_view, 21> kBody = {
     "LeftArm", "LeftForeArm", "LeftHand", "RightShoulder", "RightArm",   "RightForeArm", "RightHand"};
 constexpr std::size_t kMaxNamed = 6;
 
-std::size_t bodyJoints(const ordered_json& matched)
+std::size_t bodyJoints(const std::vector<std::string>& matched)
 {
-    std::size_t count = 0;
-    for (const std::string_view name : kBody)
-        for (const ordered_json& joint : matched)
-            count += joint.get_ref<const std::string&>() == name ? 1 : 0;
-    return count;
+    return static_cast<std::size_t>(
+        std::count_if(matched.begin(), matched.end(), [](const std::string& joint) {
+            return std::find(kBody.begin(), kBody.end(), joint) != kBody.end();
+        }));
 }
 
-std::string numberText(const ordered_json& number)
+std::string rounded(const std::optional<double>& number)
 {
-    if (!number.is_number())
+    if (!number)
         return "none";
     std::ostringstream text;
     text.imbue(std::locale::classic());
     text.precision(3);
-    text << number.get<double>();
+    text << *number;
     return text.str();
+}
+
+std::string counted(const char* what, std::size_t count)
+{
+    return std::string(what) + " " + std::to_string(count);
 }
 
 /// "word" or "word (reason)".
@@ -45,57 +48,53 @@ std::string withReason(const std::string& word, const std::string& reason)
 }
 
 /// "Tail (nearest: Spine), Wing, … and 3 more"
-std::string unmatchedText(const ordered_json& unmatched)
+std::string unmatchedText(const std::vector<KivReader::ProfileRecord::Unmatched>& unmatched)
 {
     std::string text;
-    for (std::size_t i = 0; i < unmatched.size() && i < kMaxNamed; ++i) {
-        const ordered_json& nearest = unmatched[i].at("nearest");
-        text += (i > 0 ? ", " : "") + unmatched[i].at("joint").get<std::string>();
+    for (std::size_t i = 0; i < std::min(unmatched.size(), kMaxNamed); ++i) {
+        const std::vector<std::string>& nearest = unmatched[i].nearest;
+        text += (i > 0 ? ", " : "") + unmatched[i].joint;
         if (!nearest.empty())
-            text += " (nearest: " + nearest[0].get<std::string>() + ")";
+            text += " (nearest: " + nearest.front() + ")";
     }
     if (unmatched.size() > kMaxNamed)
         text += " and " + std::to_string(unmatched.size() - kMaxNamed) + " more";
     return text;
 }
 
-std::string profileText(const ordered_json& profile)
+std::string profileText(const KivReader::ProfileRecord& profile)
 {
-    if (!profile.at("humanoid").get<bool>())
-        return "  read as it stands: " + profile.at("reason").get<std::string>() + "\n";
-    std::string text;
-    for (const char* what : {"renamed", "folded", "inserted", "reframed", "left"})
-        text +=
-            (text.empty() ? "  " : ", ") + std::string(what) + " " + std::to_string(profile.at(what).size());
-    text += "\n  unit " + withReason(profile.at("unit"), profile.at("unitReason"));
-    text += "\n  upright " + withReason(profile.at("upAxis"), profile.at("upReason"));
-    const auto& hipReason = profile.at("hipWidthReason").get_ref<const std::string&>();
-    if (!hipReason.empty())
-        text += "\n  torso sized as for hips " + numberText(profile.at("hipWidthMeasured")) +
-                " cm wide, not " + numberText(profile.at("hipWidth")) + " cm (" + hipReason + ")";
+    if (!profile.isHumanoid)
+        return "  read as it stands: " + profile.whyNot + "\n";
+    std::string text =
+        "  " + counted("renamed", profile.renamed.size()) + ", " + counted("folded", profile.folded.size()) +
+        ", " + counted("inserted", profile.inserted.size()) + ", " +
+        counted("reframed", profile.reframed.size()) + ", " + counted("left", profile.left.size());
+    text += "\n  unit " + withReason(profile.unit, profile.unitReason);
+    text += "\n  upright " + withReason(profile.upAxis, profile.upReason);
+    if (!profile.hipWidthReason.empty())
+        text += "\n  torso sized as for hips " + rounded(profile.hipWidthMeasured) + " cm wide, not " +
+                rounded(profile.hipWidth) + " cm (" + profile.hipWidthReason + ")";
     return text + "\n";
 }
 
 }  // namespace
 
-std::string summaryOf(const ordered_json& actor)
+std::string summaryOf(const ActorFit& fit)
 {
-    const ordered_json& dialect = actor.at("dialect");
-    const ordered_json& pieces = actor.at("pieces");
-    std::string text = "kivplayer: " + actor.at("name").get<std::string>() + ": " +
-                       actor.at("file").get<std::string>() + ", dialect " +
-                       (dialect.is_string() ? dialect.get<std::string>() : "unknown") + "\n";
-    text += "  matched " + std::to_string(bodyJoints(actor.at("matched"))) + " of " +
-            std::to_string(kBody.size()) + " body joints, " + std::to_string(actor.at("matched").size()) +
-            " joints in all; pieces attached " + pieces.at("attached").dump() + ", skipped " +
-            std::to_string(pieces.at("skipped").size()) + "\n";
-    text += profileText(actor.at("profile"));
-    if (!actor.at("unmatched").empty())
-        text += "  unmatched " + unmatchedText(actor.at("unmatched")) + "\n";
-    text += "  hip ratio " + numberText(actor.at("hipRatio")) + ", hand ratio " +
-            numberText(actor.at("handRatio")) + ", frames " + actor.at("frames").dump();
-    if (!actor.at("warnings").empty())
-        text += ", warnings " + std::to_string(actor.at("warnings").size());
+    const std::string& dialect = fit.profile.dialect;
+    std::string text = "kivplayer: " + fit.name + ": " + fit.file + ", dialect " +
+                       (dialect.empty() ? "unknown" : dialect) + "\n";
+    text += "  " + counted("matched", bodyJoints(fit.matched)) + " of " + std::to_string(kBody.size()) +
+            " body joints, " + std::to_string(fit.matched.size()) + " joints in all; " +
+            counted("pieces attached", fit.attached) + ", " + counted("skipped", fit.skipped.size()) + "\n";
+    text += profileText(fit.profile);
+    if (!fit.unmatched.empty())
+        text += "  unmatched " + unmatchedText(fit.unmatched) + "\n";
+    text += "  hip ratio " + rounded(fit.hipRatio) + ", hand ratio " + rounded(fit.handRatio) + ", " +
+            counted("frames", fit.frames);
+    if (!fit.warnings.empty())
+        text += ", " + counted("warnings", fit.warnings.size());
     return text + "\n";
 }
 

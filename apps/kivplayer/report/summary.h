@@ -1,12 +1,12 @@
 #pragma once
 
-#include <nlohmann/json.hpp>
-
 #include <string>
+
+#include "apps/kivplayer/report/fitreport.h"
 
 namespace KivPlayer {
 
-/// An actor's part of the report in a few lines for people, each with its newline.
-std::string summaryOf(const nlohmann::ordered_json& actor);
+/// How an actor was dressed in a few lines for people, each with its newline.
+std::string summaryOf(const ActorFit& fit);
 
 }  // namespace KivPlayer

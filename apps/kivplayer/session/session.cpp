@@ -46,14 +46,6 @@ bool attachLoad(CharacterizationManager& manager, const MotionFile& motion, Task
     return manager.createLoadBVHCommand(motion.text, static_cast<int>(actor.index), actor.name, &command);
 }
 
-bool reported(const std::string& path, const std::string& outcome)
-{
-    for (const std::string& line : KivErrorOperator::TavrinCommonErrorMsg::instance()->history())
-        if (line == "Read file :" + path + outcome)
-            return true;
-    return false;
-}
-
 }  // namespace
 
 Session::Session(Console& console, const std::string& reading)
@@ -84,14 +76,17 @@ bool Session::start(const std::string& root)
     m_avatarPath = avatarBelow(root);
     m_fontPath = root + "/Data/Font/arial.ttf";
     KivErrorOperator::TavrinCommonErrorMsg::instance()->clear();
+    // The module does not answer whether an avatar is there; the player reads the file by itself meanwhile.
+    std::future<AvatarFile> avatar =
+        std::async(std::launch::async, [path = m_avatarPath] { return AvatarFile::read(path); });
     const bool fontThere = CharacterizationManager::instance()->initalCharacterModel(root);
+    m_avatar = avatar.get();
     if (!fontThere)
         m_console.error({m_fontPath, 0, 0, "the label font cannot be read"});
-    m_avatarThere = reported(m_avatarPath, "successed!");
-    if (!m_avatarThere)
+    if (m_avatar.isEmpty())
         m_console.error({m_avatarPath, 0, 0, "the avatar cannot be read"});
     const bool tableThere = m_reader.readProfileTable();
-    return m_avatarThere && tableThere;
+    return !m_avatar.isEmpty() && tableThere;
 }
 
 bool Session::load(unsigned index, const std::string& file, const std::string& name)
@@ -127,8 +122,8 @@ bool Session::finish(MotionFile motion, bool built)
     if (!dressed) {
         std::string reason = readersReason(motion.text);
         if (reason.empty())
-            reason =
-                m_avatarThere ? "the skeleton could not be dressed" : "there is no avatar to dress it with";
+            reason = m_avatar.isEmpty() ? "there is no avatar to dress it with"
+                                        : "the skeleton could not be dressed";
         m_console.error({actor.file, 0, 0, reason});
         return false;
     }

@@ -9,6 +9,7 @@
 
 #include "KivTaskCommand/commandthread.h"
 #include "KivTaskCommand/scenegate.h"
+#include "apps/kivplayer/content/avatarfile.h"
 #include "apps/kivplayer/content/loadedactor.h"
 #include "apps/kivplayer/content/motionfilereader.h"
 #include "apps/kivplayer/options/options.h"
@@ -79,6 +80,8 @@ public:
 
     KivTaskCommand::SceneGate& gate() { return m_gate; }
     const std::map<unsigned, LoadedActor>& actors() const { return m_actors; }
+    /// What there is to wear, as the player reads it; empty before start and where it cannot be read.
+    const AvatarFile& avatar() const { return m_avatar; }
     const std::string& avatarPath() const { return m_avatarPath; }
     const std::string& fontPath() const { return m_fontPath; }
 
@@ -93,7 +96,7 @@ private:
     std::map<unsigned, double> m_offsets;  ///< seconds; 0 for everybody else
     std::string m_avatarPath;
     std::string m_fontPath;
-    bool m_avatarThere = false;
+    AvatarFile m_avatar;
 };
 
 }  // namespace KivPlayer

@@ -105,13 +105,15 @@ Stage::Stage(osg::Group* figures)
       m_spGridStep(new osg::Uniform("kivGridStep", 100.0f)),
       m_spShowGrid(new osg::Uniform("kivShowGrid", true)),
       m_spPicture(new osg::Uniform("kivPicture", osg::Vec4f(0, 0, 1, 1))),
+      m_spSampleSize(new osg::Uniform("kivSampleSize", 1.0f)),
       m_spSkeleton(new SkeletonOverlay(figures)),
       m_shadow(figures, kShadowSide, true),
       m_footprint(figures, kFootprintSide, false)
 {
     osg::StateSet* shared = m_spRoot->getOrCreateStateSet();
-    for (const auto& uniform : {m_spKeyDirection, m_spShadowMatrix, m_spFootprintMatrix, m_spFootprintDepth,
-                                m_spCentre, m_spRadius, m_spGridStep, m_spShowGrid, m_spPicture})
+    for (const auto& uniform :
+         {m_spKeyDirection, m_spShadowMatrix, m_spFootprintMatrix, m_spFootprintDepth, m_spCentre, m_spRadius,
+          m_spGridStep, m_spShowGrid, m_spPicture, m_spSampleSize})
         shared->addUniform(uniform);
     shared->addUniform(new osg::Uniform("kivShadowTexel", 1.0f / kShadowSide));
     shared->addUniform(new osg::Uniform("kivShadowMap", static_cast<int>(kShadowUnit)));
@@ -206,6 +208,11 @@ void Stage::setPrograms()
 void Stage::fillPicture(const osg::Vec4d& area)
 {
     m_spPicture->set(osg::Vec4f(area));
+}
+
+void Stage::setSampleSize(double pixels)
+{
+    m_spSampleSize->set(static_cast<float>(pixels));
 }
 
 void Stage::showGrid(bool shown)

@@ -48,6 +48,9 @@ public:
     /// clip space. All of it at first.
     void fillPicture(const osg::Vec4d& area);
 
+    /// How large a sample is, pixels: below 1 while a picture is made of several frames. 1 at first.
+    void setSampleSize(double pixels);
+
     void showGrid(bool shown);
     /// The bones of the figures, over their bodies; off at first.
     void showSkeleton(bool shown);
@@ -69,6 +72,7 @@ private:
     osg::ref_ptr<osg::Uniform> m_spGridStep;
     osg::ref_ptr<osg::Uniform> m_spShowGrid;
     osg::ref_ptr<osg::Uniform> m_spPicture;
+    osg::ref_ptr<osg::Uniform> m_spSampleSize;
     osg::ref_ptr<SkeletonOverlay> m_spSkeleton;
     DepthView m_shadow;
     DepthView m_footprint;

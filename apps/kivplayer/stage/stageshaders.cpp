@@ -148,6 +148,7 @@ uniform vec3 kivStageCentre;
 uniform float kivStageRadius;
 uniform float kivGridStep;
 uniform bool kivShowGrid;
+uniform float kivSampleSize;
 uniform mat4 kivFootprintMatrix;
 uniform float kivFootprintDepth;
 uniform sampler2D kivFootprintMap;
@@ -158,7 +159,7 @@ varying vec3 clipPosition;
 float lines(vec2 place, float step_, float width)
 {
     vec2 cell = place / step_;
-    vec2 pixel = max(fwidth(cell), vec2(1e-5));
+    vec2 pixel = max(fwidth(cell) * kivSampleSize, vec2(1e-5));
     vec2 half_ = vec2(0.5 * width / step_);
     vec2 away = abs(fract(cell - 0.5) - 0.5);
     vec2 covered = clamp((half_ + 0.5 * pixel - away) / pixel, 0.0, 1.0) * min(vec2(1.0), 2.0 * half_ / pixel);

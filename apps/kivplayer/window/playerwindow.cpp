@@ -37,9 +37,7 @@ PlayerWindow::PlayerWindow(const Options& options, Session& session, Console& co
       m_spNative(NativeWindow::of(m_window.context())),
       m_detail(m_window.drawsInSoftware()),
       m_watch(options.watch),
-      m_stateFile(options.stateFile),
-      m_avatar(
-          std::async(std::launch::async, [path = session.avatarPath()] { return AvatarFile::read(path); }))
+      m_stateFile(options.stateFile)
 {
     startUp().reached("window");
     m_shown.contacts = options.shown.contacts;
@@ -153,6 +151,7 @@ void PlayerWindow::beforeDrawing()
     m_scene.show(std::min(transport.time(), transport.duration()), m_picture.isBusy());
     m_detail.judge(m_pace.times());
     m_scene.stage().setDetail(m_picture.isBusy() ? StageDetail::Fine : m_detail.detail());
+    m_scene.stage().setSampleSize(m_picture.isBusy() ? 1.0 / m_picture.side() : 1.0);
     if (m_picture.isBusy())
         m_spInterface->askForPicture(area());
     goAlong();

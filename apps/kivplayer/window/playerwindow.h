@@ -7,8 +7,8 @@
 #include <string>
 #include <vector>
 
-#include "apps/kivplayer/content/avatarfile.h"
 #include "apps/kivplayer/options/options.h"
+#include "apps/kivplayer/output/supersampler.h"
 #include "apps/kivplayer/support/console.h"
 #include "apps/kivplayer/window/pendingcommands.h"
 #include "apps/kivplayer/window/platform/nativewindow.h"
@@ -17,7 +17,6 @@
 #include "apps/kivplayer/window/state/framepace.h"
 #include "apps/kivplayer/window/state/orbitcamera.h"
 #include "apps/kivplayer/window/statefile.h"
-#include "apps/kivplayer/window/supersampler.h"
 #include "apps/kivplayer/window/ui/desk.h"
 #include "apps/kivplayer/window/ui/interfacelayer.h"
 #include "apps/kivplayer/window/ui/panels.h"
@@ -60,7 +59,7 @@ public:
     const FrameTimes& frameTimes() const override { return m_pace.times(); }
     std::string status() const override;
     const std::vector<LogLine>& log() const override { return m_log; }
-    const nlohmann::ordered_json& fitReport() override;
+    const FitReport& fitReport() override;
 
 private:
     using Clock = std::chrono::steady_clock;
@@ -112,8 +111,7 @@ private:
     ShownNow m_shown;
     std::optional<bool> m_names;  ///< what the user wants; the module decides where unset
     std::set<unsigned> m_hidden;
-    std::shared_future<AvatarFile> m_avatar;  ///< for the report; read beside the first frames
-    nlohmann::ordered_json m_report;
+    FitReport m_report;
     bool m_reportIsOld = true;
     std::vector<LogLine> m_log;
     double m_logRead = -1.0;

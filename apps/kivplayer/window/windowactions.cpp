@@ -99,7 +99,8 @@ void PlayerWindow::perform(Action action)
             toggleContactDraggers();
             break;
         case Action::Screenshot:
-            m_picture.begin();
+            m_picture.begin(
+                defaultSupersampling(area().windowWidth - area().left, area().windowHeight - area().bottom));
             break;
         case Action::Panels:
             m_spInterface->focusNextPanel({kSidebarWindow, kBarWindow});
@@ -180,12 +181,11 @@ void PlayerWindow::paintContact(const std::string& joint, const float* colour)
                     });
 }
 
-const nlohmann::ordered_json& PlayerWindow::fitReport()
+const FitReport& PlayerWindow::fitReport()
 {
-    const bool ready = m_avatar.wait_for(std::chrono::seconds(0)) == std::future_status::ready;
-    if (m_reportIsOld && ready) {
+    if (m_reportIsOld) {
         const KivTaskCommand::SceneGate::Pass pass(m_session.gate());
-        m_report = KivPlayer::fitReport(actors(), m_avatar.get(), {});
+        m_report = fitReportOf(actors(), m_session.avatar());
         m_reportIsOld = false;
     }
     return m_report;
@@ -196,8 +196,8 @@ void PlayerWindow::writeReport()
     if (m_options.report.empty())
         return;
     const KivTaskCommand::SceneGate::Pass pass(m_session.gate());
-    KivPlayer::writeReport(m_options.report,
-                           KivPlayer::fitReport(actors(), m_avatar.get(), m_console.errors()), m_console);
+    KivPlayer::writeReport(m_options.report, fitReportOf(actors(), m_session.avatar(), m_console.errors()),
+                           m_console);
 }
 
 void PlayerWindow::takePicture()

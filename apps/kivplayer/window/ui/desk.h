@@ -1,13 +1,12 @@
 #pragma once
 
-#include <nlohmann/json.hpp>
-
 #include <map>
 #include <optional>
 #include <set>
 #include <string>
 #include <vector>
 
+#include "apps/kivplayer/report/fitreport.h"
 #include "apps/kivplayer/session/session.h"
 #include "apps/kivplayer/window/state/framepace.h"
 #include "apps/kivplayer/window/state/keytable.h"
@@ -73,7 +72,8 @@ public:
     virtual const FrameTimes& frameTimes() const = 0;
     virtual std::string status() const = 0;
     virtual const std::vector<LogLine>& log() const = 0;
-    virtual const nlohmann::ordered_json& fitReport() = 0;
+    /// Of the actors that are there now.
+    virtual const FitReport& fitReport() = 0;
 
     Transport transport;
     PropsWatch props;

@@ -1,13 +1,12 @@
 #include <imgui.h>
 
+#include <optional>
 #include <string>
 
 #include "apps/kivplayer/window/ui/panels.h"
 #include "apps/kivplayer/window/ui/theme.h"
 
 namespace KivPlayer {
-
-using nlohmann::ordered_json;
 
 namespace {
 
@@ -24,15 +23,15 @@ void atRight(const char* text)
 }
 
 /// A dash where there is none.
-void number(const ordered_json& value, const char* format)
+void number(const std::optional<double>& value, const char* format)
 {
     char text[32] = "\xE2\x80\x93";
-    if (value.is_number())
-        std::snprintf(text, sizeof text, format, value.get<double>());
+    if (value)
+        std::snprintf(text, sizeof text, format, *value);
     atRight(text);
 }
 
-void segments(const ordered_json& actor)
+void segments(const ActorFit& actor)
 {
     const ImGuiTableFlags flags = ImGuiTableFlags_RowBg | ImGuiTableFlags_ScrollY | ImGuiTableFlags_PadOuterX;
     if (!ImGui::BeginTable("##segments", 4, flags, {0, -1}))
@@ -47,36 +46,34 @@ void segments(const ordered_json& actor)
     ImGui::TextUnformatted("Segment");
     for (const char* title : {"Avatar", "Actor", "Factor"})
         atRight(title);
-    for (const auto& segment : actor.at("segments")) {
+    for (const ActorFit::Segment& segment : actor.segments) {
         ImGui::TableNextRow();
         ImGui::TableNextColumn();
-        ImGui::TextUnformatted(segment.at("key").get<std::string>().c_str());
-        number(segment.at("avatarLength"), "%.2f");
-        number(segment.at("actorLength"), "%.2f");
-        number(segment.at("factor"), "%.3f");
+        ImGui::TextUnformatted(segment.key.c_str());
+        number(segment.avatarLength, "%.2f");
+        number(segment.actorLength, "%.2f");
+        number(segment.factor, "%.3f");
     }
     ImGui::EndTable();
 }
 
-void findings(const ordered_json& actor)
+void findings(const ActorFit& actor)
 {
-    const std::size_t matched = actor.at("matched").size();
+    const std::size_t matched = actor.matched.size();
     ImGui::TextDisabled("%zu of %zu joints have a piece of the avatar; lengths in scene units", matched,
-                        matched + actor.at("unmatched").size());
-    for (const auto& warning : actor.at("warnings")) {
+                        matched + actor.unmatched.size());
+    for (const std::string& warning : actor.warnings) {
         ImGui::PushStyleColor(ImGuiCol_Text, Theme::warning());
-        ImGui::TextWrapped("%s", warning.get<std::string>().c_str());
+        ImGui::TextWrapped("%s", warning.c_str());
         ImGui::PopStyleColor();
     }
-    if (actor.at("unmatched").empty() || !ImGui::TreeNode("Joints without a piece"))
+    if (actor.unmatched.empty() || !ImGui::TreeNode("Joints without a piece"))
         return;
-    for (const auto& joint : actor.at("unmatched")) {
-        const std::string nearest =
-            joint.at("nearest").is_string() ? joint.at("nearest").get<std::string>() : std::string();
-        ImGui::BulletText("%s", joint.at("joint").get<std::string>().c_str());
-        if (!nearest.empty()) {
+    for (const KivReader::ProfileRecord::Unmatched& joint : actor.unmatched) {
+        ImGui::BulletText("%s", joint.joint.c_str());
+        if (!joint.nearest.empty()) {
             ImGui::SameLine();
-            ImGui::TextDisabled("nearest: %s", nearest.c_str());
+            ImGui::TextDisabled("nearest: %s", joint.nearest.front().c_str());
         }
     }
     ImGui::TreePop();
@@ -95,12 +92,9 @@ void describeFit(Desk& desk, int width, int height)
     const ImVec2 size = ImGui::GetWindowSize();
     desk.places["fitReport"] = {place.x, place.y, size.x, size.y};
     ImGui::TextUnformatted("Fit report");
-    const ordered_json& report = desk.fitReport();
-    if (report.is_null())
-        ImGui::TextDisabled("Reading the avatar ...");
-    else if (ImGui::BeginTabBar("##actors")) {
-        for (const auto& actor : report.at("actors")) {
-            const std::string label = actor.at("name").get<std::string>() + "##" + actor.at("actorId").dump();
+    if (ImGui::BeginTabBar("##actors")) {
+        for (const ActorFit& actor : desk.fitReport().actors) {
+            const std::string label = actor.name + "##" + actor.actorId;
             if (!ImGui::BeginTabItem(label.c_str()))
                 continue;
             findings(actor);

@@ -4,23 +4,12 @@
 #include <osg/Geometry>
 #include <osg/ShapeDrawable>
 
-#include <algorithm>
 #include <cstring>
 #include <set>
-#include <stdexcept>
 
 namespace {
 
-using KivPlayer::boxFilter;
 using KivPlayer::Offscreen;
-
-osg::ref_ptr<osg::Image> filled(int width, int height, unsigned char value)
-{
-    osg::ref_ptr<osg::Image> image = new osg::Image;
-    image->allocateImage(width, height, 1, GL_RGB, GL_UNSIGNED_BYTE, 1);
-    std::memset(image->data(), value, image->getTotalSizeInBytes());
-    return image;
-}
 
 /// A white half-plane whose edge crosses the picture at a slant.
 osg::ref_ptr<osg::Node> slantedEdge()
@@ -49,30 +38,6 @@ std::size_t shadesOfAnEdge(int multiple)
         for (int x = 0; x < picture->s(); ++x)
             shades.insert(*picture->data(static_cast<unsigned>(x), static_cast<unsigned>(y)));
     return shades.size();
-}
-
-TEST(BoxFilter, refusesAMultipleThatDoesNotDivide)
-{
-    EXPECT_THROW(boxFilter(*filled(10, 9, 0), 2), std::invalid_argument);
-    EXPECT_THROW(boxFilter(*filled(10, 9, 0), 0), std::invalid_argument);
-}
-
-TEST(BoxFilter, keepsEveryEvenShadeAsItIs)
-{
-    for (int value = 0; value < 256; ++value) {
-        const osg::ref_ptr<osg::Image> picture =
-            boxFilter(*filled(6, 6, static_cast<unsigned char>(value)), 3);
-        ASSERT_EQ(picture->s(), 2);
-        ASSERT_EQ(*picture->data(1, 1), value);
-    }
-}
-
-TEST(BoxFilter, averagesLightAndNotBytes)
-{
-    const osg::ref_ptr<osg::Image> samples = filled(2, 2, 0);
-    std::memset(samples->data(0, 0), 255, 6);
-    const osg::ref_ptr<osg::Image> picture = boxFilter(*samples, 2);
-    EXPECT_EQ(*picture->data(0, 0), 188) << "half the light of white";
 }
 
 TEST(Offscreen, hasHardEdgesWithOneSampleAndSmoothOnesWithThree)

@@ -4,7 +4,7 @@
 #include <fstream>
 #include <functional>
 
-#include "apps/kivplayer/report/fitreport.h"
+#include "apps/kivplayer/report/reportfile.h"
 #include "tests/apps/kivplayer/playerfixture.h"
 #include "tests/apps/kivplayer/report/schemacheck.h"
 
@@ -38,8 +38,8 @@ protected:
         EXPECT_TRUE(session.start(KIV_RUNTIME_ROOT)) << m_said.str();
         for (unsigned i = 0; i < files.size(); ++i)
             session.load(i, files[i], "A");
-        const auto avatar = KivPlayer::AvatarFile::read(session.avatarPath());
-        return KivPlayer::fitReport(session.actors(), avatar, m_console.errors());
+        return Json::parse(KivPlayer::reportText(
+            KivPlayer::fitReportOf(session.actors(), session.avatar(), m_console.errors())));
     }
 
     std::vector<std::string> complaintsAfter(Json report, const std::function<void(Json&)>& damage) const

@@ -4,28 +4,41 @@
 
 namespace {
 
+using KivPlayer::ActorFit;
 using KivPlayer::summaryOf;
 using testing::HasSubstr;
 using testing::Not;
 
-nlohmann::ordered_json actor()
+ActorFit actor()
 {
-    return nlohmann::ordered_json::parse(R"({
-        "file": "a/walk.bvh", "name": "Ann", "dialect": "smpl", "matched": ["Hips", "Head", "LeftHandRing1"],
-        "unmatched": [{"joint": "Tail", "nearest": ["Spine", "Head"]}, {"joint": "Wing", "nearest": []}],
-        "profile": {"humanoid": true, "reason": "", "renamed": [1, 2], "folded": [1], "inserted": [],
-                    "reframed": [], "left": [1], "unit": "m", "unitReason": "170 cm high", "upAxis": "z",
-                    "upReason": "", "hipWidth": 31.25, "hipWidthMeasured": 31.25, "hipWidthReason": ""},
-        "pieces": {"attached": 3, "skipped": [1, 2, 3, 4]},
-        "hipRatio": 0.98765, "handRatio": null, "frames": 12, "warnings": ["w"]})");
+    ActorFit fit;
+    fit.file = "a/walk.bvh";
+    fit.name = "Ann";
+    fit.matched = {"Hips", "Head", "LeftHandRing1"};
+    fit.unmatched = {{"Tail", {"Spine", "Head"}}, {"Wing", {}}};
+    fit.profile.isHumanoid = true;
+    fit.profile.dialect = "smpl";
+    fit.profile.renamed.resize(2);
+    fit.profile.folded.resize(1);
+    fit.profile.left = {"Tail"};
+    fit.profile.unit = "m";
+    fit.profile.unitReason = "170 cm high";
+    fit.profile.upAxis = "z";
+    fit.profile.hipWidth = fit.profile.hipWidthMeasured = 31.25;
+    fit.attached = 3;
+    fit.skipped.resize(4);
+    fit.hipRatio = 0.98765;
+    fit.frames = 12;
+    fit.warnings = {"w"};
+    return fit;
 }
 
 TEST(Summary, tellsWhyAFileIsReadAsItStands)
 {
-    nlohmann::ordered_json chain = actor();
-    chain["dialect"] = nullptr;
-    chain["profile"]["humanoid"] = false;
-    chain["profile"]["reason"] = "there is no LeftArm";
+    ActorFit chain = actor();
+    chain.profile.dialect.clear();
+    chain.profile.isHumanoid = false;
+    chain.profile.whyNot = "there is no LeftArm";
     const std::string text = summaryOf(chain);
     EXPECT_THAT(text, HasSubstr("dialect unknown\n"));
     EXPECT_THAT(text, HasSubstr("read as it stands: there is no LeftArm\n"));
@@ -47,18 +60,18 @@ TEST(Summary, countsWhatWasMatchedAndDone)
 
 TEST(Summary, tellsOfHipsThatTheTorsoIsNotSizedBy)
 {
-    nlohmann::ordered_json wide = actor();
+    ActorFit wide = actor();
     EXPECT_THAT(summaryOf(wide), Not(HasSubstr("torso")));
-    wide["profile"]["hipWidthMeasured"] = 20.5;
-    wide["profile"]["hipWidthReason"] = "too wide";
+    wide.profile.hipWidthMeasured = 20.5;
+    wide.profile.hipWidthReason = "too wide";
     EXPECT_THAT(summaryOf(wide), HasSubstr("torso sized as for hips 20.5 cm wide, not 31.2 cm (too wide)\n"));
 }
 
 TEST(Summary, namesOnlyTheFirstOfManyUnmatchedJoints)
 {
-    nlohmann::ordered_json tail = actor();
+    ActorFit tail = actor();
     for (int i = 0; i < 98; ++i)
-        tail["unmatched"].push_back({{"joint", "Tail" + std::to_string(i)}, {"nearest", nullptr}});
+        tail.unmatched.push_back({"Tail" + std::to_string(i), {}});
     const std::string text = summaryOf(tail);
     EXPECT_THAT(text, HasSubstr("Tail3 and 94 more\n"));
     EXPECT_THAT(text, Not(HasSubstr("Tail4")));

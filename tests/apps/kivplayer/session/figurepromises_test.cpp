@@ -3,6 +3,7 @@
 #include <array>
 #include <cmath>
 #include <cstdio>
+#include <optional>
 #include <set>
 
 #include "KivAnimation/basicanimationmanager.h"
@@ -14,7 +15,7 @@
 
 namespace {
 
-using Json = nlohmann::ordered_json;
+using KivPlayer::ActorFit;
 using KivTestSupport::ForeignFigure;
 
 const std::set<std::string> kToys = {"tiny_two_joint.bvh", "fairmotion_sinusoidal.bvh"};
@@ -38,53 +39,51 @@ protected:
     {
         PlayerFixture::SetUp();
         ASSERT_TRUE(m_session.start(KIV_RUNTIME_ROOT)) << m_said.str();
-        m_avatar = KivPlayer::AvatarFile::read(m_session.avatarPath());
     }
 
     /// Nothing where the file could not be loaded.
-    Json reportOf(const std::string& motion)
+    std::optional<ActorFit> fitOf(const std::string& motion)
     {
         if (!m_session.load(0, motion, "A"))
-            return {};
-        return KivPlayer::fitReport(m_session.actors(), m_avatar, {}).at("actors").at(0);
+            return std::nullopt;
+        return KivPlayer::fitReportOf(m_session.actors(), m_session.avatar()).actors.at(0);
     }
 
-    static void expectFactors(const Json& actor)
+    static void expectFactors(const ActorFit& actor)
     {
-        ASSERT_FALSE(actor.at("segments").empty());
-        for (const Json& segment : actor.at("segments")) {
-            ASSERT_TRUE(segment.at("factor").is_number()) << segment.at("key");
-            EXPECT_GT(segment.at("factor").get<double>(), 0.05) << segment.at("key");
-            EXPECT_LT(segment.at("factor").get<double>(), 5.0) << segment.at("key");
+        ASSERT_FALSE(actor.segments.empty());
+        for (const ActorFit::Segment& segment : actor.segments) {
+            ASSERT_TRUE(segment.factor) << segment.key;
+            EXPECT_GT(*segment.factor, 0.05) << segment.key;
+            EXPECT_LT(*segment.factor, 5.0) << segment.key;
         }
-        ASSERT_TRUE(actor.at("handRatio").is_number());
-        EXPECT_GT(actor.at("handRatio").get<double>(), 0.5);
-        EXPECT_LT(actor.at("handRatio").get<double>(), 1.6);
+        ASSERT_TRUE(actor.handRatio);
+        EXPECT_GT(*actor.handRatio, 0.5);
+        EXPECT_LT(*actor.handRatio, 1.6);
     }
 
     /// As wide as a person's in proportion to the height, and why if the hips are not.
-    static void expectTorso(const Json& actor, double height)
+    static void expectTorso(const ActorFit& actor, double height)
     {
-        ASSERT_TRUE(actor.at("hipRatio").is_number());
-        const double ratio = actor.at("hipRatio").get<double>() * kAvatarHeight / height;
+        ASSERT_TRUE(actor.hipRatio);
+        const double ratio = *actor.hipRatio * kAvatarHeight / height;
         EXPECT_GT(ratio, 0.84);
         EXPECT_LT(ratio, 1.16);
-        const Json& profile = actor.at("profile");
-        EXPECT_EQ(profile.at("hipWidth") == profile.at("hipWidthMeasured"),
-                  profile.at("hipWidthReason").get<std::string>().empty());
+        EXPECT_EQ(actor.profile.hipWidth == actor.profile.hipWidthMeasured,
+                  actor.profile.hipWidthReason.empty());
     }
 
     /// Bone by bone from the soles to the crown.
-    static void expectAPersonsSize(const Json& actor)
+    static void expectAPersonsSize(const ActorFit& actor)
     {
         static const std::set<std::string> s_bones = {
             "LeftUpLeg&LeftLeg", "LeftLeg&LeftFoot", "Hips&Spine",  "Spine&Spine1",
             "Spine1&Spine2",     "Spine2&Spine3",    "Spine3&Neck", "Neck&Head"};
         const auto& crown = KivFigure::restEnds().front();
         double height = KivFigure::restPosition("LeftFoot")[1] + crown.offset[1];
-        for (const Json& segment : actor.at("segments"))
-            if (s_bones.count(segment.at("key").get<std::string>()) > 0)
-                height += segment.at("actorLength").get<double>();
+        for (const ActorFit::Segment& segment : actor.segments)
+            if (s_bones.count(segment.key) > 0)
+                height += segment.actorLength;
         EXPECT_GT(height, kSmallest);
         EXPECT_LT(height, kTallest);
     }
@@ -117,10 +116,11 @@ protected:
 
     void expectPromises(const std::string& motion)
     {
-        const Json actor = reportOf(motion);
-        ASSERT_FALSE(actor.is_null()) << m_said.str();
-        ASSERT_TRUE(actor.at("profile").at("humanoid").get<bool>()) << actor.at("profile").at("reason");
-        const auto height = actor.at("profile").at("height").get<double>();
+        const std::optional<ActorFit> fit = fitOf(motion);
+        ASSERT_TRUE(fit) << m_said.str();
+        const ActorFit& actor = *fit;
+        ASSERT_TRUE(actor.profile.isHumanoid) << actor.profile.whyNot;
+        const double height = actor.profile.height;
         EXPECT_GT(height, kSmallest);
         EXPECT_LT(height, kTallest);
         expectAPersonsSize(actor);
@@ -131,7 +131,6 @@ protected:
     }
 
     KivPlayer::Session m_session{m_console};
-    KivPlayer::AvatarFile m_avatar;
 };
 
 TEST_F(FigurePromises, areKeptByEveryHumanoidFileOfTheLibrary)

@@ -1,12 +1,10 @@
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <string>
 #include <vector>
 
 #include "apps/kivplayer/window/platform/nativewindow.h"
 #include "apps/kivplayer/window/state/framepace.h"
-#include "apps/kivplayer/window/supersampler.h"
 
 using namespace KivPlayer;
 
@@ -19,14 +17,6 @@ void draw(FramePace& pace, DetailChoice& detail, double milliseconds, double sec
         pace.note(milliseconds / 1000.0, 0.0);
         detail.judge(pace.times());
     }
-}
-
-osg::ref_ptr<osg::Image> grey(unsigned char level)
-{
-    osg::ref_ptr<osg::Image> image = new osg::Image;
-    image->allocateImage(2, 2, 1, GL_RGB, GL_UNSIGNED_BYTE);
-    std::fill(image->data(), image->data() + image->getTotalSizeInBytes(), level);
-    return image;
 }
 
 }  // namespace
@@ -97,23 +87,4 @@ TEST(FramePace, tellsTheLongestSinceItBeganAnew)
     EXPECT_NEAR(pace.times().longestBetween, 4.0, 1e-9);
     EXPECT_NEAR(pace.times().longest, 14.0, 1e-9);
     EXPECT_EQ(pace.times().frames, 2u);
-}
-
-TEST(Supersampler, isTheMeanOfItsFrames)
-{
-    Supersampler picture;
-    EXPECT_FALSE(picture.isBusy());
-    picture.begin();
-    osg::Vec2d middle;
-    osg::ref_ptr<osg::Image> whole;
-    for (int i = 0; i < 9; ++i) {
-        ASSERT_TRUE(picture.isBusy());
-        ASSERT_FALSE(whole);
-        middle += picture.offset();
-        whole = picture.take(*grey(static_cast<unsigned char>(10 * i)));
-    }
-    ASSERT_TRUE(whole);
-    EXPECT_FALSE(picture.isBusy());
-    EXPECT_LT(middle.length(), 1e-12);
-    EXPECT_EQ(whole->data()[0], 40);
 }
