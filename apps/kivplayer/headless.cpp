@@ -138,7 +138,7 @@ ExitCode runHeadless(const Options& options, Console& console)
     report(options, session, console);
     if (compared == ExitDifferent)
         return ExitDifferent;
-    return console.errors().empty() ? ExitDone : ExitFailed;
+    return console.hasFailed() ? ExitFailed : ExitDone;
 }
 
 }  // namespace KivPlayer

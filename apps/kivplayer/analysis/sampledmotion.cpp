@@ -1,6 +1,7 @@
 #include "apps/kivplayer/analysis/sampledmotion.h"
 
 #include <algorithm>
+#include <cmath>
 #include <optional>
 #include <string>
 #include <utility>
@@ -93,22 +94,39 @@ osg::Vec3d headOf(const Joints& joints, const Positions& positions)
     return headAt(headJointOf(joints), positions);
 }
 
+std::vector<double> sampleTimes(double from, double to, double frameTime,
+                                const std::vector<std::size_t>& thrown)
+{
+    constexpr double kOnFrame = 1e-6;
+    const int moments = to > from ? kMoments : 1;
+    std::vector<double> kept;
+    for (int i = 0; i < moments; ++i) {
+        const double time = moments > 1 ? from + (to - from) * i / (moments - 1) : from;
+        const double frame = frameTime > 0.0 ? std::max(0.0, time / frameTime) : 0.0;
+        const auto before = static_cast<std::size_t>(frame + kOnFrame);
+        const auto after = static_cast<std::size_t>(std::ceil(frame - kOnFrame));
+        const auto next = std::lower_bound(thrown.begin(), thrown.end(), before);
+        if (next == thrown.end() || *next > after)
+            kept.push_back(time);
+    }
+    return kept.empty() ? std::vector<double>{from} : kept;
+}
+
 SampledMotion sampleMotion(const DressedActor& actor, KivAnimation::Animation* animation,
-                           const std::pair<double, double>& span)
+                           const std::pair<double, double>& span, const std::vector<std::size_t>& thrown)
 {
     SampledMotion sampled;
     sampled.joints = actor.joints().size();
     const double end = animation ? animation->duration() : 0.0;
     const double from = std::clamp(span.first, 0.0, end);
     const double to = std::clamp(span.second, 0.0, end);
-    const int moments = to > from ? kMoments : 1;
     const std::optional<std::size_t> head = headJointOf(actor.joints());
     const std::optional<SidePair> sides = sidesOf(actor.joints());
     Positions positions;
-    sampled.positions.reserve(sampled.joints * static_cast<std::size_t>(moments));
-    for (int i = 0; i < moments; ++i) {
+    sampled.positions.reserve(sampled.joints * kMoments);
+    for (const double time : sampleTimes(from, to, animation ? animation->frameTime() : 0.0, thrown)) {
         if (animation)
-            animation->pose(moments > 1 ? from + (to - from) * i / (moments - 1) : from);
+            animation->pose(time);
         actor.readPositions(positions);
         sampled.positions.insert(sampled.positions.end(), positions.begin(), positions.end());
         sampled.heads.push_back(headAt(head, positions));

@@ -12,7 +12,7 @@
 
 namespace KivPlayer {
 
-/// Where the motion of one actor leads: its joints at some moments of it. Scene units.
+/// The joints of one actor at times spread evenly over its motion. Scene units.
 struct SampledMotion
 {
     std::size_t joints = 0;
@@ -31,13 +31,21 @@ struct SampledMotion
 /// The point of the ground below a position.
 osg::Vec3d groundBelow(const osg::Vec3d& position);
 
+/// Times spread evenly from one to the other, seconds, without those that lie on or beside a thrown frame.
+/// @param thrown the frames, ascending, that show the figure where it cannot have been.
+/// @return one time at least.
+std::vector<double> sampleTimes(double from, double to, double frameTime,
+                                const std::vector<std::size_t>& thrown);
+
 /// Poses the actor alone, again and again, and leaves it in its last pose. Between frames.
 /// @param animation null: the actor stands still.
+/// @param thrown as for sampleTimes.
 /// @param span seconds from the actor's first frame; held within the motion.
 SampledMotion sampleMotion(const DressedActor& actor, KivAnimation::Animation* animation,
-                           const std::pair<double, double>& span);
+                           const std::pair<double, double>& span,
+                           const std::vector<std::size_t>& thrown = {});
 
-/// The first joint whose name tells of a head, else the highest joint.
+/// The first joint with "Head" in its name, else the highest joint.
 osg::Vec3d headOf(const std::vector<DressedActor::Joint>& joints, const std::vector<osg::Vec3d>& positions);
 
 }  // namespace KivPlayer

@@ -38,12 +38,13 @@ public:
     static std::optional<DressedActor> find(osg::Group& characterScene, const std::string& actorId);
 
     osg::Group& root() const { return *m_spRoot; }
+    KivAnimation::Skeleton& skeleton() const { return *m_spSkeleton; }
     const std::vector<Joint>& joints() const { return m_joints; }  ///< parents first
     std::vector<std::string> jointNames() const;
 
     /// Where the joints are now, scene units, Z-up.
     std::vector<osg::Vec3d> positions() const;
-    /// The same into a vector that is kept: a frame allocates nothing.
+    /// The same into a vector whose memory is reused, so that a frame allocates nothing.
     void readPositions(std::vector<osg::Vec3d>& positions) const;
 
     std::vector<DressedPiece> pieces() const;

@@ -18,6 +18,7 @@ struct LoadedActor
     double offset = 0.0;                 ///< when on the shared clock its first frame is shown, seconds
     KivReader::MotionDocument document;  ///< without its values
     KivReader::ProfileRecord profile;    ///< what reading did to the joints
+    bool isPerson = true;                ///< false: looked at and not recognised as one; shown undressed
     DressedActor dressed;
 
     std::string id() const { return std::to_string(index); }
@@ -27,5 +28,11 @@ struct LoadedActor
     double timeOf(double frame) const { return offset + frame * document.frameTime; }
     double end() const { return offset + duration(); }
 };
+
+/// For people: that a file is not recognised as a person, and why.
+inline std::string notAPerson(const KivReader::ProfileRecord& profile)
+{
+    return "not recognised as a person: " + profile.whyNot;
+}
 
 }  // namespace KivPlayer

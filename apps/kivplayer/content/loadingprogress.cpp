@@ -15,7 +15,7 @@ LoadingProgress::LoadingProgress(Console& console, std::size_t files, Progress::
     : m_console(console),
       m_style(style),
       m_patience(patience),
-      // A single file is told of by its size.
+      // The progress of a single file is printed in bytes.
       m_all(console.stream(), files > 1 ? style : Progress::Style::Silent, "motions read", files, patience),
       m_listener(
           [this](std::size_t bytes, std::size_t) {

@@ -10,9 +10,9 @@
 
 namespace KivPlayer {
 
-/// Says how far the loading of motion files is, of all and of a single one that takes long: that is read by
-/// the player first, then by the module, which dresses it. The lines are said by whoever reads, while the
-/// thread of the frame loop waits.
+/// Prints the progress of loading motion files: of all of them, and of a single one that takes long, which is
+/// read by the player first, then by the module, which dresses it. Lines are printed by the thread that
+/// reads, while the thread of the frame loop waits.
 class LoadingProgress
 {
 public:

@@ -92,6 +92,9 @@ bool MotionFileReader::readMotion(const std::string& file, std::string& text, Lo
         m_console.error({file, 0, 0, refusal.what()});
         return false;
     }
+    actor.isPerson = actor.profile.isHumanoid || m_profile.use == KivReader::ProfileOptions::Use::Off;
+    if (!actor.isPerson)
+        m_console.failure({file, 0, 0, notAPerson(actor.profile) + "; its skeleton is shown undressed"});
     for (const std::string& warning : actor.profile.warnings)
         m_console.warning({file, 0, 0, warning});
     for (const std::string& warning : actor.profile.ambiguous)

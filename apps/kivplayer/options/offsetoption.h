@@ -5,7 +5,7 @@
 
 namespace KivPlayer {
 
-/// Understands when the actors start.
+/// Parses when the actors start.
 /// @throws CLI::Error that says what is wrong.
 void parseOffsets(const OptionTexts& texts, Options& options);
 

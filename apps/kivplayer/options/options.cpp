@@ -50,7 +50,7 @@ void parseReading(const OptionTexts& texts, Options& options)
     options.reading +=
         " " + readerWord("--unit", "unit", "auto, cm, m, mm, inch, dm, cmu or centimetres per unit, above 0",
                          texts.unit);
-    options.reading += " " + readerWord("--up", "up", "auto, y or z", texts.up);
+    options.reading += " " + readerWord("--up", "up", "auto, x, -x, y, -y, z or -z", texts.up);
     if (texts.firstFrameIsRest)
         options.reading += " firstFrameIsRest";
 }

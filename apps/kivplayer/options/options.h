@@ -76,7 +76,7 @@ struct Options
     ViewAngles view{0.55, 0.16};
     std::optional<osg::Vec3d> cameraPosition;
     std::optional<osg::Vec3d> cameraTarget;
-    std::optional<std::size_t> follow;  ///< the actor that the camera goes along with
+    std::optional<std::size_t> follow;  ///< the actor that the camera follows
     Shown shown;
 
     std::string reference;
@@ -88,7 +88,7 @@ struct Options
     bool isVideo() const { return isOfKind(format, FileKind::Video); }
 };
 
-/// Either options or what the program says instead of starting.
+/// Either options or what the program prints instead of starting.
 struct Parsing
 {
     std::optional<Options> options;
@@ -98,7 +98,7 @@ struct Parsing
     std::string error;   ///< for stderr
 };
 
-/// Understands a command line. Numbers are read the same way under every locale.
+/// Parses a command line. Numbers are read the same way under every locale.
 /// @param display whether there is one to open a window on.
 Parsing parseOptions(int argc, const char* const* argv, bool display = false);
 

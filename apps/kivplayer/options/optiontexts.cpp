@@ -18,7 +18,7 @@ void addReadingOptions(CLI::App& app, OptionTexts& texts)
                    "The files' unit of length: auto, cm, m, mm, inch, dm, cmu, or centimetres per unit")
         ->type_name("UNIT")
         ->group(reading);
-    app.add_option("--up", texts.up, "The files' upright axis: auto, y or z")
+    app.add_option("--up", texts.up, "The files' upright axis: auto, x, -x, y, -y, z or -z")
         ->type_name("AXIS")
         ->group(reading);
     app.add_flag("--first-frame-is-rest", texts.firstFrameIsRest,
@@ -61,7 +61,7 @@ void addPictureOptions(CLI::App& app, Options& options, OptionTexts& texts)
         ->group(pictures)
         ->type_name("X,Y,Z");
     app.add_option("--camera-target", texts.target, "What it looks at")->group(pictures)->type_name("X,Y,Z");
-    app.add_option("--follow", texts.follow, "Go along with an actor, counted from 0")
+    app.add_option("--follow", texts.follow, "Follow an actor with the camera, counted from 0")
         ->type_name("NUMBER")
         ->group(pictures);
     app.add_option("--show", texts.show, "names, com, contacts, skeleton, props, grid")

@@ -11,7 +11,7 @@ class App;
 
 namespace KivPlayer {
 
-/// The options as texts, before they are understood. Empty: not given.
+/// The options as texts, before they are parsed. Empty: not given.
 struct OptionTexts
 {
     std::string output, time, frame, range, fps, resolution, samples, camera, position, target, follow,
@@ -22,8 +22,8 @@ struct OptionTexts
     bool noRender = false;
 };
 
-/// Tells the parser which options there are. Those that need no understanding go to the options at once, the
-/// others to the texts; both must outlive the parsing.
+/// Declares the options to the parser. Plain values go straight to the options, the others to the texts; both
+/// must outlive the parsing.
 void declareOptions(CLI::App& app, Options& options, OptionTexts& texts);
 
 }  // namespace KivPlayer

@@ -16,7 +16,7 @@ struct Placeholder
     std::size_t width = 0;
 };
 
-/// Understands what stands between the braces.
+/// Parses the text between the braces.
 std::optional<Placeholder> parsePlaceholder(std::string_view text)
 {
     constexpr std::string_view kField = "frame";

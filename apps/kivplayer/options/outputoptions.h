@@ -5,12 +5,12 @@
 
 namespace KivPlayer {
 
-/// Understands what is written, and in which form: picture, sequence or video; tables and scenes; the
+/// Parses what is written, and in which format: picture, sequence or video; tables and scenes; the
 /// comparison with a reference.
 /// @throws CLI::Error that says what is wrong.
 void parseOutput(const OptionTexts& texts, Options& options);
 
-/// Understands what a contact sheet shows, and how large.
+/// Parses what a contact sheet shows, and its size.
 /// @throws CLI::Error that says what is wrong.
 void parseSheet(const OptionTexts& texts, Options& options);
 

@@ -20,7 +20,7 @@ using Pictures = std::vector<osg::ref_ptr<osg::Image>>;
 
 const char* const kSheetName = "contact-sheet";
 
-/// The file's name without folder and ending, told apart from those before.
+/// The file's name without folder and extension, numbered where it is taken already.
 std::string nameFor(const std::string& motion, std::set<std::string>& taken)
 {
     const std::string stem = std::filesystem::path(motion).stem().string();
@@ -90,7 +90,7 @@ ExitCode makeContactSheet(const Options& options, Console& console)
         const int columns = columnsForASquare(rows.size(), rows.front()->s(), rows.front()->t());
         spMaker->write(*tiled(rows, columns), (folder / (std::string(kSheetName) + ".png")).string());
     }
-    return console.errors().empty() ? ExitDone : ExitFailed;
+    return console.hasFailed() ? ExitFailed : ExitDone;
 }
 
 }  // namespace KivPlayer

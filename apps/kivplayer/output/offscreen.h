@@ -32,8 +32,8 @@ public:
     int width() const { return m_width; }
     int height() const { return m_height; }
 
-    /// Runs one whole frame at a simulation time and answers with the picture: RGB, a byte each, bottom row
-    /// first.
+    /// Runs one whole frame at a simulation time.
+    /// @return the picture: RGB, a byte each, bottom row first.
     osg::ref_ptr<osg::Image> frame(double simulationTime);
 
 private:

@@ -65,6 +65,7 @@ PictureDifference comparePictures(const osg::Image& one, const osg::Image& other
                 for (int i = 0; i < columns * 3; ++i) {
                     const int apart = std::abs(a[i] - b[i]);
                     sum += apart;
+                    difference.worstPixel = std::max(difference.worstPixel, apart);
                     out[i] = static_cast<unsigned char>(std::min(255, 4 * apart));
                 }
             }

@@ -19,6 +19,7 @@ struct PictureDifference
 {
     bool sameSize = false;
     double worstTile = 0.0;  ///< the largest mean difference of a 16 x 16 tile over its channels, 0..255
+    int worstPixel = 0;      ///< the largest difference of a channel of a pixel, 0..255
     osg::ref_ptr<osg::Image> image;  ///< the differences, four times as strong; null where sizes differ
 };
 

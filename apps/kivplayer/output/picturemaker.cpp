@@ -10,6 +10,7 @@
 
 #include "KivMemoryShare/scenecfgshare.h"
 #include "KivRenderState/kivrenderstatemanager.h"
+#include "apps/kivplayer/content/bareskeleton.h"
 #include "apps/kivplayer/output/outputtimes.h"
 #include "apps/kivplayer/output/picturefile.h"
 #include "apps/kivplayer/output/supersampler.h"
@@ -40,7 +41,8 @@ PictureMaker::PictureMaker(const Options& options, Session& session, Console& co
           options.width, options.height,
           options.samples > 0 ? options.samples : defaultSupersampling(options.width, options.height)),
       m_stage(KivMemoryShare::SceneCfgShare::instance()->getCharacterSceneNode()),
-      m_caption(options.width, options.height, session.fontPath())
+      m_caption(options.width, options.height, session.fontPath()),
+      m_notice(options.width, options.height, session.fontPath(), Caption::Edge::Upper)
 {
     KivMemoryShare::SceneCfgShare::instance()->setCompositeViewer(&m_offscreen.viewer());
     KivRenderState::KivRenderStateManager::instance()->setCenterOfMassShow(options.shown.centreOfMass);
@@ -49,6 +51,7 @@ PictureMaker::PictureMaker(const Options& options, Session& session, Console& co
     osg::ref_ptr<osg::Group> shown = new osg::Group;
     shown->addChild(m_stage.root());
     shown->addChild(m_caption.node());
+    shown->addChild(m_notice.node());
     m_offscreen.view().setSceneData(shown);
     restart();
 }
@@ -56,6 +59,8 @@ PictureMaker::PictureMaker(const Options& options, Session& session, Console& co
 void PictureMaker::restart()
 {
     m_publisher.setActors(m_session.actors(), m_options.isMoving() ? m_options.range : std::nullopt);
+    m_stage.setBare(bareSkeletons(m_session.actors()));
+    m_notice.say(bareNotice(m_session.actors()));
     warnOfTimesOutside();
     m_followed.reset();
     if (m_options.follow) {

@@ -57,6 +57,7 @@ private:
     Offscreen m_offscreen;
     Stage m_stage;
     Caption m_caption;
+    Caption m_notice;   ///< of figures that are no persons
     CameraPose m_pose;  ///< seen from the followed actor's position, where one is followed
     std::optional<std::size_t> m_followed;  ///< counted among the actors that are there
     bool m_written = true;                  ///< the last picture

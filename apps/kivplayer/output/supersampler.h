@@ -49,7 +49,7 @@ public:
     /// Where the next frame is seen from, pixels to the right and upwards.
     osg::Vec2d offset() const;
 
-    /// Takes the next frame. One of another size begins anew.
+    /// Takes the next frame. One of another size starts over.
     /// @return the picture once the last one is there, else null.
     osg::ref_ptr<osg::Image> take(const osg::Image& frame);
 

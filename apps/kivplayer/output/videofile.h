@@ -25,7 +25,7 @@ class VideoFile
 public:
     VideoFile(const std::string& file, int width, int height, double fps);
 
-    /// Each answers with what went wrong, empty on success; after the first problem there is no video.
+    /// Each returns what went wrong, empty on success; after the first problem there is no video.
     std::string open();
     /// @param picture RGB, a byte each, bottom row first, of the video's size.
     std::string add(const osg::Image& picture);

@@ -68,7 +68,7 @@ std::vector<ActorFit::Segment> sharedSegments(const Segments& actor, const Segme
 }
 
 std::vector<ActorFit::SkippedPiece> skippedPieces(const std::vector<DressedPiece>& worn,
-                                                  const std::set<std::string>& joints,
+                                                  const std::set<std::string>& joints, bool isPerson,
                                                   const AvatarFile& avatar)
 {
     std::set<std::pair<std::string, std::string>> wornNames;
@@ -79,7 +79,7 @@ std::vector<ActorFit::SkippedPiece> skippedPieces(const std::vector<DressedPiece
         for (const std::string& piece : pieces) {
             if (wornNames.count({joint, piece}) > 0)
                 continue;
-            std::string reason = "was not attached";
+            std::string reason = isPerson ? "was not attached" : "the figure is not recognised as a person";
             if (joints.count(joint) == 0)
                 reason = "the skeleton has no joint " + joint;
             else if (piece.find(KivCharacterization::kPieceEndMark) == std::string::npos)
@@ -95,7 +95,7 @@ bool isEndSite(const DressedActor::Joint& joint)
     return joint.isLeaf && joint.name.size() > 3 && joint.name.compare(joint.name.size() - 3, 3, "End") == 0;
 }
 
-/// What the reader tells of; where it has left the joints alone, those that the avatar does not know.
+/// As the reader reports them; where it left the joints as they are, those that the avatar does not have.
 std::vector<Unmatched> unmatchedJoints(const LoadedActor& actor, const AvatarFile& avatar)
 {
     std::vector<Unmatched> unmatched = actor.profile.unmatched;
@@ -127,13 +127,14 @@ ActorFit fitOf(const LoadedActor& actor, const AvatarFile& avatar)
     fit.file = actor.file;
     fit.actorId = actor.id();
     fit.name = actor.name;
+    fit.isPerson = actor.isPerson;
     fit.joints = names.size();
     std::copy_if(names.begin(), names.end(), std::back_inserter(fit.matched),
                  [&avatar](const std::string& name) { return avatar.joints.count(name) > 0; });
     fit.unmatched = unmatchedJoints(actor, avatar);
     fit.profile = actor.profile;
     fit.attached = worn.size();
-    fit.skipped = skippedPieces(worn, {names.begin(), names.end()}, avatar);
+    fit.skipped = skippedPieces(worn, {names.begin(), names.end()}, actor.isPerson, avatar);
     fit.segments = sharedSegments(segments, avatar.segments);
     fit.hipRatio = ratio(hipWidth(segments), hipWidth(avatar.segments));
     fit.handRatio = ratio(palmLength(segments), palmLength(avatar.segments));

@@ -32,8 +32,9 @@ struct ActorFit
     std::string file;
     std::string actorId;
     std::string name;
-    std::size_t joints = 0;                                      ///< bones, end sites included
-    std::vector<std::string> matched;                            ///< bones that the avatar knows
+    bool isPerson = true;              ///< false: looked at and not recognised as one; wears nothing
+    std::size_t joints = 0;            ///< bones, end sites included
+    std::vector<std::string> matched;  ///< bones that the avatar knows
     std::vector<KivReader::ProfileRecord::Unmatched> unmatched;  ///< joints that the avatar does not know
     KivReader::ProfileRecord profile;                            ///< what reading did to the joints, and why
     std::size_t attached = 0;                                    ///< pieces that the skeleton wears

@@ -84,6 +84,23 @@ ordered_json segmentJson(const ActorFit::Segment& segment)
             {"factor", orNull(segment.factor)}};
 }
 
+ordered_json evidenceJson(const Profile::Evidence& evidence)
+{
+    return {{"joint", evidence.joint},
+            {"fileJoint", evidence.fileJoint},
+            {"confidence", finite(evidence.confidence)},
+            {"reasons", evidence.reasons}};
+}
+
+ordered_json checkJson(const Profile::Check& check)
+{
+    return {{"name", check.name},
+            {"passed", check.passed},
+            {"value", finite(check.value)},
+            {"unit", check.unit},
+            {"sentence", check.sentence}};
+}
+
 ordered_json actorJson(const ActorFit& fit)
 {
     const std::string& dialect = fit.profile.dialect;
@@ -91,6 +108,14 @@ ordered_json actorJson(const ActorFit& fit)
             {"actorId", fit.actorId},
             {"name", fit.name},
             {"dialect", dialect.empty() ? ordered_json(nullptr) : ordered_json(dialect)},
+            {"humanoid", fit.profile.isHumanoid},
+            {"confidence", finite(fit.profile.confidence)},
+            {"evidence", list(fit.profile.evidence, evidenceJson)},
+            {"restPose",
+             {{"choice", fit.profile.restPose.choice},
+              {"reason", fit.profile.restPose.reason},
+              {"score", finite(fit.profile.restPose.score)}}},
+            {"checks", list(fit.profile.checks, checkJson)},
             {"joints", fit.joints},
             {"matched", fit.matched},
             {"unmatched", list(fit.unmatched,

@@ -62,8 +62,24 @@ std::string unmatchedText(const std::vector<KivReader::ProfileRecord::Unmatched>
     return text;
 }
 
-std::string profileText(const KivReader::ProfileRecord& profile)
+/// "LeftArm (upperarm_l, 0.42), …": what was recognised with less than confidence.
+std::string guessText(const KivReader::ProfileRecord& profile)
 {
+    std::string text;
+    std::size_t guesses = 0;
+    for (const KivReader::ProfileRecord::Evidence& joint : profile.evidence) {
+        if (joint.confidence >= KivReader::ProfileRecord::kGuess || ++guesses > kMaxNamed)
+            continue;
+        text += (text.empty() ? "" : ", ") + joint.joint + " (" + joint.fileJoint + ", " +
+                rounded(joint.confidence) + ")";
+    }
+    return text + (guesses > kMaxNamed ? " and " + std::to_string(guesses - kMaxNamed) + " more" : "");
+}
+
+std::string profileText(const KivReader::ProfileRecord& profile, bool isPerson)
+{
+    if (!isPerson)
+        return "  " + notAPerson(profile) + "\n";
     if (!profile.isHumanoid)
         return "  read as it stands: " + profile.whyNot + "\n";
     std::string text =
@@ -72,6 +88,13 @@ std::string profileText(const KivReader::ProfileRecord& profile)
         counted("reframed", profile.reframed.size()) + ", " + counted("left", profile.left.size());
     text += "\n  unit " + withReason(profile.unit, profile.unitReason);
     text += "\n  upright " + withReason(profile.upAxis, profile.upReason);
+    if (const std::string guesses = guessText(profile); !guesses.empty())
+        text += "\n  guessed " + guesses;
+    if (!profile.restPose.choice.empty())
+        text += "\n  rest pose " + withReason(profile.restPose.choice, profile.restPose.reason);
+    for (const KivReader::ProfileRecord::Check& check : profile.checks)
+        if (!check.passed)
+            text += "\n  check failed: " + check.sentence;
     if (!profile.hipWidthReason.empty())
         text += "\n  torso sized as for hips " + rounded(profile.hipWidthMeasured) + " cm wide, not " +
                 rounded(profile.hipWidth) + " cm (" + profile.hipWidthReason + ")";
@@ -88,7 +111,7 @@ std::string summaryOf(const ActorFit& fit)
     text += "  " + counted("matched", bodyJoints(fit.matched)) + " of " + std::to_string(kBody.size()) +
             " body joints, " + std::to_string(fit.matched.size()) + " joints in all; " +
             counted("pieces attached", fit.attached) + ", " + counted("skipped", fit.skipped.size()) + "\n";
-    text += profileText(fit.profile);
+    text += profileText(fit.profile, fit.isPerson);
     if (!fit.unmatched.empty())
         text += "  unmatched " + unmatchedText(fit.unmatched) + "\n";
     text += "  hip ratio " + rounded(fit.hipRatio) + ", hand ratio " + rounded(fit.handRatio) + ", " +

@@ -19,18 +19,18 @@ int probeAvatar(const std::string& root, const std::string& seconds)
     setrlimit(RLIMIT_CORE, &noDump);
     const std::optional<long long> limit = parseInteger(seconds);
     alarm(limit && *limit > 0 ? static_cast<unsigned>(*limit) : static_cast<unsigned>(kAvatarSeconds));
-    std::ostringstream unheard;
-    Console console(unheard, Console::Verbosity::Quiet);
+    std::ostringstream discarded;
+    Console console(discarded, Console::Verbosity::Quiet);
     Session(console).start(root);
     return 0;
 }
 
 std::string avatarProbeProblem(const std::string& root, int seconds, const std::string& program)
 {
-    ChildProcess trial;
-    const int problem = trial.start(program, {kProbeAvatar, root, std::to_string(seconds)});
-    // Without a second process there is no trial; the avatar itself is not to blame.
-    return problem ? std::string() : trial.finish();
+    ChildProcess probe;
+    const int problem = probe.start(program, {kProbeAvatar, root, std::to_string(seconds)});
+    // Where no second process can be started, nothing is known against the avatar.
+    return problem ? std::string() : probe.finish();
 }
 
 bool startSession(Session& session, const Options& options, Console& console)
@@ -44,7 +44,7 @@ bool startSession(Session& session, const Options& options, Console& console)
         return session.start(options.root);
     console.error({Session::avatarBelow(options.root), 0, 0,
                    "the avatar is damaged: a process that read it for at most " +
-                       std::to_string(kAvatarSeconds) + " s " + problem + "; write the file anew"});
+                       std::to_string(kAvatarSeconds) + " s " + problem + "; export the file again"});
     return false;
 }
 

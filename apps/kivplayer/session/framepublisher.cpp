@@ -86,7 +86,7 @@ FramePublisher::Body FramePublisher::makeBody(const LoadedActor& actor,
               &actor.dressed.root(),
               CentreOfMass(names),
               ContactTracker(names),
-              sampleMotion(actor.dressed, animation, {0.0, actor.duration()}),
+              sampleMotion(actor.dressed, animation, {0.0, actor.duration()}, actor.profile.thrownFrames),
               animation,
               frameTime > 0.0 ? std::clamp(frameTime, kMinStep, kMaxStep) : kMaxStep,
               kNeverFollowed};
@@ -98,7 +98,8 @@ FramePublisher::Body FramePublisher::makeBody(const LoadedActor& actor,
     // What counts as low does not depend on the part that is shown.
     if (shown)
         body.sampled = sampleMotion(actor.dressed, animation,
-                                    {shown->first - actor.offset, shown->second - actor.offset});
+                                    {shown->first - actor.offset, shown->second - actor.offset},
+                                    actor.profile.thrownFrames);
     return body;
 }
 

@@ -13,6 +13,7 @@
 #include "KivMemoryShare/scenecfgshare.h"
 #include "KivReader/readerwriterbvh.h"
 #include "KivRenderState/kivrenderstatemanager.h"
+#include "apps/kivplayer/content/bareskeleton.h"
 #include "apps/kivplayer/content/surfaces.h"
 
 namespace KivPlayer {
@@ -44,6 +45,14 @@ bool attachLoad(CharacterizationManager& manager, const MotionFile& motion, Task
 {
     const LoadedActor& actor = motion.actor;
     return manager.createLoadBVHCommand(motion.text, static_cast<int>(actor.index), actor.name, &command);
+}
+
+void poseAtStart(const std::string& actorId)
+{
+    for (KivAnimation::Animation* animation :
+         SceneCfgShare::instance()->getBaseAnimationManager()->animations())
+        if (animation->getId() == actorId)
+            animation->pose(0.0);
 }
 
 }  // namespace
@@ -115,6 +124,10 @@ bool Session::finish(MotionFile motion, bool built)
     if (built) {
         const KivTaskCommand::SceneGate::Pass pass(m_gate);
         dressed = DressedActor::find(characterScene(), actor.id());
+        if (dressed && !actor.isPerson) {
+            poseAtStart(actor.id());
+            makeBare(*dressed);
+        }
         if (dressed)
             describeSurfaces(dressed->root());
         keepOffsets();

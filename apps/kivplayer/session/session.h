@@ -93,7 +93,7 @@ private:
     KivTaskCommand::SceneGate m_gate;
     std::unique_ptr<KivTaskCommand::CommandThread> m_spCommands;
     std::map<unsigned, LoadedActor> m_actors;
-    std::map<unsigned, double> m_offsets;  ///< seconds; 0 for everybody else
+    std::map<unsigned, double> m_offsets;  ///< seconds; 0 for all others
     std::string m_avatarPath;
     std::string m_fontPath;
     AvatarFile m_avatar;

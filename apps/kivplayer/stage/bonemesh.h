@@ -6,7 +6,7 @@
 
 namespace KivPlayer {
 
-/// One geometry of many bones and joint dots, filled anew for every frame. Scene units.
+/// One geometry of many bones and joint dots, refilled for every frame. Scene units.
 class BoneMesh
 {
 public:

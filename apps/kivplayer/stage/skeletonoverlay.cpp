@@ -6,6 +6,7 @@
 #include <osg/NodeVisitor>
 #include <osg/Program>
 #include <osg/Transform>
+#include <osg/observer_ptr>
 
 #include <algorithm>
 #include <string>
@@ -76,7 +77,7 @@ void collectJoints(const osg::Group& parent, int above, const osg::Matrixd& toWo
 {
     for (unsigned i = 0; i < parent.getNumChildren(); ++i) {
         const auto* bone = dynamic_cast<const KivAnimation::Bone*>(parent.getChild(i));
-        // What carries a props is no part of the body.
+        // A joint that carries a prop is no part of the body.
         if (!bone || bone->getName().find(KivCharacterization::kPropsWord) != std::string::npos)
             continue;
         const auto own = static_cast<int>(joints.size());
@@ -138,26 +139,6 @@ private:
     std::vector<DrawnJoint> m_joints;
 };
 
-class FollowFigures : public osg::NodeCallback
-{
-public:
-    explicit FollowFigures(osg::Group* figures) : m_pFigures(figures) {}
-
-    osg::Geometry* geometry() const { return m_mesh.geometry(); }
-
-    void operator()(osg::Node*, osg::NodeVisitor*) override
-    {
-        m_mesh.clear();
-        SkeletonPainter painter(m_mesh);
-        m_pFigures->accept(painter);
-        m_mesh.finish();
-    }
-
-private:
-    osg::Group* m_pFigures;
-    BoneMesh m_mesh;
-};
-
 osg::ref_ptr<osg::Program> makeProgram()
 {
     osg::ref_ptr<osg::Program> program = new osg::Program;
@@ -177,26 +158,76 @@ osg::ref_ptr<osg::Group> pass(osg::Geometry* bones, osg::Depth* depth, int bin)
 
 }  // namespace
 
-SkeletonOverlay::SkeletonOverlay(osg::Group* figures)
+/// Refills the mesh before every frame.
+class FollowFigures : public osg::NodeCallback
+{
+public:
+    explicit FollowFigures(osg::Group* figures) : m_pFigures(figures) {}
+
+    osg::Geometry* geometry() const { return m_mesh.geometry(); }
+    void follow(bool all) { m_all = all; }
+    void setBare(const std::vector<osg::ref_ptr<osg::Group>>& bare)
+    {
+        m_bare.assign(bare.begin(), bare.end());
+    }
+    bool hasBare() const { return !m_bare.empty(); }
+
+    void operator()(osg::Node*, osg::NodeVisitor*) override
+    {
+        m_mesh.clear();
+        SkeletonPainter painter(m_mesh);
+        if (m_all)
+            m_pFigures->accept(painter);
+        else
+            for (const osg::observer_ptr<osg::Group>& bare : m_bare) {
+                osg::ref_ptr<osg::Group> figure;
+                if (bare.lock(figure) && figure->getNumParents() > 0)
+                    figure->accept(painter);
+            }
+        m_mesh.finish();
+    }
+
+private:
+    osg::Group* m_pFigures;
+    BoneMesh m_mesh;
+    bool m_all = false;
+    std::vector<osg::observer_ptr<osg::Group>> m_bare;
+};
+
+SkeletonOverlay::SkeletonOverlay(osg::Group* figures) : m_spFollow(new FollowFigures(figures))
 {
     setName("skeleton overlay");
     osg::StateSet* state = getOrCreateStateSet();
     state->setAttributeAndModes(makeProgram());
     state->setAttributeAndModes(new osg::CullFace(osg::CullFace::BACK));
-    osg::ref_ptr<FollowFigures> follow = new FollowFigures(figures);
-    setUpdateCallback(follow);
+    setUpdateCallback(m_spFollow);
     // Bodies are pushed behind the bones first, so that bones hide each other and nothing hides bones.
     osg::ref_ptr<osg::Group> clearing =
-        pass(follow->geometry(), new osg::Depth(osg::Depth::ALWAYS, 1.0, 1.0), kClearing);
+        pass(m_spFollow->geometry(), new osg::Depth(osg::Depth::ALWAYS, 1.0, 1.0), kClearing);
     clearing->getOrCreateStateSet()->setAttribute(new osg::ColorMask(false, false, false, false));
     addChild(clearing);
-    addChild(pass(follow->geometry(), new osg::Depth(osg::Depth::LESS), kDrawing));
-    setShown(false);
+    addChild(pass(m_spFollow->geometry(), new osg::Depth(osg::Depth::LESS), kDrawing));
+    update();
 }
+
+SkeletonOverlay::~SkeletonOverlay() = default;
 
 void SkeletonOverlay::setShown(bool shown)
 {
-    setNodeMask(shown ? ~0u : 0u);
+    m_shown = shown;
+    update();
+}
+
+void SkeletonOverlay::setBare(const std::vector<osg::ref_ptr<osg::Group>>& bare)
+{
+    m_spFollow->setBare(bare);
+    update();
+}
+
+void SkeletonOverlay::update()
+{
+    m_spFollow->follow(m_shown);
+    setNodeMask(m_shown || m_spFollow->hasBare() ? ~0u : 0u);
 }
 
 }  // namespace KivPlayer

@@ -225,4 +225,9 @@ void Stage::showSkeleton(bool shown)
     m_spSkeleton->setShown(shown);
 }
 
+void Stage::setBare(const std::vector<osg::ref_ptr<osg::Group>>& bare)
+{
+    m_spSkeleton->setBare(bare);
+}
+
 }  // namespace KivPlayer

@@ -6,6 +6,8 @@
 #include <osg/Vec4d>
 #include <osg/ref_ptr>
 
+#include <vector>
+
 #include "apps/kivplayer/stage/depthview.h"
 #include "apps/kivplayer/stage/ground.h"
 #include "apps/kivplayer/stage/skeletonoverlay.h"
@@ -54,6 +56,8 @@ public:
     void showGrid(bool shown);
     /// The bones of the figures, over their bodies; off at first.
     void showSkeleton(bool shown);
+    /// Figures that have no body: their bones are always shown.
+    void setBare(const std::vector<osg::ref_ptr<osg::Group>>& bare);
     void setDetail(StageDetail detail);
 
 private:

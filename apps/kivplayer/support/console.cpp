@@ -26,6 +26,7 @@ void Console::error(const Diagnostic& diagnostic)
 {
     const std::lock_guard<std::mutex> lock(m_mutex);
     m_errors.push_back(diagnostic);
+    m_hasFailed = true;
     m_stream << printable(diagnosticLine(diagnostic, "error")) << std::endl;
 }
 
@@ -43,6 +44,13 @@ void Console::warning(const Diagnostic& diagnostic)
     const std::lock_guard<std::mutex> lock(m_mutex);
     if (m_verbosity != Verbosity::Quiet)
         m_stream << printable(diagnosticLine(diagnostic, "warning")) << std::endl;
+}
+
+void Console::failure(const Diagnostic& diagnostic)
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    m_hasFailed = true;
+    m_stream << printable(diagnosticLine(diagnostic, "warning")) << std::endl;
 }
 
 void Console::say(const std::string& text)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <atomic>
 #include <iosfwd>
 #include <mutex>
 #include <string>
@@ -24,8 +25,8 @@ std::string placeText(const Diagnostic& diagnostic);
 /// "kivplayer: file:line:column: error: message"
 std::string diagnosticLine(const Diagnostic& diagnostic, const std::string& kind);
 
-/// What the program says beside its output, a line each, on stderr. Remembers the errors. Lines may come from
-/// any thread; the errors are read while nobody else speaks.
+/// Messages for people, a line each, on stderr. Keeps the errors. Lines may be printed from any thread; the
+/// errors are read while no other thread prints.
 class Console
 {
 public:
@@ -40,13 +41,18 @@ public:
 
     void error(const Diagnostic& diagnostic);
     void warning(const Diagnostic& diagnostic);
-    /// Whole lines that are meant for everybody who has not asked for quiet.
+    /// A warning that --quiet does not silence and after which the program exits as after an error: what was
+    /// asked for could not be done as asked.
+    void failure(const Diagnostic& diagnostic);
+    /// Whole lines, printed unless --quiet is given.
     void say(const std::string& text);
     void note(const std::string& text);
 
     bool isQuiet() const { return m_verbosity == Verbosity::Quiet; }
     std::ostream& stream() { return m_stream; }
     const std::vector<Diagnostic>& errors() const { return m_errors; }
+    /// Whether there was an error or a failure.
+    bool hasFailed() const { return m_hasFailed; }
     /// The same as lines for people, while others may speak.
     std::vector<std::string> errorLines() const;
 
@@ -55,6 +61,7 @@ private:
     std::ostream& m_stream;
     Verbosity m_verbosity;
     std::vector<Diagnostic> m_errors;
+    std::atomic<bool> m_hasFailed{false};
 };
 
 }  // namespace KivPlayer

@@ -6,7 +6,7 @@
 
 namespace KivPlayer {
 
-/// Says how far a long job is: on a terminal one line that is written over, elsewhere a line every ten
+/// Prints the progress of a long job: on a terminal one line that is overwritten, elsewhere a line every ten
 /// percent.
 class Progress
 {
@@ -19,17 +19,17 @@ public:
     };
 
     static constexpr int kErrorStream = 2;
-    /// What is counted, where that is no thing by itself: so many make one.
+    /// The unit that is printed: so many counts make one.
     struct Unit
     {
         const char* name = "";
         unsigned long long size = 1;
     };
 
-    /// For jobs that are mostly over at once: nothing is said before.
+    /// For jobs that mostly take less: nothing is printed before.
     static constexpr std::chrono::milliseconds kPatience{400};
 
-    /// What suits a stream: stderr's is asked for by its descriptor.
+    /// The style that suits a stream, by its file descriptor.
     static Style styleFor(int descriptor, bool quiet);
 
     Progress(std::ostream& stream, Style style, std::string job, unsigned long long total,

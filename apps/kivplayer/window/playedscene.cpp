@@ -1,6 +1,7 @@
 #include "apps/kivplayer/window/playedscene.h"
 
 #include "KivMemoryShare/scenecfgshare.h"
+#include "apps/kivplayer/content/bareskeleton.h"
 #include "apps/kivplayer/stage/framing.h"
 
 namespace KivPlayer {
@@ -17,6 +18,7 @@ void PlayedScene::takeActors()
 {
     m_publisher.setActors(m_session.actors());
     m_stage.setUp(boxWithGround(m_publisher.sampledBox()));
+    m_stage.setBare(bareSkeletons(m_session.actors()));
 }
 
 void PlayedScene::show(double seconds, bool complete)

@@ -29,7 +29,7 @@ ExitCode runWindow(const Options& options, Console& console)
         PlayerWindow window(options, session, console);
         window.run();
     }
-    return console.errors().empty() ? ExitDone : ExitFailed;
+    return console.hasFailed() ? ExitFailed : ExitDone;
 }
 
 }  // namespace KivPlayer

@@ -41,6 +41,21 @@ ends 1 "No space left" --no-render --report /dev/full
 if command -v ffmpeg >/dev/null; then
     ends 1 "full.mp4: error: .*No space left" --range 0,0.2 --output full.mp4
 fi
+walk="$motion"
+motion="$folder/chain.bvh"
+printf '%s\n' HIERARCHY 'ROOT Base' '{' 'OFFSET 0 0 0' 'CHANNELS 3 Xrotation Yrotation Zrotation' 'End Site' '{' \
+    'OFFSET 0 5 0' '}' '}' MOTION 'Frames: 1' 'Frame Time: 0.1' '0 0 0' >"$motion"
+ends 1 "chain.bvh: warning: not recognised as a person" --output chain.png
+ends 1 "chain.bvh: warning: not recognised as a person" --contact-sheet sheet --moments 1
+if [[ ! -s chain.png || ! -s sheet/chain.png ]]; then
+    echo "FAILED: what is no person has a picture"
+    failures=$((failures + 1))
+fi
+if ! "$player" --quiet --resolution 64,48 --profile off --output asitis.png "$motion" 2>said || [[ -s said ]]; then
+    echo "FAILED: with the profile off nobody need be a person: $(cat said)"
+    failures=$((failures + 1))
+fi
+motion="$walk"
 ends 2 "ends in .csv" --export a.xls
 ends 2 "ends in .png, .mp4" --output a.avi
 programs="$folder/nowhere"

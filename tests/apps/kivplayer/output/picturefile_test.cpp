@@ -81,6 +81,7 @@ TEST(PictureFile, measuresTheWorstTile)
             other->data(0, y)[x] = static_cast<unsigned char>(one->data(0, y)[x] ^ 64);
     const KivPlayer::PictureDifference difference = comparePictures(*one, *other);
     EXPECT_NEAR(difference.worstTile, 64.0 * 64.0 / 256.0, 1e-9);
+    EXPECT_EQ(difference.worstPixel, 64);
     EXPECT_EQ(*difference.image->data(20, 20), 255);
     EXPECT_EQ(*difference.image->data(0, 0), 0);
 }

@@ -5,18 +5,12 @@
 
 #include <cmath>
 
+#include "tests/apps/kivplayer/bones.h"
+
 namespace {
 
 using namespace KivPlayer;
 using testing::ElementsAre;
-
-osg::ref_ptr<KivAnimation::Bone> bone(const std::string& name, const osg::Vec3d& offset)
-{
-    osg::ref_ptr<KivAnimation::Bone> bone = new KivAnimation::Bone;
-    bone->setName("0#" + name);
-    bone->setInitialMatrix(osg::Matrixd::translate(offset));
-    return bone;
-}
 
 /// Hips with a spine that wears one piece, a tail with an end site, and one thigh.
 class FitReportOfAFigure : public testing::Test
@@ -24,14 +18,14 @@ class FitReportOfAFigure : public testing::Test
 protected:
     void SetUp() override
     {
-        const osg::ref_ptr<KivAnimation::Bone> hips = bone("Hips", {});
-        const osg::ref_ptr<KivAnimation::Bone> spine = bone("Spine", {0, 0, 12});
-        const osg::ref_ptr<KivAnimation::Bone> tail = bone("Tail", {0, 20, 0});
+        const osg::ref_ptr<KivAnimation::Bone> hips = boneAt("0#Hips", {});
+        const osg::ref_ptr<KivAnimation::Bone> spine = boneAt("0#Spine", {0, 0, 12});
+        const osg::ref_ptr<KivAnimation::Bone> tail = boneAt("0#Tail", {0, 20, 0});
         m_spSkeleton->addChild(hips);
         hips->addChild(spine);
         hips->addChild(tail);
-        hips->addChild(bone("LeftUpLeg", {10, 0, 0}));
-        tail->addChild(bone("TailEnd", {0, 5, 0}));
+        hips->addChild(boneAt("0#LeftUpLeg", {10, 0, 0}));
+        tail->addChild(boneAt("0#TailEnd", {0, 5, 0}));
         wear(*spine, "Joint:Spine$");
         m_spScene->addChild(m_spRoot);
         m_spRoot->addChild(m_spSkeleton);

@@ -66,11 +66,17 @@ TEST(ReportFile, tellsWhatReadingDid)
     actor.profile.isHumanoid = true;
     actor.profile.dialect = "smpl";
     actor.profile.renamed = {{"L_Hip", "LeftUpLeg"}};
+    actor.profile.evidence = {{"LeftUpLeg", "L_Hip", 0.8, {"its words"}}};
+    actor.profile.restPose = {"zero pose", "it stands", 0.9};
+    actor.profile.checks = {{"soles", false, 88.0, "degrees", "the feet are off level"}};
     actor.profile.folded = {{"twist", "LeftArm"}};
     actor.profile.inserted = {{"Spine3", "Spine2", "Spine2&Neck"}};
     actor.unmatched = {{"Tail", {"Spine", "Head"}}};
     const Json json = jsonOf({{actor}, {}}).at("actors").at(0);
     EXPECT_EQ(json.at("dialect"), "smpl");
+    EXPECT_EQ(json.at("evidence").at(0).at("fileJoint"), "L_Hip");
+    EXPECT_EQ(json.at("restPose").at("choice"), "zero pose");
+    EXPECT_EQ(json.at("checks").at(0).at("passed"), false);
     EXPECT_EQ(json.at("profile").at("renamed").at(0).at("to"), "LeftUpLeg");
     EXPECT_EQ(json.at("profile").at("folded").at(0).at("into"), "LeftArm");
     EXPECT_EQ(json.at("profile").at("inserted").at(0).at("along"), "Spine2&Neck");

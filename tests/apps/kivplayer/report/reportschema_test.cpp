@@ -63,7 +63,7 @@ TEST_F(ReportSchema, refusesReportsThatSomethingIsWrongWith)
                 ElementsAre(StartsWith("/actors/0/hipRatio is no ")));
     EXPECT_THAT(complaintsAfter(report, [](Json& actor) { actor["frames"] = 0; }),
                 ElementsAre("/actors/0/frames is below 1"));
-    EXPECT_THAT(complaintsAfter(report, [](Json& actor) { actor["profile"]["upAxis"] = "x"; }),
+    EXPECT_THAT(complaintsAfter(report, [](Json& actor) { actor["profile"]["upAxis"] = "w"; }),
                 ElementsAre(StartsWith("/actors/0/profile/upAxis is none of ")));
     EXPECT_THAT(complaintsAfter(report, [](Json& actor) { actor["profile"]["centimetresPerUnit"] = 0; }),
                 ElementsAre("/actors/0/profile/centimetresPerUnit is not above 0"));
@@ -83,6 +83,8 @@ TEST_F(ReportSchema, isObeyedForMissingFilesAndSkeletonsThatAreNoBody)
     const Json& actor = report.at("actors").at(0);
     EXPECT_EQ(actor.at("dialect"), nullptr);
     EXPECT_EQ(actor.at("profile").at("humanoid"), false);
+    EXPECT_EQ(actor.at("humanoid"), false);
+    EXPECT_EQ(actor.at("pieces").at("attached"), 0);
     EXPECT_THAT(actor.at("profile").at("reason").get<std::string>(), HasSubstr("LeftUpLeg"));
     EXPECT_EQ(actor.at("unmatched").at(0).at("joint"), "Base");
     EXPECT_EQ(report.at("errors").size(), 1u);

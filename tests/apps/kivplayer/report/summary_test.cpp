@@ -45,6 +45,35 @@ TEST(Summary, tellsWhyAFileIsReadAsItStands)
     EXPECT_THAT(text, Not(HasSubstr("renamed")));
 }
 
+TEST(Summary, saysThatAFileIsNotRecognisedAsAPerson)
+{
+    ActorFit dog = actor();
+    dog.isPerson = dog.profile.isHumanoid = false;
+    dog.profile.whyNot = "it stands on four legs";
+    EXPECT_THAT(summaryOf(dog), HasSubstr("  not recognised as a person: it stands on four legs\n"));
+}
+
+TEST(Summary, callsLowConfidenceAGuess)
+{
+    ActorFit sure = actor();
+    sure.profile.evidence = {{"Hips", "pelvis", 0.9, {}}, {"LeftArm", "j7", 0.42, {}}};
+    EXPECT_THAT(summaryOf(sure), HasSubstr("  guessed LeftArm (j7, 0.42)\n"));
+    sure.profile.evidence[1].confidence = KivReader::ProfileRecord::kGuess;
+    EXPECT_THAT(summaryOf(sure), Not(HasSubstr("guessed")));
+}
+
+TEST(Summary, tellsTheRestPoseAndTheChecksThatFailed)
+{
+    ActorFit odd = actor();
+    odd.profile.restPose = {"first frame", "it stands", 0.9};
+    odd.profile.checks = {{"soles", false, 88.0, "degrees", "the feet stand 88° off level"},
+                          {"height", true, 170.0, "cm", "the figure is 170 cm high"}};
+    const std::string text = summaryOf(odd);
+    EXPECT_THAT(text, HasSubstr("  rest pose first frame (it stands)\n"));
+    EXPECT_THAT(text, HasSubstr("  check failed: the feet stand 88° off level\n"));
+    EXPECT_THAT(text, Not(HasSubstr("170 cm high\n")));
+}
+
 TEST(Summary, countsWhatWasMatchedAndDone)
 {
     const std::string text = summaryOf(actor());

@@ -11,13 +11,11 @@
 #include "KivAnimation/bone.h"
 #include "KivAnimation/skeleton.h"
 #include "apps/kivplayer/output/offscreen.h"
-#include "apps/kivplayer/stage/bonemesh.h"
 #include "apps/kivplayer/stage/stage.h"
 
 namespace {
 
 using KivAnimation::Bone;
-using KivPlayer::BoneMesh;
 using KivPlayer::SkeletonOverlay;
 
 osg::ref_ptr<Bone> boneAt(const std::string& name, const osg::Vec3d& place)
@@ -80,38 +78,23 @@ protected:
     osg::ref_ptr<osg::Group> m_spFigures = new osg::Group;
 };
 
-TEST(BoneMesh, drawsNothingForABoneWithoutLength)
-{
-    BoneMesh mesh;
-    mesh.addBone({1, 2, 3}, {1, 2, 3}, 2.0, {});
-    mesh.addBone({1, 2, 3}, {std::nan(""), 2, 3}, 2.0, {});
-    mesh.finish();
-    EXPECT_EQ(mesh.geometry()->getVertexArray()->getNumElements(), 0u);
-}
-
-TEST(BoneMesh, turnsEveryTriangleOutwards)
-{
-    BoneMesh mesh;
-    mesh.addBone({0, 0, 0}, {0, 0, 10}, 2.0, {});
-    mesh.addDot({0, 0, 0}, 1.0, {});
-    mesh.finish();
-    const auto& places = static_cast<const osg::Vec3Array&>(*mesh.geometry()->getVertexArray());
-    const auto& corners = *mesh.geometry()->getPrimitiveSet(0);
-    ASSERT_EQ(corners.getNumIndices(), 3u * (8 + 32));
-    for (unsigned i = 0; i < corners.getNumIndices(); i += 3) {
-        const osg::Vec3 a = places[corners.index(i)];
-        const osg::Vec3 b = places[corners.index(i + 1)];
-        const osg::Vec3 c = places[corners.index(i + 2)];
-        const osg::Vec3 inside(0.0f, 0.0f, i < 24 ? 5.0f : 0.0f);
-        EXPECT_GT(((b - a) ^ (c - a)) * ((a + b + c) / 3.0f - inside), 0.0f) << "triangle " << i / 3;
-    }
-}
-
 TEST_F(SkeletonOverlayTest, isOffAtFirst)
 {
     const osg::ref_ptr<SkeletonOverlay> overlay = new SkeletonOverlay(m_spFigures);
     EXPECT_FALSE(overlay->isShown());
     EXPECT_EQ(shownBy(*overlay).getVertexArray()->getNumElements(), 0u) << "and costs nothing";
+}
+
+TEST_F(SkeletonOverlayTest, alwaysDrawsFiguresThatHaveNoBody)
+{
+    const osg::ref_ptr<SkeletonOverlay> overlay = new SkeletonOverlay(m_spFigures);
+    overlay->setBare({new osg::Group});
+    EXPECT_EQ(shownBy(*overlay).getVertexArray()->getNumElements(), 0u) << "one that is not in the scene";
+    overlay->setBare({m_spFigures->getChild(0)->asGroup()});
+    EXPECT_TRUE(overlay->isShown());
+    EXPECT_EQ(shownBy(*overlay).getPrimitiveSet(0)->getNumIndices(), 3u * (2 * 8 + 2 * 32));
+    overlay->setBare({});
+    EXPECT_FALSE(overlay->isShown());
 }
 
 TEST_F(SkeletonOverlayTest, drawsABoneToEveryJointAndDotsOnAllButEnds)

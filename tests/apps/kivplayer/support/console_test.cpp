@@ -35,6 +35,17 @@ TEST(Console, keepsErrorsWhenItIsQuiet)
     EXPECT_EQ(said.str(), "kivplayer: walk.bvh:3:1: error: bad\n");
 }
 
+TEST(Console, saysAFailureEvenToThoseWhoAskedForQuiet)
+{
+    std::ostringstream said;
+    Console console(said, Console::Verbosity::Quiet);
+    EXPECT_FALSE(console.hasFailed());
+    console.failure({"dog.bvh", 0, 0, "no person"});
+    EXPECT_EQ(said.str(), "kivplayer: dog.bvh: warning: no person\n");
+    EXPECT_TRUE(console.hasFailed());
+    EXPECT_TRUE(console.errors().empty());
+}
+
 TEST(Console, doesNotCountWarningsAsErrors)
 {
     std::ostringstream said;
@@ -43,6 +54,7 @@ TEST(Console, doesNotCountWarningsAsErrors)
     console.note("loading");
     EXPECT_EQ(said.str(), "kivplayer: walk.bvh:3:1: warning: odd\nkivplayer: loading\n");
     EXPECT_TRUE(console.errors().empty());
+    EXPECT_FALSE(console.hasFailed());
 }
 
 TEST(Console, neverShowsATerminalTheControlCharactersOfAFile)
