@@ -11,6 +11,7 @@
 #include "apps/kivplayer/output/picturefile.h"
 #include "apps/kivplayer/output/picturemaker.h"
 #include "apps/kivplayer/output/videofile.h"
+#include "apps/kivplayer/report/aliastable.h"
 #include "apps/kivplayer/report/fitreport.h"
 #include "apps/kivplayer/report/reportfile.h"
 #include "apps/kivplayer/report/summary.h"
@@ -136,6 +137,8 @@ ExitCode runHeadless(const Options& options, Console& console)
     if (!session.actors().empty())
         writeExports(options, session, console);
     report(options, session, console);
+    if (!options.aliasTableToWrite.empty() && !session.actors().empty())
+        writeAliasTable(options.aliasTableToWrite, session.actors(), console);
     if (compared == ExitDifferent)
         return ExitDifferent;
     return console.hasFailed() ? ExitFailed : ExitDone;

@@ -41,6 +41,7 @@ std::vector<NamedFile> outputsOf(const Options& options)
     for (const std::string& file : options.exports)
         add("--export", file);
     add("--report", options.report);
+    add("--write-profile", options.aliasTableToWrite);
     add("--reference-difference", options.referenceDifference);
     add("--state-file", options.stateFile);
     return outputs;

@@ -19,12 +19,16 @@ void checkSheet(const Options& options, const OptionTexts& texts)
             throw CLI::ValidationError("--moments", "belongs to --contact-sheet");
         return;
     }
-    const std::pair<const char*, bool> others[] = {
-        {"--output", options.output.has_value()},    {"--time", options.time.has_value()},
-        {"--frame", options.frame.has_value()},      {"--follow", options.follow.has_value()},
-        {"--reference", !options.reference.empty()}, {"--report", !options.report.empty()},
-        {"--export", !options.exports.empty()},      {"--no-render", !options.render},
-        {"--offset", !options.offsets.empty()}};
+    const std::pair<const char*, bool> others[] = {{"--output", options.output.has_value()},
+                                                   {"--time", options.time.has_value()},
+                                                   {"--frame", options.frame.has_value()},
+                                                   {"--follow", options.follow.has_value()},
+                                                   {"--reference", !options.reference.empty()},
+                                                   {"--report", !options.report.empty()},
+                                                   {"--export", !options.exports.empty()},
+                                                   {"--no-render", !options.render},
+                                                   {"--write-profile", !options.aliasTableToWrite.empty()},
+                                                   {"--offset", !options.offsets.empty()}};
     for (const auto& [name, given] : others)
         if (given)
             throw CLI::ValidationError(name, "excludes --contact-sheet");
@@ -48,7 +52,7 @@ double numberIn(const std::string& option, const std::string& text, const std::s
 bool asksForNoPicture(const Options& options)
 {
     return !options.output && options.render && options.reference.empty() && options.contactSheet.empty() &&
-           options.exports.empty();
+           options.exports.empty() && options.aliasTableToWrite.empty();
 }
 
 void checkTogether(const Options& options, const OptionTexts& texts)
@@ -79,7 +83,7 @@ void checkTogether(const Options& options, const OptionTexts& texts)
     if (asksForNoPicture(options) && options.report.empty() && !options.window)
         throw CLI::RequiredError(
             "nothing to do: no display for a window, and none of --output, --contact-sheet, --reference, "
-            "--export, --report and --no-render");
+            "--export, --report, --write-profile and --no-render");
 }
 
 }  // namespace KivPlayer

@@ -52,6 +52,7 @@ struct Options
     std::string ownProgram;                ///< this program, to try a given root's avatar; empty: untried
     std::string reading = "profile=auto";  ///< how skeletons from elsewhere are read, as the reader's words
     std::string aliasTable;                ///< the file among them; empty: none
+    std::string aliasTableToWrite;  ///< where what was recognised is written; empty: nowhere, "-": stdout
     std::string report;
     std::vector<std::string> exports;  ///< tables and scenes of the actors
     std::optional<OutputNames> output;

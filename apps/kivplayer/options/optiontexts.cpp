@@ -7,7 +7,7 @@ namespace KivPlayer {
 namespace {
 
 /// How skeletons from elsewhere are read.
-void addReadingOptions(CLI::App& app, OptionTexts& texts)
+void addReadingOptions(CLI::App& app, Options& options, OptionTexts& texts)
 {
     const std::string reading = "Skeletons from elsewhere";
     app.add_option("--profile", texts.profile,
@@ -23,6 +23,11 @@ void addReadingOptions(CLI::App& app, OptionTexts& texts)
         ->group(reading);
     app.add_flag("--first-frame-is-rest", texts.firstFrameIsRest,
                  "The first frame is the rest pose, instead of all channels at 0")
+        ->group(reading);
+    app.add_option(
+           "--write-profile", options.aliasTableToWrite,
+           "Write which joint was taken for which as an alias table, to correct and pass to --profile")
+        ->type_name("FILE")
         ->group(reading);
 }
 
@@ -118,7 +123,7 @@ void declareOptions(CLI::App& app, Options& options, OptionTexts& texts)
     app.add_flag("--verbose", options.verbose, "Say what is being done");
     app.add_flag("--quiet", options.quiet, "Errors only");
 
-    addReadingOptions(app, texts);
+    addReadingOptions(app, options, texts);
     addPictureOptions(app, options, texts);
     addSheetOptions(app, options, texts);
     app.add_option("--export", options.exports,

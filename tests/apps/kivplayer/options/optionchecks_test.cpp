@@ -46,7 +46,8 @@ TEST(OptionChecks, acceptAnEmptyWindowWhereThereIsADisplay)
 
 TEST(OptionChecks, letReportAndExportDoWithoutAPicture)
 {
-    for (const char* option : {"--report=a.json", "--export=a.csv", "--no-render"})
+    for (const char* option :
+         {"--report=a.json", "--export=a.csv", "--write-profile=a.profile", "--no-render"})
         EXPECT_TRUE(parse({"a.bvh", option}).options) << option;
     EXPECT_TRUE(parse({"a.bvh", "--export", "a.csv", "--range", "0,1"}).options);
 }
