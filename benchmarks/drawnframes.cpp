@@ -132,7 +132,7 @@ public:
         do {
             loading.push_back(frameOf(m_loop));
             m_uploaded += loading.back().upload;
-            if (loading.back().visible + m_loop.scene().arrivals().waiting() > kMostVisible)
+            if (loading.back().visible + m_loop.scene().uploads().waiting() > kMostVisible)
                 hideOne();
         } while (m_loop.isLoading());
         loading.push_back(frameOf(m_loop));

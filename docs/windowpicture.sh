@@ -32,7 +32,7 @@ window="$(xdotool search --onlyvisible --name '^kivplayer$' | head -n 1)"
 xdotool mousemove --window "$window" 700 20 key space
 wait_for '.playing == false'
 xdotool key p
-wait_for '.props[0].dragger'
+wait_for '.propList[0].dragger'
 # Shadows may have been left out for the sake of the frame rate.
 jq -e .shadows "$state" >/dev/null || xdotool key d
 wait_for .shadows

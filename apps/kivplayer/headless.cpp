@@ -99,9 +99,9 @@ Options withPossibleSize(Options options, Console& console)
 
 ExitCode makePictures(const Options& options, Session& session, Console& console)
 {
-    if (options.shown.names)
-        session.showNames(*options.shown.names);
-    if (options.shown.props)
+    if (const std::optional<bool> names = options.shown.chosen(Overlay::Names))
+        session.showNames(*names);
+    if (options.shown[Overlay::PropDraggers])
         session.showPropsDraggers(true);
     PictureMaker pictures(options, session, console);
     if (options.isMoving()) {

@@ -118,7 +118,7 @@ void DrawnLoop::draw(FrameParts& parts)
     camera().getStats()->getAttribute(m_spViewer->getFrameStamp()->getFrameNumber(),
                                       "Cull traversal time taken", cull);
     parts.cull = 1e3 * cull;
-    parts.upload = m_scene.arrivals().uploadTime();
+    parts.upload = m_scene.uploads().uploadTime();
     parts.drawing = rendering - parts.cull - parts.upload;
 }
 
@@ -129,7 +129,7 @@ void DrawnLoop::load(unsigned actor, const std::string& file)
 
 bool DrawnLoop::isLoading() const
 {
-    return m_scene.loader().isBusy() || m_scene.arrivals().waiting() > 0;
+    return m_scene.loader().isBusy() || m_scene.uploads().waiting() > 0;
 }
 
 void DrawnLoop::setVisible(unsigned actor, bool visible)
@@ -144,7 +144,7 @@ std::size_t DrawnLoop::visibleFigures() const
     const osg::Group& figures = *SceneCfgShare::instance()->getCharacterSceneNode();
     for (unsigned i = 0; i < figures.getNumChildren(); ++i)
         visible += figures.getChild(i)->getNodeMask() != 0 ? 1 : 0;
-    return visible - m_scene.arrivals().waiting();
+    return visible - m_scene.uploads().waiting();
 }
 
 }  // namespace KivBenchmark

@@ -64,7 +64,7 @@ click grid
 until_holds "a click takes the grid away" '.grid == false'
 key g
 until_holds "g brings it back" .grid
-toggle m centreOfMass
+toggle m com
 toggle c contacts
 toggle b skeleton
 toggle n names

@@ -7,7 +7,7 @@ cmake_minimum_required(VERSION 3.25)
 set(player_rooms
     apps/kivplayer/support apps/kivplayer/options apps/kivplayer/content apps/kivplayer/analysis apps/kivplayer/stage
     apps/kivplayer/session apps/kivplayer/report apps/kivplayer/output apps/kivplayer/window/platform
-    apps/kivplayer/window/state apps/kivplayer/window/ui apps/kivplayer/window apps/kivplayer/headless
+    apps/kivplayer/window/state apps/kivplayer/window/ui apps/kivplayer/window/inspection apps/kivplayer/window apps/kivplayer/headless
     apps/kivplayer)
 set(reader_rooms
     host/KivReader/syntax host/KivReader/figure host/KivReader/humanoid host/KivReader)

@@ -128,23 +128,14 @@ void parseCamera(const OptionTexts& texts, Options& options)
         throwUnexpected("--camera-target", "a point other than the camera's position", texts.target);
 }
 
-void parseShown(const std::string& option, const std::vector<std::string>& what, bool value, Shown& shown)
+void parseShown(const std::string& option, const std::vector<std::string>& what, bool value,
+                OverlaySet& shown)
 {
     for (const std::string& name : what) {
-        if (name == "names")
-            shown.names = value;
-        else if (name == "com")
-            shown.centreOfMass = value;
-        else if (name == "contacts")
-            shown.contacts = value;
-        else if (name == "skeleton")
-            shown.skeleton = value;
-        else if (name == "props")
-            shown.props = value;
-        else if (name == "grid")
-            shown.grid = value;
-        else
-            throwUnexpected(option, "names, com, contacts, skeleton, props or grid", name);
+        const OverlayEntry* overlay = overlayOption(name);
+        if (!overlay)
+            throwUnexpected(option, overlayOptionNames(" or "), name);
+        shown.set(overlay->overlay, value);
     }
 }
 

@@ -10,6 +10,7 @@
 
 #include "apps/kivplayer/options/fileformats.h"
 #include "apps/kivplayer/options/outputnames.h"
+#include "apps/kivplayer/options/overlays.h"
 
 namespace KivPlayer {
 
@@ -30,17 +31,6 @@ struct ViewAngles
 {
     double azimuth = 0.0;    ///< radians from the figures' front towards their left hand
     double elevation = 0.0;  ///< radians above the horizon
-};
-
-/// What may be shown beside the figures. Empty means: as the program sees fit.
-struct Shown
-{
-    std::optional<bool> names;  ///< unset: the module shows them from the second actor on
-    bool centreOfMass = false;
-    bool contacts = false;
-    bool skeleton = false;
-    bool props = false;
-    bool grid = true;
 };
 
 struct Options
@@ -78,7 +68,7 @@ struct Options
     std::optional<osg::Vec3d> cameraPosition;
     std::optional<osg::Vec3d> cameraTarget;
     std::optional<std::size_t> follow;  ///< the actor that the camera follows
-    Shown shown;
+    OverlaySet shown;                   ///< names unset: the module shows them from the second actor on
 
     std::string reference;
     std::string referenceDifference;  ///< where the difference is painted if there is one

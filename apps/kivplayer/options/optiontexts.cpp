@@ -69,7 +69,7 @@ void addPictureOptions(CLI::App& app, Options& options, OptionTexts& texts)
     app.add_option("--follow", texts.follow, "Follow an actor with the camera, counted from 0")
         ->type_name("NUMBER")
         ->group(pictures);
-    app.add_option("--show", texts.show, "names, com, contacts, skeleton, props, grid")
+    app.add_option("--show", texts.show, overlayOptionNames())
         ->delimiter(',')
         ->allow_extra_args(false)
         ->group(pictures)

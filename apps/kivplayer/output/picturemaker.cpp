@@ -9,12 +9,12 @@
 #include <sstream>
 
 #include "KivMemoryShare/scenecfgshare.h"
-#include "KivRenderState/kivrenderstatemanager.h"
 #include "apps/kivplayer/content/bareskeleton.h"
 #include "apps/kivplayer/output/outputtimes.h"
 #include "apps/kivplayer/output/picturefile.h"
 #include "apps/kivplayer/output/supersampler.h"
 #include "apps/kivplayer/output/videofile.h"
+#include "apps/kivplayer/session/overlayeffects.h"
 #include "apps/kivplayer/support/progress.h"
 
 namespace KivPlayer {
@@ -36,7 +36,7 @@ PictureMaker::PictureMaker(const Options& options, Session& session, Console& co
     : m_options(options),
       m_session(session),
       m_console(console),
-      m_publisher(options.shown.contacts),
+      m_publisher(options.shown[Overlay::Contacts]),
       m_offscreen(
           options.width, options.height,
           options.samples > 0 ? options.samples : defaultSupersampling(options.width, options.height)),
@@ -45,9 +45,7 @@ PictureMaker::PictureMaker(const Options& options, Session& session, Console& co
       m_notice(options.width, options.height, session.fontPath(), Caption::Edge::Upper)
 {
     KivMemoryShare::SceneCfgShare::instance()->setCompositeViewer(&m_offscreen.viewer());
-    KivRenderState::KivRenderStateManager::instance()->setCenterOfMassShow(options.shown.centreOfMass);
-    m_stage.showGrid(options.shown.grid);
-    m_stage.showSkeleton(options.shown.skeleton);
+    applyOverlays(options.shown, m_stage, m_publisher);
     osg::ref_ptr<osg::Group> shown = new osg::Group;
     shown->addChild(m_stage.root());
     shown->addChild(m_caption.node());
@@ -120,7 +118,7 @@ void PictureMaker::addLabels(const std::vector<osg::Vec3d>& heads, double compas
                              std::vector<osg::Vec3d>& shown) const
 {
     const auto& actors = m_session.actors();
-    if (!m_options.shown.names.value_or(actors.size() > 1))
+    if (!m_options.shown.chosen(Overlay::Names).value_or(actors.size() > 1))
         return;
     const osg::Vec3d right(-std::sin(compass), std::cos(compass), 0.0);
     auto actor = actors.begin();

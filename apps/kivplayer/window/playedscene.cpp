@@ -10,8 +10,8 @@ PlayedScene::PlayedScene(Session& session, bool contacts)
     : m_session(session),
       m_loader(session),
       m_publisher(contacts),
-      m_arrivals(KivMemoryShare::SceneCfgShare::instance()->getCharacterSceneNode()),
-      m_stage(m_arrivals.root())
+      m_uploads(KivMemoryShare::SceneCfgShare::instance()->getCharacterSceneNode()),
+      m_stage(m_uploads.root())
 {}
 
 void PlayedScene::takeActors()
@@ -23,7 +23,7 @@ void PlayedScene::takeActors()
 
 void PlayedScene::show(double seconds, bool complete)
 {
-    complete ? m_arrivals.receiveAtOnce() : m_arrivals.receive();
+    complete ? m_uploads.receiveAtOnce() : m_uploads.receive();
     if (m_loader.isBusy())
         m_session.keepOffsets();
     m_publisher.show(seconds);

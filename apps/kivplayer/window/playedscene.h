@@ -4,7 +4,7 @@
 #include "apps/kivplayer/session/session.h"
 #include "apps/kivplayer/stage/stage.h"
 #include "apps/kivplayer/window/actorloader.h"
-#include "apps/kivplayer/window/arrivals.h"
+#include "apps/kivplayer/window/uploadqueue.h"
 
 namespace KivPlayer {
 
@@ -20,10 +20,10 @@ public:
     FramePublisher& publisher() { return m_publisher; }
     const FramePublisher& publisher() const { return m_publisher; }
     Stage& stage() { return m_stage; }
-    const Arrivals& arrivals() const { return m_arrivals; }
+    const UploadQueue& uploads() const { return m_uploads; }
 
     /// Draws with this camera what hangs below the stage's root.
-    void drawWith(osg::Camera& camera) { m_arrivals.uploadWith(camera); }
+    void drawWith(osg::Camera& camera) { m_uploads.uploadWith(camera); }
 
     /// Takes over the session's actors as they are now, and lays the stage out for them. Inside a pass of
     /// the gate.
@@ -37,7 +37,7 @@ private:
     Session& m_session;
     ActorLoader m_loader;
     FramePublisher m_publisher;
-    Arrivals m_arrivals;
+    UploadQueue m_uploads;
     Stage m_stage;
 };
 

@@ -1,12 +1,10 @@
 #include "apps/kivplayer/window/state/filewatch.h"
 
-#include <set>
-
 namespace KivPlayer {
 
 namespace {
 
-constexpr double kInterval = 0.25;  // seconds
+constexpr double kLookInterval = 0.25;  // seconds
 
 }  // namespace
 
@@ -19,27 +17,23 @@ FileWatch::Stamp FileWatch::stampOf(const std::string& file)
     return problem ? Stamp() : stamp;
 }
 
-std::vector<unsigned> FileWatch::changed(const std::map<unsigned, LoadedActor>& actors, double seconds)
+std::set<std::string> FileWatch::changed(const std::set<std::string>& files, double seconds)
 {
-    if (!m_on || seconds - m_looked < kInterval)
+    if (!m_on || seconds - m_looked < kLookInterval)
         return {};
     m_looked = seconds;
-    std::set<std::string> changedFiles;
-    for (const auto& [index, actor] : actors) {
-        const Stamp now = stampOf(actor.file);
-        auto [file, isNew] = m_files.try_emplace(actor.file, Watched{now, now});
-        Watched& watched = file->second;
+    std::set<std::string> found;
+    for (const std::string& file : files) {
+        const Stamp now = stampOf(file);
+        const auto [known, isNew] = m_files.try_emplace(file, Watched{now, now});
+        Watched& watched = known->second;
         // Gone is not changed: many programs take a file away before they put the new one into its place.
         if (!isNew && now == watched.latest && !(now == watched.known) && !(now == Stamp())) {
             watched.known = now;
-            changedFiles.insert(actor.file);
+            found.insert(file);
         }
         watched.latest = now;
     }
-    std::vector<unsigned> found;
-    for (const auto& [index, actor] : actors)
-        if (changedFiles.count(actor.file) > 0)
-            found.push_back(index);
     return found;
 }
 

@@ -3,21 +3,21 @@
 #include <cstdint>
 #include <filesystem>
 #include <map>
-#include <vector>
-
-#include "apps/kivplayer/session/session.h"
+#include <set>
+#include <string>
 
 namespace KivPlayer {
 
-/// Notices when the files of actors change: a few times a second, and once a file has come to rest, so that
+/// Notices when the files change: a few times a second, and once a file has come to rest, so that
 /// one that is still being written is not read half.
 class FileWatch
 {
 public:
     explicit FileWatch(bool on) : m_on(on) {}
 
-    /// @return the actors whose files have changed since they were first seen here or last returned.
-    std::vector<unsigned> changed(const std::map<unsigned, LoadedActor>& actors, double seconds);
+    /// @param seconds of any clock that goes on.
+    /// @return those of the files that have changed since they were first seen here or last returned.
+    std::set<std::string> changed(const std::set<std::string>& files, double seconds);
 
 private:
     struct Stamp
@@ -29,7 +29,7 @@ private:
     };
     struct Watched
     {
-        Stamp known;   ///< what the actor was loaded from
+        Stamp known;   ///< when it was last returned, or first seen
         Stamp latest;  ///< at the last look
     };
 

@@ -7,9 +7,11 @@ namespace KivPlayer {
 
 using Keys = osgGA::GUIEventAdapter;
 
-const std::vector<KeyBinding>& keyBindings()
+namespace {
+
+std::vector<KeyBinding> allBindings()
 {
-    static const std::vector<KeyBinding> bindings{
+    std::vector<KeyBinding> bindings{
         {Action::TogglePlay, Keys::KEY_Space, false, "Space", "Play or pause"},
         {Action::StepBack, Keys::KEY_Comma, false, ",", "One frame back"},
         {Action::StepForward, Keys::KEY_Period, false, ".", "One frame on"},
@@ -17,31 +19,35 @@ const std::vector<KeyBinding>& keyBindings()
         {Action::LastFrame, Keys::KEY_End, true, "Ctrl+End", "Last frame"},
         {Action::Slower, Keys::KEY_Leftbracket, false, "[", "Slower"},
         {Action::Faster, Keys::KEY_Rightbracket, false, "]", "Faster"},
-        {Action::Loop, 'l', false, "l", "Play over and over, or once"},
+        {Action::ToggleLoop, 'l', false, "l", "Play over and over, or once"},
         {Action::CameraHome, Keys::KEY_Home, false, "Home", "Camera home: the whole motion in view"},
-        {Action::Follow, 'k', false, "k", "Follow the next actor, then none"},
-        {Action::Names, 'n', false, "n", "Names"},
-        {Action::CentreOfMass, 'm', false, "m", "Centre of mass"},
-        {Action::Contacts, 'c', false, "c", "Contacts"},
-        {Action::Skeleton, 'b', false, "b", "Bones over the bodies"},
-        {Action::Shadows, 'd', false, "d", "Shadows"},
-        {Action::Grid, 'g', false, "g", "Grid on the ground"},
-        {Action::PropsDraggers, 'p', false, "p", "Draggers on the props"},
-        {Action::ContactDraggers, 'P', false, "Shift+p", "Draggers on the props' contact points"},
-        {Action::Screenshot, Keys::KEY_F12, false, "F12", "Write a picture of the scene"},
-        {Action::Panels, Keys::KEY_F6, false, "F6", "Keyboard to the next panel; Esc gives it back"},
-        {Action::Help, 'h', false, "h", "These keys"},
-        {Action::Fit, 'r', false, "r", "Fit report: how every actor was dressed"},
-        {Action::Statistics, 's', false, "s", "Statistics"},
-        {Action::Quit, Keys::KEY_Escape, false, "Esc", "Cancel a drag; otherwise quit"},
+        {Action::FollowNext, 'k', false, "k", "Follow the next actor, then none"},
     };
+    for (const OverlayEntry& entry : overlayTable()) {
+        const bool shift = entry.key >= 'A' && entry.key <= 'Z';
+        const std::string name = shift ? std::string("Shift+") + static_cast<char>(entry.key - 'A' + 'a')
+                                       : std::string(1, entry.key);
+        bindings.push_back({ToggleOverlay{entry.overlay}, entry.key, false, name, entry.text});
+    }
+    bindings.push_back({Action::Screenshot, Keys::KEY_F12, false, "F12", "Write a picture of the scene"});
+    bindings.push_back(
+        {Action::NextPanel, Keys::KEY_F6, false, "F6", "Keyboard to the next panel; Esc gives it back"});
+    bindings.push_back({Action::Quit, Keys::KEY_Escape, false, "Esc", "Cancel a drag; otherwise quit"});
+    return bindings;
+}
+
+}  // namespace
+
+const std::vector<KeyBinding>& keyBindings()
+{
+    static const std::vector<KeyBinding> bindings = allBindings();
     return bindings;
 }
 
 const std::vector<MouseBinding>& mouseBindings()
 {
     static const std::vector<MouseBinding> bindings{
-        {"Left drag", "Orbit; on a dragger: move or turn the props"},
+        {"Left drag", "Orbit; on a dragger: move or turn the prop"},
         {"Middle drag", "Pan"},
         {"Right drag, wheel", "Zoom"},
         {"Drop a file", "Load it"},

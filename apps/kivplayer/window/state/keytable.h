@@ -3,40 +3,13 @@
 #include <string>
 #include <vector>
 
-namespace KivPlayer {
+#include "apps/kivplayer/window/state/requests.h"
 
-/// What a key of the window does.
-enum class Action
-{
-    TogglePlay,
-    StepBack,
-    StepForward,
-    FirstFrame,
-    LastFrame,
-    Slower,
-    Faster,
-    Loop,
-    CameraHome,
-    Follow,
-    Names,
-    CentreOfMass,
-    Contacts,
-    Skeleton,
-    Shadows,
-    Grid,
-    PropsDraggers,
-    ContactDraggers,
-    Screenshot,
-    Fit,
-    Panels,
-    Help,
-    Statistics,
-    Quit
-};
+namespace KivPlayer {
 
 struct KeyBinding
 {
-    Action action;
+    Request request;
     int key;  ///< as osgGA::GUIEventAdapter spells it
     bool control;
     std::string name;  ///< as people call it

@@ -29,21 +29,6 @@ public:
 
 }  // namespace
 
-double FreeArea::aspect() const
-{
-    const int width = std::max(1, windowWidth - left);
-    const int height = std::max(1, windowHeight - bottom);
-    return static_cast<double>(width) / height;
-}
-
-osg::Vec4d FreeArea::inClipSpace() const
-{
-    const double across = std::max(1.0, static_cast<double>(windowWidth - left)) / std::max(1, windowWidth);
-    const double upright =
-        std::max(1.0, static_cast<double>(windowHeight - bottom)) / std::max(1, windowHeight);
-    return {1.0 - across, 1.0 - upright, across, upright};
-}
-
 OrbitCamera::OrbitCamera() : m_spOrbit(new KeylessOrbit)
 {
     setHome({osg::Vec3d(250, -600, 200), osg::Vec3d(0, 0, 90), osg::Vec3d(0, 0, 1)});
@@ -60,16 +45,16 @@ void OrbitCamera::goHome()
     m_spOrbit->home(0.0);
 }
 
-void OrbitCamera::project(osg::Camera& camera, const FreeArea& area, const osg::Vec2d& aside) const
+void OrbitCamera::project(osg::Camera& camera, const ViewArea& area, const osg::Vec2d& shift) const
 {
     const double width = std::max(1, area.windowWidth);
     const double height = std::max(1, area.windowHeight);
-    const double across = std::max(1.0, width - area.left) / width;
-    const double upright = std::max(1.0, height - area.bottom) / height;
+    const double across = area.width() / width;
+    const double upright = area.height() / height;
     camera.setProjectionMatrix(osg::Matrixd::perspective(kFieldOfView, area.aspect(), 1.0, 10000.0) *
                                osg::Matrixd::scale(across, upright, 1.0) *
-                               osg::Matrixd::translate(1.0 - across - 2.0 * aside.x() / width,
-                                                       1.0 - upright - 2.0 * aside.y() / height, 0.0));
+                               osg::Matrixd::translate(1.0 - across - 2.0 * shift.x() / width,
+                                                       1.0 - upright - 2.0 * shift.y() / height, 0.0));
 }
 
 void OrbitCamera::approach(const osg::Vec3d& point, double height)
@@ -80,7 +65,7 @@ void OrbitCamera::approach(const osg::Vec3d& point, double height)
     m_followed.reset();
 }
 
-osg::Vec3d OrbitCamera::goAlong(const std::optional<osg::Vec3d>& point)
+osg::Vec3d OrbitCamera::follow(const std::optional<osg::Vec3d>& point)
 {
     const osg::Vec3d step = point && m_followed ? *point - *m_followed : osg::Vec3d();
     if (step.length2() > 0.0)

@@ -3,31 +3,18 @@
 #include <osg/Camera>
 #include <osg/Vec2d>
 #include <osg/Vec3d>
-#include <osg/Vec4d>
 #include <osg/ref_ptr>
 #include <osgGA/OrbitManipulator>
 
 #include <optional>
 
 #include "apps/kivplayer/stage/framing.h"
+#include "apps/kivplayer/window/state/viewarea.h"
 
 namespace KivPlayer {
 
-/// The part of a window that is left to the scene, in pixels; the rest is panels.
-struct FreeArea
-{
-    int windowWidth = 1280;
-    int windowHeight = 800;
-    int left = 0;    ///< taken at the left
-    int bottom = 0;  ///< taken at the bottom
-
-    double aspect() const;
-    /// Its middle and half its sides, where the window goes from -1 to 1 with y upwards.
-    osg::Vec4d inClipSpace() const;
-};
-
-/// The camera of the window: orbits about a point with the z axis upright, knows its home, and goes along
-/// with a moving point. Between frames.
+/// The camera of the window: orbits about a point with the z axis upright, knows its home, and follows a
+/// moving point. Between frames.
 class OrbitCamera
 {
 public:
@@ -42,15 +29,15 @@ public:
 
     /// Projects so that the middle of the picture is the middle of the free area, while the scene is drawn
     /// behind the panels, too.
-    /// @param aside how far the camera is aside, pixels to the right and upwards.
-    void project(osg::Camera& camera, const FreeArea& area, const osg::Vec2d& aside = {}) const;
+    /// @param shift how far the camera is moved sideways, pixels to the right and upwards.
+    void project(osg::Camera& camera, const ViewArea& area, const osg::Vec2d& shift = {}) const;
 
     /// Turns towards a point and comes near enough for a figure of that height to be seen well.
     void approach(const osg::Vec3d& point, double height);
 
     /// Moves by what a point has moved since the last call; the first call after none only remembers it.
     /// @return the step that was taken.
-    osg::Vec3d goAlong(const std::optional<osg::Vec3d>& point);
+    osg::Vec3d follow(const std::optional<osg::Vec3d>& point);
 
     CameraPose pose() const;
 

@@ -1,10 +1,8 @@
 #include "apps/kivplayer/window/state/propswatch.h"
 
-#include <osg/Math>
 #include <osg/NodeVisitor>
 
 #include <algorithm>
-#include <cmath>
 
 #include "apps/kivplayer/content/dressedactor.h"
 
@@ -30,72 +28,82 @@ public:
     std::vector<KivManipulator::PropsGeode*> m_found;
 };
 
-WatchedProps describe(unsigned actor, KivManipulator::PropsGeode& geode)
+PropsWatch::Entry entryOf(unsigned actor, KivManipulator::PropsGeode& geode)
 {
-    WatchedProps props;
-    props.actor = actor;
-    props.geode = &geode;
-    props.fullName = geode.getPropsName();
-    props.name = withoutQualifier(props.fullName);
+    PropsWatch::Entry entry;
+    entry.geode = &geode;
+    PropState& prop = entry.state;
+    prop.actor = actor;
+    prop.fullName = geode.getPropsName();
+    prop.name = withoutQualifier(prop.fullName);
     osg::Quat scaleOrientation;
-    geode.getPropsGeometryMat().decompose(props.position, props.rotation, props.scale, scaleOrientation);
-    props.contactPoint = geode.getContactPoint();
-    props.draggerShown = geode.isPropsDraggerShown();
-    props.contactDraggerShown = geode.isContactPointDraggerShown();
-    return props;
+    geode.getPropsGeometryMat().decompose(prop.position, prop.rotation, prop.scale, scaleOrientation);
+    prop.contactPoint = geode.getContactPoint();
+    prop.draggerShown = geode.isPropsDraggerShown();
+    prop.contactDraggerShown = geode.isContactPointDraggerShown();
+    return entry;
 }
 
 }  // namespace
 
-osg::Matrixd WatchedProps::matrix() const
+void PropsWatch::setActors(const std::map<unsigned, osg::Node*>& roots)
 {
-    return osg::Matrixd::scale(scale) * osg::Matrixd::rotate(rotation) * osg::Matrixd::translate(position);
-}
-
-osg::Vec3d WatchedProps::angles() const
-{
-    const osg::Matrixd turn = osg::Matrixd::rotate(rotation);
-    const double y = std::asin(std::clamp(0.0 - turn(0, 2), -1.0, 1.0));
-    const bool upright = std::abs(turn(0, 2)) > 1.0 - 1e-9;
-    const double x = upright ? std::atan2(-turn(2, 1), turn(1, 1)) : std::atan2(turn(1, 2), turn(2, 2));
-    const double z = upright ? 0.0 : std::atan2(turn(0, 1), turn(0, 0));
-    return {osg::RadiansToDegrees(x), osg::RadiansToDegrees(y), osg::RadiansToDegrees(z)};
-}
-
-void WatchedProps::turnTo(const osg::Vec3d& degrees)
-{
-    rotation = osg::Quat(osg::DegreesToRadians(degrees.x()), osg::Vec3d(1, 0, 0)) *
-               osg::Quat(osg::DegreesToRadians(degrees.y()), osg::Vec3d(0, 1, 0)) *
-               osg::Quat(osg::DegreesToRadians(degrees.z()), osg::Vec3d(0, 0, 1));
-}
-
-void PropsWatch::setActors(const std::map<unsigned, LoadedActor>& actors)
-{
-    std::vector<WatchedProps> found;
-    for (const auto& [index, actor] : actors) {
+    std::vector<Entry> found;
+    for (const auto& [index, root] : roots) {
         PropsFinder finder;
-        actor.dressed.root().accept(finder);
+        root->accept(finder);
         for (KivManipulator::PropsGeode* geode : finder.m_found) {
-            const auto known = std::find_if(m_props.begin(), m_props.end(), [geode](const WatchedProps& one) {
-                return one.geode.get() == geode;
-            });
-            found.push_back(known != m_props.end() ? *known : describe(index, *geode));
+            const auto known = std::find_if(m_props.begin(), m_props.end(),
+                                            [geode](const Entry& one) { return one.geode.get() == geode; });
+            found.push_back(known != m_props.end() ? *known : entryOf(index, *geode));
         }
     }
     m_props = std::move(found);
     m_pConcerned = nullptr;
 }
 
+void PropsWatch::readDraggers()
+{
+    for (Entry& one : m_props) {
+        osg::ref_ptr<KivManipulator::PropsGeode> geode;
+        if (!one.geode.lock(geode))
+            continue;
+        one.state.draggerShown = geode->isPropsDraggerShown();
+        one.state.contactDraggerShown = geode->isContactPointDraggerShown();
+    }
+}
+
+void PropsWatch::finishDrags()
+{
+    for (const Entry& one : m_props) {
+        osg::ref_ptr<KivManipulator::PropsGeode> geode;
+        if (one.geode.lock(geode))
+            geode->finishDrag();
+    }
+}
+
+PropState* PropsWatch::find(const std::string& fullName)
+{
+    const auto found = std::find_if(m_props.begin(), m_props.end(),
+                                    [&](const Entry& one) { return one.state.fullName == fullName; });
+    return found != m_props.end() ? &found->state : nullptr;
+}
+
 bool PropsWatch::isDragging() const
 {
-    return std::any_of(m_props.begin(), m_props.end(), [](const WatchedProps& one) { return one.dragged; });
+    return std::any_of(m_props.begin(), m_props.end(), [](const Entry& one) { return one.state.dragged; });
+}
+
+void PropsWatch::copyTo(std::vector<PropState>& states) const
+{
+    states.resize(m_props.size());
+    std::transform(m_props.begin(), m_props.end(), states.begin(),
+                   [](const Entry& one) { return one.state; });
 }
 
 bool PropsWatch::IsPropsConcerned(const std::string& propsName)
 {
-    const auto found = std::find_if(m_props.begin(), m_props.end(),
-                                    [&](const WatchedProps& one) { return one.fullName == propsName; });
-    m_pConcerned = found != m_props.end() ? &*found : nullptr;
+    m_pConcerned = find(propsName);
     return m_pConcerned != nullptr;
 }
 

@@ -1,14 +1,12 @@
 #include "apps/kivplayer/window/state/transport.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 
 namespace KivPlayer {
 
 namespace {
 
-constexpr std::array<double, 8> kSpeeds{0.05, 0.1, 0.25, 0.5, 1.0, 2.0, 4.0, 8.0};
 /// A frame is reached a little before its time, so that rounding never shows the one before.
 constexpr double kFrameSlack = 1e-6;
 

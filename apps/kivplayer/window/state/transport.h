@@ -1,5 +1,7 @@
 #pragma once
 
+#include <array>
+
 namespace KivPlayer {
 
 /// The clock that the window plays by: seconds of the motion from 0 to its end, and the frames of the
@@ -7,6 +9,9 @@ namespace KivPlayer {
 class Transport
 {
 public:
+    /// The speeds that keys step through and the bar offers, slowest first.
+    static constexpr std::array<double, 8> kSpeeds{0.05, 0.1, 0.25, 0.5, 1.0, 2.0, 4.0, 8.0};
+
     /// @param frameTime seconds from one frame to the next, 0 for a motion of a single frame.
     void setMotion(double duration, double frameTime);
 

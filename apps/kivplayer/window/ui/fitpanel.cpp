@@ -81,19 +81,18 @@ void findings(const ActorFit& actor)
 
 }  // namespace
 
-void describeFit(Desk& desk, int width, int height)
+void drawFitReport(const UiContext& ui)
 {
-    const float tall = static_cast<float>(height - kBarHeight) - 32;
-    ImGui::SetNextWindowPos({static_cast<float>(width) - 16, 16}, ImGuiCond_Always, {1.0f, 0.0f});
+    const float tall = static_cast<float>(ui.state.area.windowHeight - kBarHeight) - 32;
+    ImGui::SetNextWindowPos({static_cast<float>(ui.state.area.windowWidth) - 16, 16}, ImGuiCond_Always,
+                            {1.0f, 0.0f});
     ImGui::SetNextWindowSize({kWidth, tall});
     ImGui::PushStyleVar(ImGuiStyleVar_WindowRounding, 8.0f);
     ImGui::Begin("##fit", nullptr, ImGuiWindowFlags_NoDecoration | ImGuiWindowFlags_NoMove);
-    const ImVec2 place = ImGui::GetWindowPos();
-    const ImVec2 size = ImGui::GetWindowSize();
-    desk.places["fitReport"] = {place.x, place.y, size.x, size.y};
+    ui.noteFloating("fitReport");
     ImGui::TextUnformatted("Fit report");
     if (ImGui::BeginTabBar("##actors")) {
-        for (const ActorFit& actor : desk.fitReport().actors) {
+        for (const ActorFit& actor : ui.state.fitReport.actors) {
             const std::string label = actor.name + "##" + actor.actorId;
             if (!ImGui::BeginTabItem(label.c_str()))
                 continue;

@@ -130,10 +130,7 @@ bool InterfaceEvents::mouseButton(const Event& ea, bool down)
 /// What lies under the pointer now; the panels themselves learn of its last move with the next frame.
 bool InterfaceEvents::overPanel() const
 {
-    const auto inside = [this](const Place& place) {
-        return m_pointer.x >= place.x && m_pointer.x < place.x + place.width && m_pointer.y >= place.y &&
-               m_pointer.y < place.y + place.height;
-    };
+    const auto inside = [this](const Rect& rect) { return rect.contains(m_pointer.x, m_pointer.y); };
     return m_pointer.x < m_left || m_pointer.y >= ImGui::GetIO().DisplaySize.y - m_bottom ||
            std::any_of(m_floating.begin(), m_floating.end(), inside) ||
            ImGui::IsPopupOpen("", ImGuiPopupFlags_AnyPopup);

@@ -7,7 +7,7 @@
 #include <set>
 #include <vector>
 
-#include "apps/kivplayer/window/ui/desk.h"
+#include "apps/kivplayer/window/state/viewarea.h"
 
 namespace KivPlayer {
 
@@ -24,7 +24,7 @@ public:
 
     /// The pixels at the left and at the bottom that belong to panels, and those that lie over the scene.
     void setPanels(float left, float bottom);
-    void setFloating(std::vector<Place> floating) { m_floating = std::move(floating); }
+    void setFloating(std::vector<Rect> floating) { m_floating = std::move(floating); }
 
     /// What the pointer did since the last frame, up to the first button that changed: a click between two
     /// frames is still seen as a press and a release.
@@ -55,7 +55,7 @@ private:
     ImVec2 m_pointer{-1e6f, -1e6f};
     std::set<int> m_fresh;
     std::set<int> m_released;
-    std::vector<Place> m_floating;
+    std::vector<Rect> m_floating;
     float m_left = 0.0f;
     float m_bottom = 0.0f;
     bool m_sceneHasMouse = false;

@@ -52,7 +52,7 @@ void InterfaceLayer::setPanels(int left, int bottom)
     m_spContext->events->setPanels(static_cast<float>(left), static_cast<float>(bottom));
 }
 
-void InterfaceLayer::setFloating(const std::vector<Place>& floating)
+void InterfaceLayer::setFloating(const std::vector<Rect>& floating)
 {
     m_spContext->events->setFloating(floating);
 }
@@ -102,7 +102,7 @@ void InterfaceLayer::end()
     m_spContext->painter->setDescribed();
 }
 
-void InterfaceLayer::askForPicture(const FreeArea& area)
+void InterfaceLayer::askForPicture(const ViewArea& area)
 {
     m_spContext->painter->keepPicture(area);
 }

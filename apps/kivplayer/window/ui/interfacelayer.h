@@ -8,8 +8,7 @@
 #include <string>
 #include <vector>
 
-#include "apps/kivplayer/window/state/orbitcamera.h"
-#include "apps/kivplayer/window/ui/desk.h"
+#include "apps/kivplayer/window/state/viewarea.h"
 
 namespace KivPlayer {
 
@@ -30,8 +29,8 @@ public:
     /// The pixels at the left and at the bottom that belong to panels.
     void setPanels(int left, int bottom);
 
-    /// The places of panels that lie over the scene.
-    void setFloating(const std::vector<Place>& floating);
+    /// The panels that lie over the scene.
+    void setFloating(const std::vector<Rect>& floating);
 
     /// Gives the keyboard to the first panel, from there to the next one, and from the last one back to the
     /// scene.
@@ -44,7 +43,7 @@ public:
     void end();
 
     /// Asks for a picture of the scene alone, in that area, from the next frame that is drawn.
-    void askForPicture(const FreeArea& area);
+    void askForPicture(const ViewArea& area);
     /// @return the picture once it is there, then null again.
     osg::ref_ptr<osg::Image> takePicture();
 

@@ -2,6 +2,7 @@
 
 #include <backends/imgui_impl_opengl2.h>
 #include <osg/GLExtensions>
+#include <osg/RenderInfo>
 #include <osg/State>
 
 #include <utility>
@@ -28,7 +29,7 @@ void InterfacePainter::operator()(osg::RenderInfo& info) const
         paint(*info.getState(), *panels);
 }
 
-void InterfacePainter::keepPicture(const FreeArea& area)
+void InterfacePainter::keepPicture(const ViewArea& area)
 {
     m_area = area;
     m_wanted = true;

@@ -5,7 +5,7 @@
 #include <osg/Image>
 #include <osg/ref_ptr>
 
-#include "apps/kivplayer/window/state/orbitcamera.h"
+#include "apps/kivplayer/window/state/viewarea.h"
 
 namespace KivPlayer {
 
@@ -20,7 +20,7 @@ public:
     void forgetPanels() { m_described = false; }
 
     /// Keeps a picture of the scene in that area, without panels, from the next frame on.
-    void keepPicture(const FreeArea& area);
+    void keepPicture(const ViewArea& area);
     /// Null until it is there and after it was taken.
     osg::ref_ptr<osg::Image> takePicture();
 
@@ -28,7 +28,7 @@ private:
     static void paint(osg::State& state, ImDrawData& panels);
 
     bool m_described = false;
-    FreeArea m_area;
+    ViewArea m_area;
     mutable bool m_wanted = false;
     mutable osg::ref_ptr<osg::Image> m_spPicture;
 };

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "apps/kivplayer/window/ui/desk.h"
+#include "apps/kivplayer/window/ui/uicontext.h"
 
 namespace KivPlayer {
 
@@ -12,48 +12,18 @@ constexpr const char* kSidebarWindow = "##sidebar";
 constexpr const char* kBarWindow = "##bar";
 
 /// The bar at the bottom: the time line and what moves along it.
-void describeBar(Desk& desk, int width, int height);
-
-/// The panels at the left. Keeps what is open and what is being typed.
-class Sidebar
-{
-public:
-    void describe(Desk& desk, int height);
-
-private:
-    void actors(Desk& desk);
-    void actor(Desk& desk, const LoadedActor& actor);
-    void name(Desk& desk, const LoadedActor& actor);
-    void details(Desk& desk, const LoadedActor& actor);
-    static void offset(Desk& desk, const LoadedActor& actor);
-    void overlays(Desk& desk);
-    void contactColours(Desk& desk);
-    void log(Desk& desk);
-
-    std::map<unsigned, std::string> m_typed;  ///< names that are being edited
-    std::set<unsigned> m_open;                ///< actors whose details are shown
-    std::string m_file;
-    std::string m_replacement;
-    std::string m_contactJoint;
-    float m_contactColour[3] = {0.9f, 0.2f, 0.2f};
-    std::size_t m_logLines = 0;
-    std::size_t m_logErrors = 0;
-};
-
-void describeProps(Desk& desk);
+void drawPlayBar(const UiContext& ui);
+void drawProps(const UiContext& ui);
 /// How every actor was dressed, a table over the scene.
-void describeFit(Desk& desk, int width, int height);
-void describeHelp(Desk& desk, int width, int height);
+void drawFitReport(const UiContext& ui);
+void drawHelp(const UiContext& ui);
 /// What to do in a window without actors.
-void describeEmpty(int width, int height);
-void describeStatistics(const Desk& desk, int width);
+void drawEmptyView(const UiContext& ui);
+void drawStatistics(const UiContext& ui);
 
 /// A part of the sidebar that opens and closes.
 bool section(const char* title, bool open);
-/// For who points at the control that was described last.
-void tip(const char* text);
-
-/// Remembers where the control that was described last stands.
-void notePlace(Desk& desk, const std::string& name);
+/// For who points at the widget that was drawn last.
+void tooltip(const char* text);
 
 }  // namespace KivPlayer

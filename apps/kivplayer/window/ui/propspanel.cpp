@@ -27,9 +27,9 @@ bool vectorRow(const char* label, osg::Vec3d& vector, float step, const char* fo
 
 }  // namespace
 
-void describeProps(Desk& desk)
+void drawProps(const UiContext& ui)
 {
-    for (WatchedProps& one : desk.props.all()) {
+    for (const PropState& one : ui.state.props) {
         ImGui::PushID(one.fullName.c_str());
         ImGui::TextUnformatted(one.name.c_str());
         if (one.dragged) {
@@ -40,24 +40,25 @@ void describeProps(Desk& desk)
         }
         bool move = one.draggerShown;
         if (ImGui::Checkbox("Dragger", &move))
-            desk.showDragger(one, move);
-        notePlace(desk, "dragger:" + one.fullName);
+            ui.ask(ShowDragger{one.fullName, move});
+        ui.note("dragger:" + one.fullName);
         ImGui::SameLine(kSecond);
         bool contact = one.contactDraggerShown;
         if (ImGui::Checkbox("Contact point", &contact))
-            desk.showContactDragger(one, contact);
-        notePlace(desk, "contactDragger:" + one.fullName);
-        bool moved = vectorRow("Position, cm", one.position, 0.1f, "%.2f");
-        notePlace(desk, "position:" + one.fullName);
+            ui.ask(ShowContactDragger{one.fullName, contact});
+        ui.note("contactDragger:" + one.fullName);
+        PropState moved = one;
+        bool changed = vectorRow("Position, cm", moved.position, 0.1f, "%.2f");
+        ui.note("position:" + one.fullName);
         osg::Vec3d angles = one.angles();
         if (vectorRow("Rotation about x, y, z, degrees", angles, 0.5f, "%.1f")) {
-            one.turnTo(angles);
-            moved = true;
+            moved.turnTo(angles);
+            changed = true;
         }
         ImGui::TextDisabled("Contact point %.2f, %.2f, %.2f cm", one.contactPoint.x(), one.contactPoint.y(),
                             one.contactPoint.z());
-        if (moved)
-            desk.place(one);
+        if (changed)
+            ui.ask(PoseProp{one.fullName, moved.position, moved.rotation});
         ImGui::Spacing();
         ImGui::PopID();
     }

@@ -52,7 +52,7 @@ void drawScale(const Transport& transport, ImVec2 from, float width)
 
 }  // namespace
 
-bool timeline(Transport& transport)
+std::optional<double> drawTimeline(const Transport& transport)
 {
     const ImVec2 corner = ImGui::GetCursorScreenPos();
     const float whole = std::max(60.0f, ImGui::GetContentRegionAvail().x);
@@ -61,14 +61,13 @@ bool timeline(Transport& transport)
     const bool hovered = ImGui::IsItemHovered();
     const ImVec2 from{corner.x + kKnob, corner.y};
     const float width = whole - 2 * kKnob;
-    bool changed = false;
+    std::optional<double> wanted;
     if ((active || ImGui::IsItemDeactivated()) && transport.duration() > 0.0) {
         const float share = std::clamp((ImGui::GetIO().MousePos.x - from.x) / width, 0.0f, 1.0f);
         double time = static_cast<double>(share) * transport.duration();
         if (transport.frameTime() > 0.0)
             time = std::round(time / transport.frameTime()) * transport.frameTime();
-        transport.setTime(time);
-        changed = true;
+        wanted = time;
     }
     const double length = transport.duration() > 0.0 ? transport.duration() : 1.0;
     const float x = from.x + width * static_cast<float>(transport.time() / length);
@@ -79,7 +78,7 @@ bool timeline(Transport& transport)
     draw.AddRectFilled({from.x, y - 2.5f}, {x, y + 2.5f}, Theme::accent(), 2.5f);
     draw.AddCircleFilled({x, y}, active || hovered ? kKnob + 1 : kKnob, Theme::accent(), 24);
     draw.AddCircleFilled({x, y}, 2.5f, Theme::text(), 16);
-    return changed;
+    return wanted;
 }
 
 }  // namespace KivPlayer

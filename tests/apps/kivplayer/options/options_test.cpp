@@ -7,6 +7,7 @@
 
 namespace {
 
+using KivPlayer::Overlay;
 using KivPlayer::Parsing;
 using testing::HasSubstr;
 
@@ -106,7 +107,7 @@ TEST(Options, takesNoMotionForAThingToShow)
     const Parsing parsing = parse({"--output", "a.png", "--show", "com", "a.bvh"});
     ASSERT_TRUE(parsing.options) << parsing.error;
     EXPECT_THAT(parsing.options->motions, testing::ElementsAre("a.bvh"));
-    EXPECT_TRUE(parsing.options->shown.centreOfMass);
+    EXPECT_TRUE(parsing.options->shown[Overlay::CentreOfMass]);
 }
 
 TEST(Options, takesANegativeCameraPosition)
@@ -120,18 +121,18 @@ TEST(Options, showsNeitherCentreOfMassNorContactsUnlessAsked)
 {
     const Parsing plain = parse({"a.bvh", "--output", "a.png"});
     ASSERT_TRUE(plain.options) << plain.error;
-    EXPECT_FALSE(plain.options->shown.centreOfMass);
-    EXPECT_FALSE(plain.options->shown.contacts);
-    EXPECT_FALSE(plain.options->shown.skeleton);
-    EXPECT_FALSE(plain.options->shown.names) << "the module decides";
+    EXPECT_FALSE(plain.options->shown[Overlay::CentreOfMass]);
+    EXPECT_FALSE(plain.options->shown[Overlay::Contacts]);
+    EXPECT_FALSE(plain.options->shown[Overlay::Skeleton]);
+    EXPECT_FALSE(plain.options->shown.chosen(Overlay::Names)) << "the module decides";
     const Parsing asked =
         parse({"a.bvh", "--output", "a.png", "--show", "com,contacts,skeleton", "--hide", "grid,names"});
     ASSERT_TRUE(asked.options) << asked.error;
-    EXPECT_TRUE(asked.options->shown.centreOfMass);
-    EXPECT_TRUE(asked.options->shown.contacts);
-    EXPECT_TRUE(asked.options->shown.skeleton);
-    EXPECT_FALSE(asked.options->shown.grid);
-    EXPECT_EQ(asked.options->shown.names, false);
+    EXPECT_TRUE(asked.options->shown[Overlay::CentreOfMass]);
+    EXPECT_TRUE(asked.options->shown[Overlay::Contacts]);
+    EXPECT_TRUE(asked.options->shown[Overlay::Skeleton]);
+    EXPECT_FALSE(asked.options->shown[Overlay::Grid]);
+    EXPECT_EQ(asked.options->shown.chosen(Overlay::Names), false);
 }
 
 TEST(Options, makesSkeletonsFromElsewhereReadyUnlessTold)

@@ -72,7 +72,7 @@ protected:
         m_loop.emplace(*m_session, 320, 200);
         m_loop->scene().takeActors();
         quietFrames(10);
-        ASSERT_EQ(m_loop->scene().arrivals().waiting(), 0U);
+        ASSERT_EQ(m_loop->scene().uploads().waiting(), 0U);
     }
 
     void TearDown() override
@@ -159,10 +159,10 @@ TEST_F(LoadingFrames, areSeenToBeLateWhereTheyAre)
 TEST_F(LoadingFrames, showAReplacedFigureUntilTheOtherIsReady)
 {
     std::vector<std::size_t> shown;
-    const KivPlayer::Arrivals& arrivals = m_loop->scene().arrivals();
+    const KivPlayer::UploadQueue& uploads = m_loop->scene().uploads();
     m_loop->load(0, sample("wave"));
     for (std::size_t i = 0; (i == 0 || m_loop->isLoading()) && i < kFarTooMany; ++i)
-        shown.push_back(m_loop->frame().visible + arrivals.leaving());
+        shown.push_back(m_loop->frame().visible + uploads.leaving());
     EXPECT_GT(shown.size(), 2U);
     EXPECT_EQ(std::count(shown.begin(), shown.end(), 1U), static_cast<std::ptrdiff_t>(shown.size()));
 }

@@ -6,7 +6,7 @@
 
 namespace KivPlayer {
 
-/// Keeps a file up to date with what the window shows, for programs that look on. The file is whole at every
+/// Keeps a file up to date with what the window shows, for tests that look on. The file is whole at every
 /// moment.
 class StateFile
 {
@@ -14,11 +14,12 @@ public:
     /// @param file empty: nothing is written.
     explicit StateFile(std::string file) : m_file(std::move(file)) {}
 
+    const std::string& name() const { return m_file; }
     bool isWanted() const { return !m_file.empty(); }
-    /// Writes where the last writing is long enough ago.
+    /// @return whether the last writing is long enough ago; then it counts as done now.
     bool isDue(double seconds);
-    /// @return false where it cannot be written.
-    bool write(const nlohmann::ordered_json& state);
+    /// @return why it cannot be written; empty on success.
+    std::string write(const nlohmann::ordered_json& state) const;
 
 private:
     std::string m_file;

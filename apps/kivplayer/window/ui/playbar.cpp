@@ -12,41 +12,43 @@ namespace KivPlayer {
 
 namespace {
 
-void button(Desk& desk, const char* name, Icon icon, const char* tip, Action action, bool lit = false)
+void button(const UiContext& ui, const char* name, Icon icon, const char* tip, Action action,
+            bool lit = false)
 {
     if (iconButton(name, icon, tip, lit))
-        desk.perform(action);
-    notePlace(desk, name);
+        ui.ask(action);
+    ui.note(name);
     ImGui::SameLine(0, 4);
 }
 
-void buttons(Desk& desk)
+void buttons(const UiContext& ui)
 {
-    const bool playing = desk.transport.isPlaying();
-    button(desk, "first", Icon::First, "First frame (Ctrl+Home)", Action::FirstFrame);
-    button(desk, "back", Icon::Back, "One frame back (,)", Action::StepBack);
-    button(desk, "play", playing ? Icon::Pause : Icon::Play, playing ? "Pause (Space)" : "Play (Space)",
+    const bool playing = ui.state.transport.isPlaying();
+    button(ui, "first", Icon::First, "First frame (Ctrl+Home)", Action::FirstFrame);
+    button(ui, "back", Icon::Back, "One frame back (,)", Action::StepBack);
+    button(ui, "play", playing ? Icon::Pause : Icon::Play, playing ? "Pause (Space)" : "Play (Space)",
            Action::TogglePlay);
-    button(desk, "forward", Icon::Forward, "One frame on (.)", Action::StepForward);
-    button(desk, "last", Icon::Last, "Last frame (Ctrl+End)", Action::LastFrame);
-    button(desk, "loop", Icon::Loop, "Play over and over (l)", Action::Loop, desk.transport.isLooping());
+    button(ui, "forward", Icon::Forward, "One frame on (.)", Action::StepForward);
+    button(ui, "last", Icon::Last, "Last frame (Ctrl+End)", Action::LastFrame);
+    button(ui, "loop", Icon::Loop, "Play over and over (l)", Action::ToggleLoop,
+           ui.state.transport.isLooping());
 }
 
-void speed(Desk& desk)
+void speed(const UiContext& ui)
 {
     ImGui::SameLine(0, 16);
     char label[16];
-    std::snprintf(label, sizeof label, "%gx", desk.transport.speed());
+    std::snprintf(label, sizeof label, "%gx", ui.state.transport.speed());
     ImGui::SetNextItemWidth(84);
     if (ImGui::BeginCombo("##speed", label)) {
-        for (const double factor : {0.1, 0.25, 0.5, 1.0, 2.0, 4.0}) {
+        for (const double factor : Transport::kSpeeds) {
             std::snprintf(label, sizeof label, "%gx", factor);
-            if (ImGui::Selectable(label, factor == desk.transport.speed()))
-                desk.transport.setSpeed(factor);
+            if (ImGui::Selectable(label, factor == ui.state.transport.speed()))
+                ui.ask(SetSpeed{factor});
         }
         ImGui::EndCombo();
     }
-    notePlace(desk, "speed");
+    ui.note("speed");
     if (ImGui::IsItemHovered())
         ImGui::SetTooltip("Speed ([ and ])");
 }
@@ -63,9 +65,9 @@ void endingAt(float right, const char* text, bool faint = false)
 }
 
 /// Frame and time, at the right end.
-void position(const Desk& desk, float width)
+void position(const UiContext& ui, float width)
 {
-    const Transport& clock = desk.transport;
+    const Transport& clock = ui.state.transport;
     const double rate = clock.frameTime() > 0.0 ? 1.0 / clock.frameTime() : 0.0;
     char text[96];
     std::snprintf(text, sizeof text, "frame %lld", clock.frame());
@@ -84,28 +86,22 @@ void position(const Desk& desk, float width)
 
 }  // namespace
 
-void notePlace(Desk& desk, const std::string& name)
+void drawPlayBar(const UiContext& ui)
 {
-    const ImVec2 from = ImGui::GetItemRectMin();
-    const ImVec2 to = ImGui::GetItemRectMax();
-    desk.places[name] = {from.x, from.y, to.x - from.x, to.y - from.y};
-    if (ImGui::IsItemFocused())
-        desk.control = name;
-}
-
-void describeBar(Desk& desk, int width, int height)
-{
+    const int width = ui.state.area.windowWidth;
+    const int height = ui.state.area.windowHeight;
     ImGui::SetNextWindowPos({0, static_cast<float>(height - kBarHeight)});
     ImGui::SetNextWindowSize({static_cast<float>(width), static_cast<float>(kBarHeight)});
     ImGui::PushStyleVar(ImGuiStyleVar_WindowPadding, ImVec2(14, 8));
     ImGui::Begin(
         kBarWindow, nullptr,
         ImGuiWindowFlags_NoDecoration | ImGuiWindowFlags_NoMove | ImGuiWindowFlags_NoBringToFrontOnFocus);
-    timeline(desk.transport);
-    notePlace(desk, "timeline");
-    buttons(desk);
-    speed(desk);
-    const std::string status = desk.status();
+    if (const std::optional<double> time = drawTimeline(ui.state.transport))
+        ui.ask(SetTime{*time});
+    ui.note("timeline");
+    buttons(ui);
+    speed(ui);
+    const std::string& status = ui.state.message;
     if (!status.empty()) {
         ImGui::SameLine(0, 16);
         ImGui::AlignTextToFramePadding();
@@ -113,7 +109,7 @@ void describeBar(Desk& desk, int width, int height)
         ImGui::TextDisabled("%s", status.c_str());
         ImGui::PopClipRect();
     }
-    position(desk, static_cast<float>(width));
+    position(ui, static_cast<float>(width));
     ImGui::End();
     ImGui::PopStyleVar();
 }

@@ -1,4 +1,4 @@
-#include "apps/kivplayer/window/arrivals.h"
+#include "apps/kivplayer/window/uploadqueue.h"
 
 #include <gtest/gtest.h>
 #include <osg/Geometry>
@@ -13,8 +13,8 @@
 
 namespace {
 
-using KivPlayer::Arrivals;
 using KivPlayer::Offscreen;
+using KivPlayer::UploadQueue;
 
 /// Notes what is drawn, and whether it has been uploaded by then.
 class DrawWatch : public osg::Drawable::DrawCallback
@@ -40,9 +40,9 @@ protected:
 
     void begin(double budget)
     {
-        m_arrivals.emplace(m_figures, budget);
-        m_arrivals->uploadWith(*m_offscreen.view().getCamera());
-        m_offscreen.view().setSceneData(m_arrivals->root());
+        m_uploads.emplace(m_figures, budget);
+        m_uploads->uploadWith(*m_offscreen.view().getCamera());
+        m_offscreen.view().setSceneData(m_uploads->root());
         m_offscreen.view().getCamera()->setViewMatrixAsLookAt(osg::Vec3d(0, -500, 0), osg::Vec3d(),
                                                               osg::Vec3d(0, 0, 1));
         // A viewer uploads all that it finds in its first frame.
@@ -65,13 +65,13 @@ protected:
 
     void frame()
     {
-        m_arrivals->receive();
+        m_uploads->receive();
         m_offscreen.frame(0.0);
     }
 
     osg::ref_ptr<osg::Group> m_figures = new osg::Group;
     Offscreen m_offscreen{64, 64, 1};
-    std::optional<Arrivals> m_arrivals;
+    std::optional<UploadQueue> m_uploads;
     osg::ref_ptr<DrawWatch> m_first = new DrawWatch;
     osg::ref_ptr<DrawWatch> m_second = new DrawWatch;
 };
@@ -83,12 +83,12 @@ TEST_F(ArrivingFigures, areDrawnOnceEverythingIsUploaded)
     for (int i = 0; i < kBalls; ++i) {
         frame();
         EXPECT_EQ(m_first->draws, 0);
-        EXPECT_EQ(m_arrivals->uploaded(), 1U);
+        EXPECT_EQ(m_uploads->uploaded(), 1U);
     }
     frame();
     EXPECT_EQ(m_first->draws, kBalls);
     EXPECT_EQ(m_first->unprepared, 0);
-    EXPECT_EQ(m_arrivals->uploaded(), 0U);
+    EXPECT_EQ(m_uploads->uploaded(), 0U);
 }
 
 TEST_F(ArrivingFigures, takeASingleFrameWhereTheBudgetAllowsIt)
@@ -96,7 +96,7 @@ TEST_F(ArrivingFigures, takeASingleFrameWhereTheBudgetAllowsIt)
     begin(1e9);
     m_figures->addChild(figure(m_first));
     frame();
-    EXPECT_EQ(m_arrivals->uploaded(), static_cast<std::size_t>(kBalls));
+    EXPECT_EQ(m_uploads->uploaded(), static_cast<std::size_t>(kBalls));
     frame();
     EXPECT_EQ(m_first->draws, kBalls);
     EXPECT_EQ(m_first->unprepared, 0);
@@ -114,7 +114,7 @@ TEST_F(ArrivingFigures, areShownInTheOrderOfTheirComing)
     for (int i = 0; i < kBalls; ++i)
         frame();
     EXPECT_EQ(m_second->draws, kBalls);
-    EXPECT_EQ(m_arrivals->waiting(), 0U);
+    EXPECT_EQ(m_uploads->waiting(), 0U);
 }
 
 TEST_F(ArrivingFigures, bringWhatTheyShareOnce)
@@ -126,7 +126,7 @@ TEST_F(ArrivingFigures, bringWhatTheyShareOnce)
     m_figures->addChild(one);
     m_figures->addChild(other);
     frame();
-    EXPECT_EQ(m_arrivals->uploaded(), static_cast<std::size_t>(2 * kBalls));
+    EXPECT_EQ(m_uploads->uploaded(), static_cast<std::size_t>(2 * kBalls));
     frame();
     EXPECT_EQ(m_first->draws, kBalls + 1);
     EXPECT_EQ(m_first->unprepared, 0);
@@ -139,14 +139,14 @@ TEST_F(ArrivingFigures, areNotKeptWaitingForTheirNames)
     named->addChild(new osgText::Text3D);
     m_figures->addChild(named);
     frame();
-    EXPECT_EQ(m_arrivals->uploaded(), static_cast<std::size_t>(kBalls));
+    EXPECT_EQ(m_uploads->uploaded(), static_cast<std::size_t>(kBalls));
 }
 
 TEST_F(ArrivingFigures, areAllShownInAFrameThatMustBeComplete)
 {
     begin(0.0);
     m_figures->addChild(figure(m_first));
-    m_arrivals->receiveAtOnce();
+    m_uploads->receiveAtOnce();
     m_offscreen.frame(0.0);
     EXPECT_EQ(m_first->draws, kBalls);
     EXPECT_EQ(m_first->unprepared, kBalls) << "this watch sees what drawing must upload";
@@ -180,7 +180,7 @@ TEST_F(ArrivingFigures, thatLeaveAreGoneAtOnce)
     frame();
     m_figures->removeChild(first);
     EXPECT_NO_THROW(frame()) << "while they were still waiting";
-    EXPECT_EQ(m_arrivals->waiting(), 0U);
+    EXPECT_EQ(m_uploads->waiting(), 0U);
 
     m_figures->addChild(figure(m_second));
     for (int i = 0; i <= kBalls; ++i)
@@ -200,7 +200,7 @@ TEST_F(ArrivingFigures, areLeftAsTheyWereWhenNobodyWatchesAnyMore)
     EXPECT_NE(first->getCullCallback(), nullptr);
     m_offscreen.view().setSceneData(nullptr);
     m_offscreen.view().getCamera()->setInitialDrawCallback(nullptr);
-    m_arrivals.reset();
+    m_uploads.reset();
     EXPECT_EQ(first->getCullCallback(), nullptr);
 }
 

@@ -5,11 +5,6 @@
 #include <osgGA/CameraManipulator>
 #include <osgViewer/CompositeViewer>
 
-#include <vector>
-
-#include "apps/kivplayer/window/state/keytable.h"
-#include "apps/kivplayer/window/state/orbitcamera.h"
-
 namespace KivPlayer {
 
 /// A window of the desktop with one view in it. Everything on the thread that draws.
@@ -33,17 +28,13 @@ public:
     /// Whether the processor draws by itself, for want of a graphics card.
     bool drawsInSoftware() const { return m_software; }
 
-    /// Draws the scene only where no panel hides it.
-    void drawOnly(const FreeArea& area);
-
-    /// What keys have asked for since the last call.
-    std::vector<Action> takeAsked();
+    /// Draws the scene only there, pixels from the bottom left corner.
+    void drawOnly(int left, int bottom, int width, int height);
 
 private:
     osg::ref_ptr<osgViewer::CompositeViewer> m_spViewer;
     osg::ref_ptr<osgViewer::View> m_spView;
     osg::ref_ptr<osg::Scissor> m_spScissor;
-    std::vector<Action> m_asked;
     bool m_software = false;
 };
 

@@ -1,11 +1,9 @@
-#include "apps/kivplayer/window/viewerwindow.h"
+#include "apps/kivplayer/window/platform/viewerwindow.h"
 
 #include <osgViewer/GraphicsWindow>
 
-#include <algorithm>
 #include <stdexcept>
 #include <string>
-#include <utility>
 
 namespace KivPlayer {
 
@@ -54,33 +52,6 @@ osg::ref_ptr<osg::GraphicsContext> openContext(unsigned samples)
     return context;
 }
 
-/// Notes what keys ask for; it is done between frames, where commands get through the gate.
-class KeyHandler : public osgGA::GUIEventHandler
-{
-public:
-    explicit KeyHandler(std::vector<Action>& asked) : m_asked(asked) {}
-
-    bool handle(const osgGA::GUIEventAdapter& ea, osgGA::GUIActionAdapter&, osg::Object*,
-                osg::NodeVisitor*) override
-    {
-        if (ea.getEventType() == osgGA::GUIEventAdapter::CLOSE_WINDOW ||
-            ea.getEventType() == osgGA::GUIEventAdapter::QUIT_APPLICATION) {
-            m_asked.push_back(Action::Quit);
-            return true;
-        }
-        if (ea.getHandled() || ea.getEventType() != osgGA::GUIEventAdapter::KEYDOWN)
-            return false;
-        const bool control = (ea.getModKeyMask() & osgGA::GUIEventAdapter::MODKEY_CTRL) != 0;
-        const KeyBinding* binding = bindingFor(ea.getKey(), control);
-        if (binding)
-            m_asked.push_back(binding->action);
-        return binding != nullptr;
-    }
-
-private:
-    std::vector<Action>& m_asked;
-};
-
 }  // namespace
 
 ViewerWindow::ViewerWindow(osg::Node* scene, osgGA::CameraManipulator* manipulator)
@@ -99,22 +70,15 @@ ViewerWindow::ViewerWindow(osg::Node* scene, osgGA::CameraManipulator* manipulat
     camera.getOrCreateStateSet()->setAttributeAndModes(m_spScissor);
     m_spView->setSceneData(scene);
     m_spView->setCameraManipulator(manipulator, false);
-    m_spView->addEventHandler(new KeyHandler(m_asked));
     m_spViewer->addView(m_spView);
     m_spViewer->realize();
 }
 
 ViewerWindow::~ViewerWindow() = default;
 
-void ViewerWindow::drawOnly(const FreeArea& area)
+void ViewerWindow::drawOnly(int left, int bottom, int width, int height)
 {
-    m_spScissor->setScissor(area.left, area.bottom, std::max(1, area.windowWidth - area.left),
-                            std::max(1, area.windowHeight - area.bottom));
-}
-
-std::vector<Action> ViewerWindow::takeAsked()
-{
-    return std::exchange(m_asked, {});
+    m_spScissor->setScissor(left, bottom, width, height);
 }
 
 }  // namespace KivPlayer

@@ -20,17 +20,17 @@ namespace KivPlayer {
 /// those that have left in the same moment are seen until then, as they stood.
 ///
 /// On the thread that draws.
-class Arrivals
+class UploadQueue
 {
 public:
     /// Milliseconds of a frame that may go into uploading.
     static constexpr double kBudget = 0.5;
 
     /// @param figures whose children come and go.
-    explicit Arrivals(osg::Group* figures, double budget = kBudget);
-    ~Arrivals();
-    Arrivals(const Arrivals&) = delete;
-    Arrivals& operator=(const Arrivals&) = delete;
+    explicit UploadQueue(osg::Group* figures, double budget = kBudget);
+    ~UploadQueue();
+    UploadQueue(const UploadQueue&) = delete;
+    UploadQueue& operator=(const UploadQueue&) = delete;
 
     /// What is to be drawn of the figures.
     osg::Group* root() const { return m_spRoot; }

@@ -1,4 +1,4 @@
-#include "apps/kivplayer/window/arrivals.h"
+#include "apps/kivplayer/window/uploadqueue.h"
 
 #include <osg/NodeCallback>
 #include <osg/NodeVisitor>
@@ -52,34 +52,34 @@ double millisecondsSince(Clock::time_point start)
 
 }  // namespace
 
-class Arrivals::Upload : public osg::Camera::DrawCallback
+class UploadQueue::Upload : public osg::Camera::DrawCallback
 {
 public:
-    explicit Upload(Arrivals& arrivals) : m_arrivals(arrivals) {}
-    void operator()(osg::RenderInfo& info) const override { m_arrivals.upload(info); }
+    explicit Upload(UploadQueue& uploads) : m_uploads(uploads) {}
+    void operator()(osg::RenderInfo& info) const override { m_uploads.upload(info); }
 
 private:
-    Arrivals& m_arrivals;
+    UploadQueue& m_uploads;
 };
 
-Arrivals::Arrivals(osg::Group* figures, double budget)
+UploadQueue::UploadQueue(osg::Group* figures, double budget)
     : m_pFigures(figures), m_budget(budget), m_spUnseen(new Unseen)
 {
     m_spRoot->addChild(figures);
     m_spRoot->addChild(m_spLeaving);
 }
 
-Arrivals::~Arrivals()
+UploadQueue::~UploadQueue()
 {
     uncover(m_arriving.size());
 }
 
-void Arrivals::uploadWith(osg::Camera& camera)
+void UploadQueue::uploadWith(osg::Camera& camera)
 {
     camera.setInitialDrawCallback(new Upload(*this));
 }
 
-void Arrivals::receive()
+void UploadQueue::receive()
 {
     if (!isUnchanged())
         noteChanges();
@@ -89,14 +89,14 @@ void Arrivals::receive()
     uncover(static_cast<std::size_t>(waits - m_arriving.begin()));
 }
 
-void Arrivals::receiveAtOnce()
+void UploadQueue::receiveAtOnce()
 {
     if (!isUnchanged())
         noteChanges();
     uncover(m_arriving.size());
 }
 
-void Arrivals::noteChanges()
+void UploadQueue::noteChanges()
 {
     std::vector<osg::ref_ptr<osg::Node>> before = m_known;
     m_known.clear();
@@ -128,7 +128,7 @@ void Arrivals::noteChanges()
             m_spLeaving->addChild(figure);
 }
 
-bool Arrivals::isUnchanged() const
+bool UploadQueue::isUnchanged() const
 {
     const unsigned count = m_pFigures->getNumChildren();
     if (count != m_known.size())
@@ -139,7 +139,7 @@ bool Arrivals::isUnchanged() const
     return true;
 }
 
-void Arrivals::upload(osg::RenderInfo& info)
+void UploadQueue::upload(osg::RenderInfo& info)
 {
     const Clock::time_point start = Clock::now();
     m_uploaded = 0;
@@ -161,7 +161,7 @@ void Arrivals::upload(osg::RenderInfo& info)
     }
 }
 
-void Arrivals::uncover(std::size_t count)
+void UploadQueue::uncover(std::size_t count)
 {
     for (; count > 0; --count) {
         m_arriving.front().figure->removeCullCallback(m_spUnseen);

@@ -1,5 +1,6 @@
 #include <imgui.h>
 
+#include "apps/kivplayer/window/state/keytable.h"
 #include "apps/kivplayer/window/ui/panels.h"
 #include "apps/kivplayer/window/ui/theme.h"
 
@@ -24,10 +25,10 @@ void row(const std::string& key, const std::string& text)
 
 }  // namespace
 
-void describeHelp(Desk& desk, int width, int height)
+void drawHelp(const UiContext& ui)
 {
-    const float x = 0.5f * static_cast<float>(width + kSidebarWidth);
-    const float y = 0.5f * static_cast<float>(height - kBarHeight);
+    const float x = 0.5f * static_cast<float>(ui.state.area.windowWidth + kSidebarWidth);
+    const float y = 0.5f * static_cast<float>(ui.state.area.windowHeight - kBarHeight);
     ImGui::SetNextWindowPos({x, y}, ImGuiCond_Always, {0.5f, 0.5f});
     ImGui::PushStyleVar(ImGuiStyleVar_WindowRounding, 8.0f);
     ImGui::PushStyleVar(ImGuiStyleVar_WindowPadding, ImVec2(24, 20));
@@ -43,15 +44,15 @@ void describeHelp(Desk& desk, int width, int height)
             row(binding.name, binding.text);
         ImGui::EndTable();
     }
-    notePlace(desk, "help");
+    ui.note("help");
     ImGui::End();
     ImGui::PopStyleVar(2);
 }
 
-void describeEmpty(int width, int height)
+void drawEmptyView(const UiContext& ui)
 {
-    const float x = 0.5f * static_cast<float>(width + kSidebarWidth);
-    const float y = 0.5f * static_cast<float>(height - kBarHeight);
+    const float x = 0.5f * static_cast<float>(ui.state.area.windowWidth + kSidebarWidth);
+    const float y = 0.5f * static_cast<float>(ui.state.area.windowHeight - kBarHeight);
     ImGui::SetNextWindowPos({x, y}, ImGuiCond_Always, {0.5f, 0.5f});
     ImGui::PushStyleVar(ImGuiStyleVar_WindowRounding, 8.0f);
     ImGui::PushStyleVar(ImGuiStyleVar_WindowPadding, ImVec2(24, 20));
@@ -62,20 +63,21 @@ void describeEmpty(int width, int height)
     ImGui::PopStyleVar(2);
 }
 
-void describeStatistics(const Desk& desk, int width)
+void drawStatistics(const UiContext& ui)
 {
-    ImGui::SetNextWindowPos({static_cast<float>(width) - 16, 16}, ImGuiCond_Always, {1.0f, 0.0f});
+    ImGui::SetNextWindowPos({static_cast<float>(ui.state.area.windowWidth) - 16, 16}, ImGuiCond_Always,
+                            {1.0f, 0.0f});
     ImGui::PushStyleVar(ImGuiStyleVar_WindowRounding, 6.0f);
     ImGui::Begin("##statistics", nullptr, kStill | ImGuiWindowFlags_NoInputs);
-    const FrameTimes& times = desk.frameTimes();
+    const FrameTimes& times = ui.state.frameTimes;
     ImGui::Text("%.1f frames per second", times.mean > 0.0 ? 1000.0 / times.mean : 0.0);
     ImGui::Text("%.1f ms mean, %.1f ms worst", times.mean, times.worst);
     ImGui::TextDisabled("over the last two seconds");
     ImGui::Text("%.1f ms beside drawing", times.between);
     std::size_t joints = 0;
-    for (const auto& [index, actor] : desk.actors())
-        joints += actor.dressed.joints().size();
-    ImGui::Text("%zu actors, %zu joints", desk.actors().size(), joints);
+    for (const ActorState& actor : ui.state.actors)
+        joints += actor.joints;
+    ImGui::Text("%zu actors, %zu joints", ui.state.actors.size(), joints);
     ImGui::End();
     ImGui::PopStyleVar();
 }
