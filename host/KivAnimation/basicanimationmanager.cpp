@@ -23,6 +23,7 @@ struct BasicAnimationManager::Clock
     bool paused = false;
     bool looping = true;
     std::optional<double> lastSimulationTime;
+    unsigned long long revision = 0;
 
     std::vector<Entry>::iterator find(const Animation* animation)
     {
@@ -79,6 +80,7 @@ void BasicAnimationManager::registerAnimation(Animation* animation)
 {
     if (animation && !isRegistered(animation)) {
         m_spClock->entries.push_back({animation, false});
+        ++m_spClock->revision;
     }
 }
 
@@ -87,6 +89,7 @@ void BasicAnimationManager::unregisterAnimation(Animation* animation)
     const auto found = m_spClock->find(animation);
     if (found != m_spClock->entries.end()) {
         m_spClock->entries.erase(found);
+        ++m_spClock->revision;
     }
 }
 
@@ -110,11 +113,17 @@ std::vector<Animation*> BasicAnimationManager::animations() const
     return all;
 }
 
+unsigned long long BasicAnimationManager::revision() const
+{
+    return m_spClock->revision;
+}
+
 void BasicAnimationManager::playAll()
 {
     for (Clock::Entry& entry : m_spClock->entries) {
         entry.playing = true;
     }
+    ++m_spClock->revision;
 }
 
 void BasicAnimationManager::stopAnimation(Animation* animation)
@@ -122,6 +131,7 @@ void BasicAnimationManager::stopAnimation(Animation* animation)
     const auto found = m_spClock->find(animation);
     if (found != m_spClock->entries.end()) {
         found->playing = false;
+        ++m_spClock->revision;
     }
 }
 

@@ -33,6 +33,9 @@ public:
     std::size_t animationCount() const;
     /// In the order of registration; not owned.
     std::vector<Animation*> animations() const;
+    /// Goes up whenever an animation is registered or unregistered, starts or stops: what was learnt from
+    /// animations() holds as long as this stays.
+    unsigned long long revision() const;
 
     /// Every registered animation follows the clock from now on. The clock itself is left as it is.
     void playAll();

@@ -47,6 +47,12 @@
 #define KIV_ANIMATION_API KIV_SYMBOL_IMPORT
 #endif
 
+#if defined(KivFrameData_EXPORTS)
+#define KIV_FRAMEDATA_API KIV_SYMBOL_EXPORT
+#else
+#define KIV_FRAMEDATA_API KIV_SYMBOL_IMPORT
+#endif
+
 #if defined(KivReader_EXPORTS)
 #define KIV_READER_API KIV_SYMBOL_EXPORT
 #else
