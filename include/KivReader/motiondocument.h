@@ -37,12 +37,12 @@ enum class Channel : std::uint8_t
 class ChannelList
 {
 public:
-    static constexpr std::size_t kMost = 6;
+    static constexpr std::size_t kMaxSize = 6;
 
     using value_type = Channel;
     using const_iterator = const Channel*;
 
-    /// For less than `kMost` channels.
+    /// For less than `kMaxSize` channels.
     void push_back(Channel channel) { m_channels[m_size++] = channel; }
     std::size_t size() const { return m_size; }
     bool empty() const { return m_size == 0; }
@@ -51,7 +51,7 @@ public:
     const Channel* end() const { return m_channels.data() + m_size; }
 
 private:
-    std::array<Channel, kMost> m_channels{};
+    std::array<Channel, kMaxSize> m_channels{};
     std::uint8_t m_size = 0;
 };
 

@@ -12,7 +12,7 @@ namespace KivAvatarMaker {
 
 namespace {
 
-constexpr std::size_t kMostVertices = 65535;
+constexpr std::size_t kMaxVertices = 65535;
 
 // Closed: every edge is walked once in each direction.
 bool isClosed(const Mesh& mesh)
@@ -60,7 +60,7 @@ std::string nameFault(const Piece& piece)
 
 std::string faultOf(const Mesh& mesh)
 {
-    if (mesh.indices.empty() || mesh.indices.size() % 3 != 0 || mesh.vertices.size() > kMostVertices)
+    if (mesh.indices.empty() || mesh.indices.size() % 3 != 0 || mesh.vertices.size() > kMaxVertices)
         return "it has no whole number of triangles, or too many vertices";
     for (const unsigned index : mesh.indices)
         if (index >= mesh.vertices.size())

@@ -4,7 +4,7 @@
 
 #include "KivReader/humanoidprofile.h"
 #include "host/KivReader/syntax/numbertext.h"
-#include "host/KivReader/syntax/refusal.h"
+#include "host/KivReader/syntax/parseerror.h"
 #include "host/KivReader/syntax/textcursor.h"
 
 namespace KivReader {

@@ -1,5 +1,5 @@
 #include "KivReader/motiondocument.h"
-#include "host/KivReader/syntax/refusal.h"
+#include "host/KivReader/syntax/parseerror.h"
 #include "host/KivReader/syntax/utf8text.h"
 
 namespace KivReader {

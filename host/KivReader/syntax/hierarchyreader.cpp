@@ -9,13 +9,13 @@
 #include "host/KivReader/syntax/channelname.h"
 #include "host/KivReader/syntax/jointname.h"
 #include "host/KivReader/syntax/numbertext.h"
-#include "host/KivReader/syntax/refusal.h"
+#include "host/KivReader/syntax/parseerror.h"
 
 namespace KivReader {
 
 namespace {
 
-constexpr std::size_t kUsualJoints = 96;  ///< with their end sites, of a figure with fingers
+constexpr std::size_t kTypicalJoints = 96;  ///< with their end sites, of a figure with fingers
 
 /// Words and signs that can only begin the next item of a block.
 enum class Item
@@ -66,22 +66,22 @@ std::string found(std::string_view token)
 
 }  // namespace
 
-HierarchyReader::HierarchyReader(TextCursor& cursor, PlaceFinder& places, MotionDocument& document)
-    : m_cursor(cursor), m_places(places), m_document(document)
+HierarchyReader::HierarchyReader(TextCursor& cursor, LocationFinder& locations, MotionDocument& document)
+    : m_cursor(cursor), m_locations(locations), m_document(document)
 {
-    m_document.joints.reserve(kUsualJoints);
-    m_declarations.reserve(kUsualJoints);
-    m_open.reserve(kUsualJoints);
+    m_document.joints.reserve(kTypicalJoints);
+    m_declarations.reserve(kTypicalJoints);
+    m_open.reserve(kTypicalJoints);
 }
 
 void HierarchyReader::read()
 {
     if (!m_cursor.takeWord("HIERARCHY"))
-        throw Refusal{m_cursor.offset(), "not a BVH text: expected HIERARCHY, " + found(m_cursor.peek())};
+        throw ParseError{m_cursor.offset(), "not a BVH text: expected HIERARCHY, " + found(m_cursor.peek())};
     readRoot();
     while (!m_open.empty())
         readBlockItem();
-    warnOfEqualNames();
+    warnAboutDuplicateNames();
 }
 
 void HierarchyReader::readRoot()
@@ -89,7 +89,7 @@ void HierarchyReader::readRoot()
     const std::string_view token = m_cursor.peek();
     const std::size_t offset = m_cursor.offset();
     if (!m_cursor.takeWord("ROOT"))
-        throw Refusal{offset, "expected ROOT, " + found(token)};
+        throw ParseError{offset, "expected ROOT, " + found(token)};
     readJoint(offset);
 }
 
@@ -109,32 +109,32 @@ void HierarchyReader::readBlockItem()
         case Item::BlockEnd:
             return closeBlock(offset);
         default:
-            refuseItem(offset, token);
+            throwUnexpectedItem(offset, token);
     }
 }
 
-void HierarchyReader::refuseItem(std::size_t offset, std::string_view token) const
+void HierarchyReader::throwUnexpectedItem(std::size_t offset, std::string_view token) const
 {
     const std::string unclosed = " before " + std::to_string(m_open.size()) + " block(s) were closed";
     if (sameWord(token, "MOTION"))
-        throw Refusal{offset, "MOTION" + unclosed};
+        throw ParseError{offset, "MOTION" + unclosed};
     if (token.empty())
-        throw Refusal{offset, "the text ends" + unclosed};
-    throw Refusal{offset, "expected OFFSET, CHANNELS, JOINT, End Site or '}', " + found(token)};
+        throw ParseError{offset, "the text ends" + unclosed};
+    throw ParseError{offset, "expected OFFSET, CHANNELS, JOINT, End Site or '}', " + found(token)};
 }
 
 void HierarchyReader::readJoint(std::size_t offset)
 {
     std::string name = jointNameFrom(takeName(offset));
     if (name.empty())
-        throw Refusal{offset, "a joint without a name"};
-    if (name.size() > kLongestName)
-        throw Refusal{
-            offset, "the name " + quoted(name) + " has more than " + std::to_string(kLongestName) + " bytes"};
-    if (m_open.size() == kDeepestJoint)
-        throw Refusal{offset, "joints nested deeper than " + std::to_string(kDeepestJoint)};
-    if (m_document.joints.size() - m_endSites == kMostJoints)
-        throw Refusal{offset, "more than " + std::to_string(kMostJoints) + " joints"};
+        throw ParseError{offset, "a joint without a name"};
+    if (name.size() > kMaxNameLength)
+        throw ParseError{offset, "the name " + quoted(name) + " has more than " +
+                                     std::to_string(kMaxNameLength) + " bytes"};
+    if (m_open.size() == kMaxDepth)
+        throw ParseError{offset, "joints nested deeper than " + std::to_string(kMaxDepth)};
+    if (m_document.joints.size() - m_endSites == kMaxJoints)
+        throw ParseError{offset, "more than " + std::to_string(kMaxJoints) + " joints"};
     addJoint(offset, std::move(name));
 }
 
@@ -142,9 +142,9 @@ void HierarchyReader::readEndSite(std::size_t offset)
 {
     const std::string_view rest = takeName(offset);
     if (!startsWithWord(rest, "Site"))
-        throw Refusal{offset, "expected 'End Site', found " + quoted("End " + std::string(rest))};
-    if (m_endSites == kMostJoints)
-        throw Refusal{offset, "more than " + std::to_string(kMostJoints) + " end sites"};
+        throw ParseError{offset, "expected 'End Site', found " + quoted("End " + std::string(rest))};
+    if (m_endSites == kMaxJoints)
+        throw ParseError{offset, "more than " + std::to_string(kMaxJoints) + " end sites"};
     addJoint(offset, current().name + "End").endSite = true;
     ++m_endSites;
 }
@@ -152,7 +152,7 @@ void HierarchyReader::readEndSite(std::size_t offset)
 std::string_view HierarchyReader::takeName(std::size_t offset)
 {
     if (!m_open.empty() && current().endSite)
-        throw Refusal{offset, "an end site holds no further joints"};
+        throw ParseError{offset, "an end site holds no further joints"};
     return m_cursor.takeRestBeforeBrace();
 }
 
@@ -165,8 +165,8 @@ MotionDocument::Joint& HierarchyReader::addJoint(std::size_t offset, std::string
     joint.line = m_cursor.line();
     joint.firstColumn = static_cast<std::uint32_t>(m_document.columns);
     if (m_cursor.peek() != "{")
-        throw Refusal{m_cursor.offset(),
-                      "expected '{' after the name " + quoted(joint.name) + ", " + found(m_cursor.peek())};
+        throw ParseError{m_cursor.offset(),
+                         "expected '{' after the name " + quoted(joint.name) + ", " + found(m_cursor.peek())};
     m_cursor.take();
     Block block;
     block.joint = static_cast<std::int32_t>(m_document.joints.size() - 1);
@@ -178,14 +178,14 @@ MotionDocument::Joint& HierarchyReader::addJoint(std::size_t offset, std::string
 void HierarchyReader::closeBlock(std::size_t offset)
 {
     if (!m_open.back().hasOffset)
-        throw Refusal{offset, "no OFFSET in the block of " + quoted(current().name)};
+        throw ParseError{offset, "no OFFSET in the block of " + quoted(current().name)};
     m_open.pop_back();
 }
 
 void HierarchyReader::readOffset(std::size_t offset)
 {
     if (std::exchange(m_open.back().hasOffset, true))
-        throw Refusal{offset, "a second OFFSET in the block of " + quoted(current().name)};
+        throw ParseError{offset, "a second OFFSET in the block of " + quoted(current().name)};
     constexpr double kLargest = std::numeric_limits<float>::max();  // beyond it no joint can be posed
     std::size_t numbers = 0;
     for (double value = 0.0; takeNumber(m_cursor, kLargest, value); ++numbers) {
@@ -195,33 +195,33 @@ void HierarchyReader::readOffset(std::size_t offset)
     if (!beginsAnItem(m_cursor.peek()))
         throw notANumber(m_cursor.offset(), m_cursor.peek());
     if (numbers != 3)
-        throw Refusal{offset, "OFFSET needs 3 numbers, found " + std::to_string(numbers)};
+        throw ParseError{offset, "OFFSET needs 3 numbers, found " + std::to_string(numbers)};
 }
 
 std::size_t HierarchyReader::readChannelCount(std::size_t offset)
 {
     const std::string_view token = m_cursor.peek();
     if (beginsAnItem(token))
-        throw Refusal{offset, "CHANNELS without a count"};
-    const std::size_t place = m_cursor.offset();
+        throw ParseError{offset, "CHANNELS without a count"};
+    const std::size_t countOffset = m_cursor.offset();
     m_cursor.take();
     if (token.size() != 1 || token.front() < '0' ||
-        token.front() > '0' + static_cast<int>(ChannelList::kMost))
-        throw Refusal{place,
-                      "CHANNELS count " + quoted(token) + " is not 0.." + std::to_string(ChannelList::kMost)};
+        token.front() > '0' + static_cast<int>(ChannelList::kMaxSize))
+        throw ParseError{countOffset, "CHANNELS count " + quoted(token) + " is not 0.." +
+                                          std::to_string(ChannelList::kMaxSize)};
     return static_cast<std::size_t>(token.front() - '0');
 }
 
 void HierarchyReader::readChannels(std::size_t offset)
 {
     if (std::exchange(m_open.back().hasChannels, true))
-        throw Refusal{offset, "a second CHANNELS in the block of " + quoted(current().name)};
+        throw ParseError{offset, "a second CHANNELS in the block of " + quoted(current().name)};
     const std::size_t count = readChannelCount(offset);
     if (current().endSite && count > 0)
-        throw Refusal{offset, "an end site has no channels"};
+        throw ParseError{offset, "an end site has no channels"};
     current().firstColumn = static_cast<std::uint32_t>(m_document.columns);
     std::size_t listed = 0;
-    while (listed < count && takeUsualChannel())
+    while (listed < count && takeCommonChannel())
         ++listed;
     for (; !beginsAnItem(m_cursor.peek()); ++listed) {
         if (listed < count)
@@ -231,13 +231,13 @@ void HierarchyReader::readChannels(std::size_t offset)
         m_cursor.take();
     }
     if (listed != count)
-        throw Refusal{offset,
-                      "CHANNELS says " + std::to_string(count) + " but lists " + std::to_string(listed)};
+        throw ParseError{offset,
+                         "CHANNELS says " + std::to_string(count) + " but lists " + std::to_string(listed)};
     m_document.columns += count;
 }
 
 /// Most names are known by their length: they are taken without looking for their end first.
-bool HierarchyReader::takeUsualChannel()
+bool HierarchyReader::takeCommonChannel()
 {
     m_cursor.skipSpace();
     const std::string_view rest = m_cursor.rest();
@@ -252,16 +252,16 @@ bool HierarchyReader::takeUsualChannel()
 void HierarchyReader::addChannel(std::optional<Channel> channel, std::string_view token)
 {
     if (!channel)
-        throw Refusal{m_cursor.offset(), "unknown channel " + quoted(token)};
+        throw ParseError{m_cursor.offset(), "unknown channel " + quoted(token)};
     ChannelList& channels = current().channels;
     if (isPosition(*channel) && std::find(channels.begin(), channels.end(), *channel) != channels.end())
-        throw Refusal{m_cursor.offset(), "channel " + quoted(token) + " is listed twice"};
+        throw ParseError{m_cursor.offset(), "channel " + quoted(token) + " is listed twice"};
     channels.push_back(*channel);
 }
 
-void HierarchyReader::warnOfEqualNames()
+void HierarchyReader::warnAboutDuplicateNames()
 {
-    if (!mayHaveEqualNames())
+    if (!mayHaveDuplicateNames())
         return;
     std::unordered_map<std::string_view, std::size_t> firstLines;
     for (std::size_t i = 0; i < m_document.joints.size(); ++i) {
@@ -270,14 +270,14 @@ void HierarchyReader::warnOfEqualNames()
             continue;
         const auto [first, isNew] = firstLines.emplace(joint.name, joint.line);
         if (!isNew)
-            m_document.warnings.push_back(m_places.at(
+            m_document.warnings.push_back(m_locations.at(
                 m_declarations[i], "duplicate joint names: " + quoted(joint.name) + " is declared in line " +
                                        std::to_string(first->second) + " already"));
     }
 }
 
 /// Never false where two names are equal: then their hashes are, too.
-bool HierarchyReader::mayHaveEqualNames() const
+bool HierarchyReader::mayHaveDuplicateNames() const
 {
     std::vector<std::size_t> hashes;
     hashes.reserve(m_document.joints.size());

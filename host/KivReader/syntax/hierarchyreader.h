@@ -8,23 +8,23 @@
 #include <vector>
 
 #include "KivReader/motiondocument.h"
-#include "host/KivReader/syntax/placefinder.h"
+#include "host/KivReader/syntax/locationfinder.h"
 #include "host/KivReader/syntax/textcursor.h"
 
 namespace KivReader {
 
-constexpr std::size_t kDeepestJoint = 512;
-constexpr std::size_t kMostJoints = 4096;  ///< end sites are counted by themselves, up to the same number
+constexpr std::size_t kMaxDepth = 512;
+constexpr std::size_t kMaxJoints = 4096;  ///< end sites are counted by themselves, up to the same number
 /// Bytes. A name is repeated for every end site of its joint, so a long one would take far more memory than
 /// its text.
-constexpr std::size_t kLongestName = 4096;
+constexpr std::size_t kMaxNameLength = 4096;
 
 /// Reads the tree of joints, one function per rule of the grammar. The nesting is kept in a list of open
-/// blocks, so no depth of a text reaches the call stack. Throws Refusal.
+/// blocks, so no depth of a text reaches the call stack. Throws ParseError.
 class HierarchyReader
 {
 public:
-    HierarchyReader(TextCursor& cursor, PlaceFinder& places, MotionDocument& document);
+    HierarchyReader(TextCursor& cursor, LocationFinder& locations, MotionDocument& document);
 
     /// From the word HIERARCHY to the brace that closes the root.
     void read();
@@ -39,20 +39,20 @@ private:
 
     void readRoot();
     void readBlockItem();
-    [[noreturn]] void refuseItem(std::size_t offset, std::string_view token) const;
+    [[noreturn]] void throwUnexpectedItem(std::size_t offset, std::string_view token) const;
     void readJoint(std::size_t offset);
     void readEndSite(std::size_t offset);
     void readOffset(std::size_t offset);
     void readChannels(std::size_t offset);
     std::size_t readChannelCount(std::size_t offset);
-    bool takeUsualChannel();
+    bool takeCommonChannel();
     void addChannel(std::optional<Channel> channel, std::string_view token);
     void closeBlock(std::size_t offset);
 
     std::string_view takeName(std::size_t offset);
     MotionDocument::Joint& addJoint(std::size_t offset, std::string name);
-    void warnOfEqualNames();
-    bool mayHaveEqualNames() const;
+    void warnAboutDuplicateNames();
+    bool mayHaveDuplicateNames() const;
 
     MotionDocument::Joint& current()
     {
@@ -60,7 +60,7 @@ private:
     }
 
     TextCursor& m_cursor;
-    PlaceFinder& m_places;
+    LocationFinder& m_locations;
     MotionDocument& m_document;
     std::vector<Block> m_open;
     std::vector<std::size_t> m_declarations;  ///< offset of each joint's declaration

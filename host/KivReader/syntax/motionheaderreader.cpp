@@ -3,7 +3,7 @@
 #include <limits>
 
 #include "host/KivReader/syntax/numbertext.h"
-#include "host/KivReader/syntax/refusal.h"
+#include "host/KivReader/syntax/parseerror.h"
 
 namespace KivReader {
 
@@ -42,19 +42,19 @@ bool takeFrameTimeWords(TextCursor& cursor)
            (takeFrameWord(cursor) && takeKeyword(cursor, "Time"));
 }
 
-[[noreturn]] void expected(TextCursor& cursor, const char* what)
+[[noreturn]] void throwExpected(TextCursor& cursor, const char* what)
 {
     const std::string_view token = cursor.peek();
-    throw Refusal{cursor.offset(),
-                  std::string("expected ") + what +
-                      (token.empty() ? ", found the end of the text" : ", found " + quoted(token))};
+    throw ParseError{cursor.offset(),
+                     std::string("expected ") + what +
+                         (token.empty() ? ", found the end of the text" : ", found " + quoted(token))};
 }
 
 std::uint64_t readFrameCount(TextCursor& cursor)
 {
     const std::string_view token = cursor.peek();
     if (token.empty() || token.find_first_not_of("0123456789") != std::string_view::npos)
-        throw Refusal{cursor.offset(), "bad frame count " + quoted(token)};
+        throw ParseError{cursor.offset(), "bad frame count " + quoted(token)};
     cursor.take();
     constexpr std::uint64_t kLargest = std::numeric_limits<std::uint64_t>::max();
     std::uint64_t count = 0;
@@ -74,7 +74,7 @@ void readFrameTime(TextCursor& cursor, MotionHeader& header)
     if (!readWholeNumber(token, header.frameTime))
         throw notANumber(cursor.offset(), token);
     if (header.frameTime < 0.0)
-        throw Refusal{cursor.offset(), "negative frame time " + quoted(token)};
+        throw ParseError{cursor.offset(), "negative frame time " + quoted(token)};
     cursor.take();
     header.frameTimeWasZero = header.frameTime == 0.0;
     if (header.frameTimeWasZero)
@@ -89,12 +89,12 @@ MotionHeader readMotionHeader(TextCursor& cursor)
     cursor.skipSpace();
     header.framesOffset = cursor.offset();
     if (!takeFrameWord(cursor))
-        expected(cursor, "'Frames:'");
+        throwExpected(cursor, "'Frames:'");
     takeColon(cursor);
     header.declaredFrames = readFrameCount(cursor);
     cursor.skipSpace();
     if (!takeFrameTimeWords(cursor))
-        expected(cursor, "'Frame Time:'");
+        throwExpected(cursor, "'Frame Time:'");
     takeColon(cursor);
     readFrameTime(cursor, header);
     return header;

@@ -14,10 +14,10 @@ struct MotionHeader
     std::size_t framesOffset = 0;
     double frameTime = 0.0;  ///< seconds
     std::size_t frameTimeOffset = 0;
-    bool frameTimeWasZero = false;  ///< frameTime is 1/30 in its place
+    bool frameTimeWasZero = false;  ///< frameTime is 1/30 instead
 };
 
-/// Throws Refusal.
+/// Throws ParseError.
 MotionHeader readMotionHeader(TextCursor& cursor);
 
 }  // namespace KivReader

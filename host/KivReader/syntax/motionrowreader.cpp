@@ -76,9 +76,9 @@ void MotionRowReader::read(std::size_t offset)
 {
     const char* at = m_begin + offset;
     // A value takes two bytes of text at least.
-    const std::size_t mostRows =
+    const std::size_t maxRows =
         m_columns > 0 ? (static_cast<std::size_t>(m_end - at) / 2 + 1) / m_columns : 0;
-    m_values.reserve(static_cast<std::size_t>(std::min<std::uint64_t>(m_declaredFrames, mostRows)) *
+    m_values.reserve(static_cast<std::size_t>(std::min<std::uint64_t>(m_declaredFrames, maxRows)) *
                      m_columns);
     std::size_t reported = 0;
     while (true) {
@@ -96,15 +96,15 @@ void MotionRowReader::read(std::size_t offset)
         if (values > 0)
             m_layout.addLine(lineOffset, values);
         if (values > 0 && m_lastNumberIsCut)
-            m_layout.goOnWithLine(lineOffset, values);
+            m_layout.continueLine(lineOffset, values);
         m_lastLineOffset = lineOffset;
     }
-    settleLastRow();
+    finishLastRow();
 }
 
 /// A last row that is cut short is dropped. Rows that are no lines must be as many as the text declares, the
 /// cut one counted: else nothing says where they begin and end.
-void MotionRowReader::settleLastRow()
+void MotionRowReader::finishLastRow()
 {
     m_valuesOfCutRow = m_layout.pendingValues();
     m_lastRowIsCut = m_valuesOfCutRow > 0 || m_lastNumberIsCut;

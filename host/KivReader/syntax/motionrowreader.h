@@ -10,7 +10,7 @@
 namespace KivReader {
 
 /// Reads the rows of a motion into one block in one pass. What the text declares bounds nothing but the first
-/// reservation, which the text that is left bounds as well. Throws Refusal.
+/// reservation, which the text that is left bounds as well. Throws ParseError.
 class MotionRowReader
 {
 public:
@@ -30,7 +30,7 @@ public:
 private:
     const char* readLine(const char* at);
     bool endsInsideANumber(const char* at) const;
-    void settleLastRow();
+    void finishLastRow();
 
     const char* m_begin;
     const char* m_end;

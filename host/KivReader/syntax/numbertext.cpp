@@ -11,12 +11,12 @@ bool isDecimalText(std::string_view token)
         return false;
     const char* const last = token.data() + token.size();
     double value = 0.0;
-    return fast_float::from_chars(behindPlus(token.data(), last), last, value).ptr == last;
+    return fast_float::from_chars(skipPlus(token.data(), last), last, value).ptr == last;
 }
 
 }  // namespace
 
-Refusal notANumber(std::size_t offset, std::string_view token)
+ParseError notANumber(std::size_t offset, std::string_view token)
 {
     if (token.empty())
         return {offset, "expected a number, found the end of the text"};

@@ -8,13 +8,13 @@
 #include <string_view>
 #include <system_error>
 
-#include "host/KivReader/syntax/refusal.h"
+#include "host/KivReader/syntax/parseerror.h"
 #include "host/KivReader/syntax/textcursor.h"
 
 namespace KivReader {
 
 /// Where the number begins behind a leading "+", which fast_float does not know.
-inline const char* behindPlus(const char* first, const char* last)
+inline const char* skipPlus(const char* first, const char* last)
 {
     const bool isPlus = last - first > 1 && *first == '+' && first[1] != '-';
     return isPlus ? first + 1 : first;
@@ -27,7 +27,7 @@ inline const char* behindPlus(const char* first, const char* last)
 template <typename Real>
 const char* readNumber(const char* first, const char* last, Real& value)
 {
-    const fast_float::from_chars_result result = fast_float::from_chars(behindPlus(first, last), last, value);
+    const fast_float::from_chars_result result = fast_float::from_chars(skipPlus(first, last), last, value);
     if (result.ec != std::errc() && !(result.ec == std::errc::result_out_of_range && value == Real(0)))
         return nullptr;
     // "nan", "inf" and what overflows arrive here as values: one comparison refuses all three.
@@ -64,6 +64,6 @@ bool takeNumber(TextCursor& cursor, Real largest, Real& value)
 }
 
 /// Why the token at `offset` is no number.
-Refusal notANumber(std::size_t offset, std::string_view token);
+ParseError notANumber(std::size_t offset, std::string_view token);
 
 }  // namespace KivReader

@@ -53,7 +53,7 @@ bool mostBelowTheRootReplace(const std::vector<Evidence>& evidence)
 
 }  // namespace
 
-void settlePositionConvention(MotionDocument& document)
+void detectPositionConvention(MotionDocument& document)
 {
     std::vector<Evidence> evidence;
     evidence.reserve(document.joints.size());

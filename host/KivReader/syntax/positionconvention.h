@@ -8,6 +8,6 @@ namespace KivReader {
 /// sets `positionsAreDeltas` of the joints. They replace the offset by default. A joint's are deltas where
 /// its first rows are about 0 and its offset is not; what most joints below the root speak for goes before
 /// that.
-void settlePositionConvention(MotionDocument& document);
+void detectPositionConvention(MotionDocument& document);
 
 }  // namespace KivReader

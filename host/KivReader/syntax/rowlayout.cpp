@@ -2,7 +2,7 @@
 
 namespace KivReader {
 
-Refusal RowLayout::unevenLine(std::size_t offset, std::size_t values) const
+ParseError RowLayout::unevenLine(std::size_t offset, std::size_t values) const
 {
     return {offset, std::to_string(values) + " values, expected " + std::to_string(m_columns)};
 }
@@ -33,7 +33,7 @@ void RowLayout::addLine(std::size_t offset, std::size_t values)
     m_pendingFirstLine = values;
 }
 
-void RowLayout::goOnWithLine(std::size_t offset, std::size_t values)
+void RowLayout::continueLine(std::size_t offset, std::size_t values)
 {
     if (m_pending == 0 && !m_irregularity)
         m_irregularity = unevenLine(offset, values + 1);

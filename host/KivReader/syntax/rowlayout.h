@@ -3,7 +3,7 @@
 #include <cstddef>
 #include <optional>
 
-#include "host/KivReader/syntax/refusal.h"
+#include "host/KivReader/syntax/parseerror.h"
 
 namespace KivReader {
 
@@ -15,10 +15,10 @@ class RowLayout
 public:
     explicit RowLayout(std::size_t columns) : m_columns(columns) {}
 
-    /// A line with values on it. Throws Refusal where the lines so far can make no rows.
+    /// A line with values on it. Throws ParseError where the lines so far can make no rows.
     void addLine(std::size_t offset, std::size_t values);
     /// Behind the values of the line that was added last another one begins, which the text's end cuts.
-    void goOnWithLine(std::size_t offset, std::size_t values);
+    void continueLine(std::size_t offset, std::size_t values);
 
     std::size_t rows() const { return m_rows; }
     std::size_t pendingValues() const { return m_pending; }
@@ -26,10 +26,10 @@ public:
     std::size_t pendingOffset() const { return m_pendingOffset; }
     /// The first line that is not one row, an unfinished last row left aside: why the lines may not be rows
     /// at all.
-    const std::optional<Refusal>& irregularity() const { return m_irregularity; }
+    const std::optional<ParseError>& irregularity() const { return m_irregularity; }
 
 private:
-    Refusal unevenLine(std::size_t offset, std::size_t values) const;
+    ParseError unevenLine(std::size_t offset, std::size_t values) const;
 
     std::size_t m_columns;
     std::size_t m_rows = 0;
@@ -37,7 +37,7 @@ private:
     std::size_t m_pendingOffset = 0;
     std::size_t m_pendingFirstLine = 0;     ///< values on the line where it began
     bool m_pendingBeganBehindARow = false;  ///< on one line with the end of another row
-    std::optional<Refusal> m_irregularity;
+    std::optional<ParseError> m_irregularity;
 };
 
 }  // namespace KivReader

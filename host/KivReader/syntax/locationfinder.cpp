@@ -1,4 +1,4 @@
-#include "host/KivReader/syntax/placefinder.h"
+#include "host/KivReader/syntax/locationfinder.h"
 
 #include <algorithm>
 #include <utility>
@@ -7,7 +7,7 @@
 
 namespace KivReader {
 
-void PlaceFinder::advanceTo(std::size_t offset)
+void LocationFinder::advanceTo(std::size_t offset)
 {
     if (offset < m_offset) {
         m_offset = 0;
@@ -29,7 +29,7 @@ void PlaceFinder::advanceTo(std::size_t offset)
 }
 
 /// The usual case, in which lines end in one way only.
-void PlaceFinder::advanceOverLineFeeds(std::string_view part)
+void LocationFinder::advanceOverLineFeeds(std::string_view part)
 {
     for (std::size_t at = part.find('\n'); at != std::string_view::npos; at = part.find('\n', at + 1)) {
         ++m_line;
@@ -38,7 +38,7 @@ void PlaceFinder::advanceOverLineFeeds(std::string_view part)
     m_offset += part.size();
 }
 
-Diagnostic PlaceFinder::at(std::size_t offset, std::string message)
+Diagnostic LocationFinder::at(std::size_t offset, std::string message)
 {
     advanceTo(offset);
     return {m_line, m_offset - m_lineStart + 1, std::move(message)};

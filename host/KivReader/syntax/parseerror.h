@@ -6,9 +6,9 @@
 
 namespace KivReader {
 
-/// Thrown inside the reader where a text is refused. Never leaves the library: the place is worked out, and a
-/// Diagnostic made, only where it is caught.
-struct Refusal
+/// Thrown inside the reader where a text cannot be read. Never leaves the library: line and column are found,
+/// and a Diagnostic made, only where it is caught.
+struct ParseError
 {
     std::size_t offset = 0;  ///< bytes from the beginning of the text
     std::string message;

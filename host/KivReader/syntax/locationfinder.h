@@ -9,10 +9,10 @@ namespace KivReader {
 
 /// Turns offsets into lines and columns. A line ends at LF, CR LF or CR. Asked for rising offsets it goes
 /// through the text once in all.
-class PlaceFinder
+class LocationFinder
 {
 public:
-    explicit PlaceFinder(std::string_view text) : m_text(text) {}
+    explicit LocationFinder(std::string_view text) : m_text(text) {}
 
     Diagnostic at(std::size_t offset, std::string message);
 
