@@ -11,8 +11,8 @@
 
 namespace KivFrameData {
 
-/// Says which feet, hands and props touch the ground: what is low and slow does, and goes on doing so until
-/// it is clearly higher or faster. Positions are Y-up, in centimetres; the ground is y = 0.
+/// Decides which feet, hands and props touch the ground: a point that is low and slow does, until it is
+/// clearly higher or faster (hysteresis). Positions are Y-up, in centimetres; the ground is y = 0.
 class KIV_FRAMEDATA_API ContactTracker
 {
 public:
@@ -35,7 +35,7 @@ public:
     /// Takes the next pose. The first one after a restart has no speed: it touches by height alone.
     void advance(const std::vector<osg::Vec3d>& positions, double seconds);
 
-    /// Puts the points where a pose has them, without judging anew.
+    /// Moves the points to a pose without judging contacts again.
     void place(const std::vector<osg::Vec3d>& positions);
 
     /// Which joints can touch, as indices, in their order.

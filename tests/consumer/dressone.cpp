@@ -1,6 +1,8 @@
-// dressone [MOTION.bvh]: the smallest host there is. Dresses one actor and says how many pieces it wears.
+// dressone [MOTION.bvh]: the smallest host there is. Dresses one actor and says how many pieces it wears, and
+// where its weight is.
 
 #include <osg/NodeVisitor>
+#include <osgDB/Options>
 
 #include <exception>
 #include <fstream>
@@ -13,7 +15,10 @@
 #include "KivCharacterization/characterizationmanager.h"
 #include "KivCharacterization/naming.h"
 #include "KivErrorOperator/tavrincommonerrormsg.h"
+#include "KivFrameData/framedatapublisher.h"
+#include "KivMemoryShare/actorframemanager.h"
 #include "KivMemoryShare/scenecfgshare.h"
+#include "KivReader/readerwriterbvh.h"
 #include "KivTaskCommand/commandthread.h"
 
 using KivCharacterization::CharacterizationManager;
@@ -69,6 +74,17 @@ public:
     int m_pieces = 0;
 };
 
+/// Centimetres above the ground; nothing to say of a body without trunk and thighs.
+void printCentreOfMass(unsigned actor)
+{
+    float values[KivMemoryShare::ActorFrameManager::kGravityFloats] = {};
+    float* buffer = values;
+    int tag = 0;
+    unsigned long long count = 0;
+    if (KivMemoryShare::ActorFrameManager::Ins()->ReadActorGravity(actor, &buffer, tag, count))
+        std::cout << "Ann's centre of mass is " << values[1] << " cm above the ground" << std::endl;
+}
+
 std::string lastError()
 {
     return KivErrorOperator::TavrinCommonErrorMsg::instance()->GetLastErrorMsg().message;
@@ -89,6 +105,9 @@ int dress(const std::string& motion)
     CharacterizationManager* manager = CharacterizationManager::instance();
     if (!manager->initalCharacterModel(DATA_DIR))
         throw std::runtime_error("there is no label font below " DATA_DIR);
+    // Names, axes and units of any humanoid file are made the avatar's; without this, files are read as they
+    // stand.
+    KivReader::ReaderWriterBVH::setDefaultOptions(new osgDB::Options("profile=auto"));
 
     // The gate stands open until a frame loop closes it around its frames; this host draws none.
     KivTaskCommand::SceneGate gate;
@@ -97,6 +116,11 @@ int dress(const std::string& motion)
     manager->createLoadBVHCommand(motion, 0, "Ann", command.get());
     if (!commands.submit(std::move(command)).get())
         throw std::runtime_error("the actor was not dressed: " + lastError());
+
+    // A frame loop calls this once a frame, and the overlays show what it published.
+    KivFrameData::FrameDataPublisher frameData;
+    frameData.publishAt(0.0);
+    printCentreOfMass(0);
 
     PieceCounter counter;
     SceneCfgShare::instance()->getCharacterSceneNode()->accept(counter);

@@ -7,6 +7,7 @@
 #include <ostream>
 #include <vector>
 
+#include "KivFrameData/contacttracker.h"
 #include "KivMemoryShare/actorframemanager.h"
 #include "apps/kivplayer/session/framepublisher.h"
 #include "apps/kivplayer/support/atomicfile.h"
@@ -58,7 +59,7 @@ public:
             const Cells names = actor.dressed.jointNames();
             for (const std::string& name : names)
                 m_joints.emplace(name, m_joints.size());
-            for (const std::size_t joint : ContactTracker(names).joints())
+            for (const std::size_t joint : KivFrameData::ContactTracker(names).joints())
                 m_touching.emplace(names[joint], m_touching.size());
         }
     }
@@ -144,7 +145,7 @@ bool writeActor(std::ostream& stream, const LoadedActor& actor, const Columns& c
     publisher.setActors(alone);
     const Cells joints = actor.dressed.jointNames();
     Cells touching;
-    for (const std::size_t joint : ContactTracker(joints).joints())
+    for (const std::size_t joint : KivFrameData::ContactTracker(joints).joints())
         touching.push_back(joints[joint]);
     const auto [first, end] = framesIn(actor, range);
     bool written = true;

@@ -5,34 +5,15 @@
 #include <algorithm>
 #include <cmath>
 
-#include "KivMemoryShare/actorframemanager.h"
 #include "KivMemoryShare/scenecfgshare.h"
 
 namespace KivPlayer {
 
 namespace {
 
-constexpr double kMinStep = 1.0 / 120.0;
-constexpr double kMaxStep = 1.0 / 15.0;
-constexpr double kCatchUp = 0.5;  ///< seconds of motion before a jump's goal that decide about contacts there
-constexpr double kNeverFollowed = -1e9;
-
 KivAnimation::BasicAnimationManager& playback()
 {
     return *KivMemoryShare::SceneCfgShare::instance()->getBaseAnimationManager();
-}
-
-/// The frame store is Y-up.
-osg::Vec3d toStore(const osg::Vec3d& scene)
-{
-    return {scene.x(), scene.z(), -scene.y()};
-}
-
-std::vector<osg::Vec3d> toStore(std::vector<osg::Vec3d> positions)
-{
-    for (osg::Vec3d& position : positions)
-        position = toStore(position);
-    return positions;
 }
 
 KivAnimation::Animation* animationOf(const std::string& actorId)
@@ -44,18 +25,6 @@ KivAnimation::Animation* animationOf(const std::string& actorId)
 }
 
 }  // namespace
-
-void FramePublisher::publishContacts(bool wanted)
-{
-    if (wanted == m_publishContacts)
-        return;
-    m_publishContacts = wanted;
-    for (Body& body : m_bodies) {
-        body.followed = kNeverFollowed;
-        if (!wanted)
-            KivMemoryShare::ActorFrameManager::Ins()->WriteActorStickContact(body.actor->index, nullptr, 0);
-    }
-}
 
 void FramePublisher::setActors(const std::map<unsigned, LoadedActor>& actors,
                                const std::optional<std::pair<double, double>>& shown)
@@ -79,28 +48,11 @@ void FramePublisher::setActors(const std::map<unsigned, LoadedActor>& actors,
 FramePublisher::Body FramePublisher::makeBody(const LoadedActor& actor,
                                               const std::optional<std::pair<double, double>>& shown) const
 {
-    const std::vector<std::string> names = actor.dressed.jointNames();
-    KivAnimation::Animation* animation = animationOf(actor.id());
-    const double frameTime = actor.document.frameTime;
-    Body body{&actor,
-              &actor.dressed.root(),
-              CentreOfMass(names),
-              ContactTracker(names),
-              sampleMotion(actor.dressed, animation, {0.0, actor.duration()}, actor.profile.thrownFrames),
-              animation,
-              frameTime > 0.0 ? std::clamp(frameTime, kMinStep, kMaxStep) : kMaxStep,
-              kNeverFollowed};
-    const SampledMotion& sampled = body.sampled;
-    for (std::size_t moment = 0; moment < sampled.moments(); ++moment) {
-        const auto first = sampled.positions.begin() + static_cast<std::ptrdiff_t>(moment * sampled.joints);
-        body.contacts.learn(toStore({first, first + static_cast<std::ptrdiff_t>(sampled.joints)}));
-    }
-    // What counts as low does not depend on the part that is shown.
+    std::pair<double, double> span{0.0, actor.duration()};
     if (shown)
-        body.sampled = sampleMotion(actor.dressed, animation,
-                                    {shown->first - actor.offset, shown->second - actor.offset},
-                                    actor.profile.thrownFrames);
-    return body;
+        span = {shown->first - actor.offset, shown->second - actor.offset};
+    return {&actor, &actor.dressed.root(),
+            sampleMotion(actor.dressed, animationOf(actor.id()), span, actor.profile.thrownFrames)};
 }
 
 void FramePublisher::findFront()
@@ -119,58 +71,6 @@ void FramePublisher::pose(double seconds)
 {
     playback().setTime(seconds);
     playback().update(0.0);
-}
-
-void FramePublisher::show(double seconds)
-{
-    if (m_publishContacts)
-        for (Body& body : m_bodies)
-            follow(body, seconds - body.actor->offset);
-    pose(seconds);
-    publish();
-}
-
-const std::vector<osg::Vec3d>& FramePublisher::storePositions(const Body& body)
-{
-    body.actor->dressed.readPositions(m_positions);
-    for (osg::Vec3d& position : m_positions)
-        position = toStore(position);
-    return m_positions;
-}
-
-void FramePublisher::follow(Body& body, double seconds)
-{
-    // Contacts are judged on a fixed grid of the actor's own times, whatever times are shown and whenever the
-    // actor starts.
-    const double goal = std::floor(std::max(0.0, seconds) / body.step + 1e-6);
-    if (goal < body.followed || (goal - body.followed) * body.step > 2.0 * kCatchUp) {
-        body.followed = std::max(-1.0, goal - std::ceil(kCatchUp / body.step) - 1.0);
-        body.contacts.restart();
-    }
-    while (body.followed < goal) {
-        body.followed += 1.0;
-        if (body.animation)
-            body.animation->pose(body.followed * body.step);
-        body.contacts.advance(storePositions(body), body.step);
-    }
-}
-
-void FramePublisher::publish()
-{
-    auto* store = KivMemoryShare::ActorFrameManager::Ins();
-    for (Body& body : m_bodies) {
-        const std::vector<osg::Vec3d>& positions = storePositions(body);
-        if (const auto centre = body.centre.of(positions)) {
-            const float values[3] = {static_cast<float>(centre->x()), static_cast<float>(centre->y()),
-                                     static_cast<float>(centre->z())};
-            store->WriteActorGravity(body.actor->index, values, 3);
-        }
-        if (m_publishContacts) {
-            body.contacts.place(positions);
-            store->WriteActorStickContact(body.actor->index, body.contacts.contacts().data(),
-                                          body.contacts.contacts().size());
-        }
-    }
 }
 
 std::vector<osg::Vec3d> FramePublisher::positionsNow() const

@@ -8,34 +8,30 @@
 #include <utility>
 #include <vector>
 
-#include "apps/kivplayer/analysis/centreofmass.h"
-#include "apps/kivplayer/analysis/contacttracker.h"
+#include "KivFrameData/framedatapublisher.h"
 #include "apps/kivplayer/analysis/sampledmotion.h"
 #include "apps/kivplayer/session/session.h"
 
 namespace KivPlayer {
 
-/// Poses the actors at a time and publishes their frame data for it, so that the update traversal of the
-/// frame that comes next finds both. Used between frames.
+/// Poses the actors at a time, has the host publish their frame data for it, and knows where their motions
+/// lead. Used between frames.
 class FramePublisher
 {
 public:
     /// @param contacts whether contacts are published at all: the overlay shows whatever is.
-    explicit FramePublisher(bool contacts) : m_publishContacts(contacts) {}
+    explicit FramePublisher(bool contacts) : m_frameData(contacts) {}
 
     /// Contacts that are no longer published are taken out of the store.
-    void publishContacts(bool wanted);
+    void publishContacts(bool wanted) { m_frameData.publishContacts(wanted); }
 
-    /// Takes the actors over as they are now. The motion of those that are new is sampled for where it leads
-    /// and how low feet come.
+    /// Takes the actors over as they are now. The motion of those that are new is sampled for where it leads.
     /// @param shown the part of it that is going to be shown, seconds; unset: all of it.
     void setActors(const std::map<unsigned, LoadedActor>& actors,
                    const std::optional<std::pair<double, double>>& shown = std::nullopt);
 
-    /// Poses all actors and publishes. Going on by less than a second follows the motion step by step; after
-    /// a jump the steps before the new time are caught up on, so that what is shown depends on the time
-    /// alone.
-    void show(double seconds);
+    /// Poses all actors and publishes.
+    void show(double seconds) { m_frameData.publishAt(seconds); }
 
     double duration() const { return m_duration; }
 
@@ -64,27 +60,16 @@ private:
     {
         const LoadedActor* actor;
         osg::ref_ptr<const osg::Node> root;  ///< tells an actor from one that has taken its place
-        CentreOfMass centre;
-        ContactTracker contacts;
         SampledMotion sampled;
-        osg::ref_ptr<KivAnimation::Animation> animation;
-        double step;      ///< seconds between the poses that contacts are judged by
-        double followed;  ///< the last of these poses, counted from the actor's first frame
     };
 
     Body makeBody(const LoadedActor& actor, const std::optional<std::pair<double, double>>& shown) const;
     void findFront();
     void pose(double seconds);
-    /// An actor's joints as the frame store has them, until the next call.
-    const std::vector<osg::Vec3d>& storePositions(const Body& body);
-    /// @param seconds counted from the actor's first frame.
-    void follow(Body& body, double seconds);
-    void publish();
 
-    bool m_publishContacts;
+    KivFrameData::FrameDataPublisher m_frameData;
     std::vector<Body> m_bodies;
     double m_duration = 0.0;
-    std::vector<osg::Vec3d> m_positions;  ///< of one actor; kept for its memory
     double m_facing = 0.0;
 };
 
