@@ -17,10 +17,7 @@ function(kiv_add_test name)
         target_compile_options(${name} PRIVATE -O1)  # compiled far more often than a test runs long
     endif()
     target_include_directories(${name} PRIVATE "${KivCharacterization_SOURCE_DIR}")
-    target_compile_definitions(${name} PRIVATE
-        KIV_SOURCE_DIR="${KivCharacterization_SOURCE_DIR}"
-        KIV_RUNTIME_ROOT="${KIV_RUNTIME_ROOT}")
-    target_link_libraries(${name} PRIVATE ${ARG_LINK} GTest::gmock GTest::gtest_main)
+    target_link_libraries(${name} PRIVATE ${ARG_LINK} KivBuiltPaths GTest::gmock GTest::gtest_main)
     # A test that was built by itself finds what it runs on.
     if(TARGET KivRoot)
         add_dependencies(${name} KivRoot)

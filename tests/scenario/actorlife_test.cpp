@@ -2,6 +2,7 @@
 #include <osg/Switch>
 
 #include "tests/scenario/hostfixture.h"
+#include "tests/support/builtpaths.h"
 #include "tests/support/figures.h"
 #include "tests/support/motionlibrary.h"
 
@@ -11,7 +12,7 @@ using namespace KivTestSupport;
 
 std::string sample(const std::string& name)
 {
-    return readWholeFile(std::string(KIV_RUNTIME_ROOT) + "/Data/BVH/" + name + ".bvh");
+    return readWholeFile(std::string(KivTestSupport::kRuntimeRoot) + "/Data/BVH/" + name + ".bvh");
 }
 
 class ActorLife : public ShippedHost
@@ -86,7 +87,7 @@ TEST_F(ActorLife, aReleasedManagerStartsAfreshAndLoadsAgain)
     ASSERT_TRUE(load(smallFigureBvh(), 1, "One"));
     ASSERT_TRUE(remove(0, 0));
     KivCharacterization::CharacterizationManager::releaseIns();
-    ASSERT_TRUE(manager().initalCharacterModel(KIV_RUNTIME_ROOT));
+    ASSERT_TRUE(manager().initalCharacterModel(KivTestSupport::kRuntimeRoot));
     EXPECT_TRUE(load(smallFigureBvh(), 1, "One"));
 }
 

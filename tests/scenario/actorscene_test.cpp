@@ -5,6 +5,7 @@
 #include "KivCharacterization/Characterization/bvhbuildhierarchyfromstringcmdexchandler.h"
 #include "KivCharacterization/Characterization/modelloading.h"
 #include "tests/scenario/hostfixture.h"
+#include "tests/support/builtpaths.h"
 #include "tests/support/figures.h"
 #include "tests/support/motionlibrary.h"
 #include "tests/support/scenedump.h"
@@ -23,8 +24,8 @@ protected:
         avatars["small"] = analysed(smallAvatar().get());
         KivCharacterization::ActorTable actors;
         KivCharacterization::FontTable fonts;
-        ASSERT_TRUE(KivCharacterization::loadLabelFont(std::string(KIV_RUNTIME_ROOT) + "/Data/Font/arial.ttf",
-                                                       fonts));
+        ASSERT_TRUE(KivCharacterization::loadLabelFont(
+            std::string(KivTestSupport::kRuntimeRoot) + "/Data/Font/arial.ttf", fonts));
         KivTaskCommand::TaskCommand command;
         command.setCmdExcImp(new KivCharacterization::BVHBuildHierarchyFromStringCmdExcHandler(
             &avatars, &actors, &fonts, bvh, "7", "Seven"));
@@ -32,7 +33,7 @@ protected:
         updateScene();
 
         const std::string actual = dumpScene(scene());
-        const std::string file = std::string(KIV_SOURCE_DIR) + "/tests/scenario/" + golden;
+        const std::string file = std::string(KivTestSupport::kSourceFolder) + "/tests/scenario/" + golden;
         const std::string expected = readWholeFile(file);
         if (actual != expected) {
             const std::string written = testing::TempDir() + golden;

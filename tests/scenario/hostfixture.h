@@ -8,6 +8,7 @@
 #include "KivAnimation/basicanimationmanager.h"
 #include "KivCharacterization/characterizationmanager.h"
 #include "KivTaskCommand/taskcommand.h"
+#include "tests/support/builtpaths.h"
 #include "tests/support/freshhost.h"
 
 namespace KivTestSupport {
@@ -19,7 +20,7 @@ protected:
     void SetUp() override
     {
         FreshHost::SetUp();
-        ASSERT_TRUE(manager().initalCharacterModel(KIV_RUNTIME_ROOT));
+        ASSERT_TRUE(manager().initalCharacterModel(KivTestSupport::kRuntimeRoot));
     }
 
     static KivCharacterization::CharacterizationManager& manager()

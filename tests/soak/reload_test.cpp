@@ -5,6 +5,7 @@
 #include <string>
 
 #include "tests/soak/moduleprobe.h"
+#include "tests/support/builtpaths.h"
 #include "tests/support/contentfolder.h"
 #include "tests/support/motionlibrary.h"
 
@@ -33,7 +34,7 @@ TEST(Reload, theWholeProgramComesAndGoesAHundredTimes)
         ASSERT_NE(library, nullptr) << dlerror();
         const auto probe = reinterpret_cast<decltype(&runProbe)>(dlsym(library, "runProbe"));
         ASSERT_NE(probe, nullptr) << dlerror();
-        ASSERT_EQ(probe(KIV_RUNTIME_ROOT), 0) << "in round " << round;
+        ASSERT_EQ(probe(KivTestSupport::kRuntimeRoot), 0) << "in round " << round;
         ASSERT_TRUE(isMapped("libKivCharacterization"));
         ASSERT_EQ(dlclose(library), 0) << dlerror();
         ASSERT_FALSE(isMapped("libKivCharacterization")) << "the module stays in memory after its last user";

@@ -9,6 +9,8 @@
 #include <fstream>
 #include <string>
 
+#include "tests/support/builtpaths.h"
+
 namespace KivTestSupport {
 
 /// A run-time root of its own for one test: Data/IVE and Data/Font, filled as the test wants, removed with
@@ -37,8 +39,9 @@ public:
     /// The font that the build puts into place.
     void copyFont()
     {
-        std::filesystem::copy_file(std::filesystem::path(KIV_RUNTIME_ROOT) / "Data" / "Font" / "arial.ttf",
-                                   fontFile(), std::filesystem::copy_options::overwrite_existing);
+        std::filesystem::copy_file(
+            std::filesystem::path(KivTestSupport::kRuntimeRoot) / "Data" / "Font" / "arial.ttf", fontFile(),
+            std::filesystem::copy_options::overwrite_existing);
     }
 
 private:

@@ -6,6 +6,8 @@
 #include <sstream>
 #include <string>
 
+#include "tests/support/builtpaths.h"
+
 namespace KivTestSupport {
 
 /// The folder of motion files that tests read, or an empty path where there is none: the variable
@@ -15,7 +17,7 @@ inline std::filesystem::path motionLibrary()
     const char* named = std::getenv("KIV_MOTION_LIBRARY");
     const std::filesystem::path folder =
         named ? std::filesystem::path(named)
-              : std::filesystem::path(KIV_SOURCE_DIR).parent_path() / "shared" / "bvh";
+              : std::filesystem::path(KivTestSupport::kSourceFolder).parent_path() / "shared" / "bvh";
     return std::filesystem::is_directory(folder) ? folder : std::filesystem::path();
 }
 

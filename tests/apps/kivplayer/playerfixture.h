@@ -10,6 +10,7 @@
 #include "KivMemoryShare/scenecfgshare.h"
 #include "apps/kivplayer/session/session.h"
 #include "apps/kivplayer/support/console.h"
+#include "tests/support/builtpaths.h"
 #include "tests/support/motionlibrary.h"
 
 /// A session on the build's run-time root, and a folder for files.
@@ -27,7 +28,7 @@ protected:
 
     static std::string sample(const std::string& name)
     {
-        return std::string(KIV_RUNTIME_ROOT) + "/Data/BVH/" + name + ".bvh";
+        return std::string(KivTestSupport::kRuntimeRoot) + "/Data/BVH/" + name + ".bvh";
     }
 
     std::string file(const std::string& name, const std::string& text) const

@@ -4,6 +4,7 @@
 #include <stdexcept>
 #include <string>
 
+#include "tests/support/builtpaths.h"
 #include "tests/support/motionlibrary.h"
 #include "tests/support/motionrewriting/movingfigure.h"
 #include "tests/support/motionrewriting/rewritings.h"
@@ -43,7 +44,7 @@ MotionDocument turnedFrom(const MotionDocument& document, const std::vector<osg:
 
 MotionDocument walk()
 {
-    const auto file = std::filesystem::path(KIV_RUNTIME_ROOT) / "Data" / "BVH" / "walk.bvh";
+    const auto file = std::filesystem::path(KivTestSupport::kRuntimeRoot) / "Data" / "BVH" / "walk.bvh";
     const KivReader::MotionReading reading = KivReader::readMotionDocument(readWholeFile(file));
     if (!reading.document)
         throw std::runtime_error(file.string() + ": " + reading.error.text());

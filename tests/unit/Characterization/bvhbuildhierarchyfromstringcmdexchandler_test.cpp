@@ -13,6 +13,7 @@
 #include "KivCharacterization/Characterization/modelloading.h"
 #include "KivManipulator/propsgeode.h"
 #include "KivTaskCommand/taskcommand.h"
+#include "tests/support/builtpaths.h"
 #include "tests/support/figures.h"
 #include "tests/support/freshhost.h"
 #include "tests/support/manageraccess.h"
@@ -32,7 +33,7 @@ protected:
     {
         FreshHost::SetUp();
         avatars["avatar"] = analysed(smallAvatar().get());
-        ASSERT_TRUE(loadLabelFont(std::string(KIV_RUNTIME_ROOT) + "/Data/Font/arial.ttf", fonts));
+        ASSERT_TRUE(loadLabelFont(std::string(KivTestSupport::kRuntimeRoot) + "/Data/Font/arial.ttf", fonts));
     }
 
     std::unique_ptr<TaskCommand> command(const std::string& bvh, const std::string& id,

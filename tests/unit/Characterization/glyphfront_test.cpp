@@ -12,6 +12,7 @@
 
 #include "KivCharacterization/Characterization/modelloading.h"
 #include "KivCharacterization/Characterization/namelabel.h"
+#include "tests/support/builtpaths.h"
 #include "tests/support/freshhost.h"
 
 namespace KivCharacterization {
@@ -125,7 +126,7 @@ float area(const osgText::Text3D& text)
 osg::ref_ptr<osgText::Font> labelFont()
 {
     FontTable fonts;
-    if (!loadLabelFont(std::string(KIV_RUNTIME_ROOT) + "/Data/Font/arial.ttf", fonts)) {
+    if (!loadLabelFont(std::string(KivTestSupport::kRuntimeRoot) + "/Data/Font/arial.ttf", fonts)) {
         throw std::runtime_error("no font");
     }
     return fonts.begin()->second;

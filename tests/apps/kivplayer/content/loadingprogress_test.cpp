@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 
 #include "tests/apps/kivplayer/playerfixture.h"
+#include "tests/support/builtpaths.h"
 
 namespace {
 
@@ -19,7 +20,7 @@ protected:
     void SetUp() override
     {
         PlayerFixture::SetUp();
-        ASSERT_TRUE(m_session.start(KIV_RUNTIME_ROOT));
+        ASSERT_TRUE(m_session.start(KivTestSupport::kRuntimeRoot));
         m_file = file("long.bvh", text(""));
     }
 

@@ -10,6 +10,7 @@
 #include <string>
 
 #include "tests/apps/kivplayer/playerfixture.h"
+#include "tests/support/builtpaths.h"
 
 namespace {
 
@@ -50,7 +51,7 @@ protected:
     void SetUp() override
     {
         PlayerFixture::SetUp();
-        ASSERT_TRUE(m_session.start(KIV_RUNTIME_ROOT));
+        ASSERT_TRUE(m_session.start(KivTestSupport::kRuntimeRoot));
     }
 
     osg::ref_ptr<osg::Node> readBack(const std::string& name, double seconds)

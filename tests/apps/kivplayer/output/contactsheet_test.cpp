@@ -4,6 +4,7 @@
 
 #include "apps/kivplayer/output/picturefile.h"
 #include "tests/apps/kivplayer/playerfixture.h"
+#include "tests/support/builtpaths.h"
 
 namespace {
 
@@ -15,7 +16,7 @@ protected:
     KivPlayer::ExitCode make(const std::vector<std::string>& motions)
     {
         KivPlayer::Options options;
-        options.root = KIV_RUNTIME_ROOT;
+        options.root = KivTestSupport::kRuntimeRoot;
         options.motions = motions;
         options.contactSheet = (m_folder / "sheets").string();
         options.moments = 2;

@@ -12,6 +12,7 @@
 
 #include "apps/kivplayer/support/numbers.h"
 #include "tests/apps/kivplayer/playerfixture.h"
+#include "tests/support/builtpaths.h"
 
 namespace {
 
@@ -150,7 +151,7 @@ protected:
     void SetUp() override
     {
         PlayerFixture::SetUp();
-        ASSERT_TRUE(m_session.start(KIV_RUNTIME_ROOT));
+        ASSERT_TRUE(m_session.start(KivTestSupport::kRuntimeRoot));
     }
 
     Session m_session{m_console, "profile=off"};
@@ -282,7 +283,7 @@ TEST_F(MotionTable, quotesNamesThatNeedIt)
 TEST_F(MotionTable, isTheSameUnderALocaleWithADecimalComma)
 {
     ASSERT_TRUE(m_session.load(0, file("planted.bvh", plantedFoot()), "Ann"));
-    setenv("LOCPATH", KIV_TEST_LOCALES, 1);
+    setenv("LOCPATH", KivTestSupport::kLocales, 1);
     if (!std::setlocale(LC_ALL, "de_DE.UTF-8"))
         GTEST_SKIP() << "the build found no localedef, or no de_DE to make a locale from";
     std::locale::global(std::locale("de_DE.UTF-8"));

@@ -6,6 +6,7 @@
 
 #include "apps/kivplayer/output/picturefile.h"
 #include "tests/apps/kivplayer/playerfixture.h"
+#include "tests/support/builtpaths.h"
 
 namespace {
 
@@ -55,7 +56,7 @@ protected:
     osg::ref_ptr<osg::Image> still(const std::string& motion, const std::string& reading)
     {
         Session session(m_console, reading);
-        EXPECT_TRUE(session.start(KIV_RUNTIME_ROOT)) << m_said.str();
+        EXPECT_TRUE(session.start(KivTestSupport::kRuntimeRoot)) << m_said.str();
         EXPECT_TRUE(session.load(0, motion, "A")) << m_said.str();
         m_pieces = session.actors().at(0).dressed.pieces().size();
         Options options;

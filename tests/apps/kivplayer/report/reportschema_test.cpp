@@ -7,6 +7,7 @@
 #include "apps/kivplayer/report/reportfile.h"
 #include "tests/apps/kivplayer/playerfixture.h"
 #include "tests/apps/kivplayer/report/schemacheck.h"
+#include "tests/support/builtpaths.h"
 
 namespace {
 
@@ -28,14 +29,14 @@ protected:
     void SetUp() override
     {
         PlayerFixture::SetUp();
-        std::ifstream stream(std::string(KIV_SOURCE_DIR) + "/docs/report-schema.json");
+        std::ifstream stream(std::string(KivTestSupport::kSourceFolder) + "/docs/report-schema.json");
         m_schema = Json::parse(stream);
     }
 
     Json reportOf(const std::vector<std::string>& files, const std::string& reading = "profile=auto")
     {
         KivPlayer::Session session(m_console, reading);
-        EXPECT_TRUE(session.start(KIV_RUNTIME_ROOT)) << m_said.str();
+        EXPECT_TRUE(session.start(KivTestSupport::kRuntimeRoot)) << m_said.str();
         for (unsigned i = 0; i < files.size(); ++i)
             session.load(i, files[i], "A");
         return Json::parse(KivPlayer::reportText(

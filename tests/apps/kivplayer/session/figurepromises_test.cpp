@@ -11,6 +11,7 @@
 #include "tests/apps/kivplayer/playerfixture.h"
 #include "tests/apps/kivplayer/session/dressedbody.h"
 #include "tests/host/KivReader/csvtable.h"
+#include "tests/support/builtpaths.h"
 #include "tests/support/foreignfigure.h"
 
 namespace {
@@ -38,7 +39,7 @@ protected:
     void SetUp() override
     {
         PlayerFixture::SetUp();
-        ASSERT_TRUE(m_session.start(KIV_RUNTIME_ROOT)) << m_said.str();
+        ASSERT_TRUE(m_session.start(KivTestSupport::kRuntimeRoot)) << m_said.str();
     }
 
     /// Nothing where the file could not be loaded.

@@ -7,6 +7,7 @@
 #include "KivCharacterization/common/iveinfo.h"
 #include "apps/kivplayer/report/fitreport.h"
 #include "tests/apps/kivplayer/playerfixture.h"
+#include "tests/support/builtpaths.h"
 #include "tests/support/manageraccess.h"
 
 namespace {
@@ -21,7 +22,7 @@ class FitRecord : public PlayerFixture, public testing::WithParamInterface<const
 TEST_P(FitRecord, agreesWithTheReport)
 {
     KivPlayer::Session session(m_console);
-    ASSERT_TRUE(session.start(KIV_RUNTIME_ROOT)) << m_said.str();
+    ASSERT_TRUE(session.start(KivTestSupport::kRuntimeRoot)) << m_said.str();
     ASSERT_TRUE(session.load(0, sample(GetParam()), "A")) << m_said.str();
     const KivPlayer::ActorFit fit = KivPlayer::fitReportOf(session.actors(), session.avatar()).actors.at(0);
 

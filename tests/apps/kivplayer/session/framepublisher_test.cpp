@@ -6,6 +6,7 @@
 
 #include "KivMemoryShare/actorframemanager.h"
 #include "tests/apps/kivplayer/playerfixture.h"
+#include "tests/support/builtpaths.h"
 
 namespace {
 
@@ -18,7 +19,7 @@ protected:
     void SetUp() override
     {
         PlayerFixture::SetUp();
-        ASSERT_TRUE(m_session.start(KIV_RUNTIME_ROOT));
+        ASSERT_TRUE(m_session.start(KivTestSupport::kRuntimeRoot));
         ASSERT_TRUE(m_session.load(0, sample("walk"), "Ann"));
     }
 

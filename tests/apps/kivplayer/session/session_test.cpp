@@ -9,6 +9,7 @@
 #include "KivMemoryShare/actorframemanager.h"
 #include "apps/kivplayer/session/framepublisher.h"
 #include "tests/apps/kivplayer/playerfixture.h"
+#include "tests/support/builtpaths.h"
 
 namespace {
 
@@ -39,7 +40,7 @@ TEST_F(SessionOnTheSamples, saysWhichContentIsMissing)
 TEST_F(SessionOnTheSamples, refusesAFileThatIsNotThereOrAFolder)
 {
     Session session(m_console);
-    ASSERT_TRUE(session.start(KIV_RUNTIME_ROOT)) << m_said.str();
+    ASSERT_TRUE(session.start(KivTestSupport::kRuntimeRoot)) << m_said.str();
     EXPECT_FALSE(session.load(0, (m_folder / "nobody.bvh").string(), "A"));
     EXPECT_THAT(m_said.str(), HasSubstr("nobody.bvh: error: no such file"));
     EXPECT_FALSE(session.load(0, m_folder.string(), "A"));
@@ -51,7 +52,7 @@ TEST_F(SessionOnTheSamples, namesTheLineOfABrokenProfileTableOnceAndLoadsNothing
 {
     const std::string table = file("own.profile", "# mine\ndialect mine\nwen Hips\n");
     Session session(m_console, "profile=\"" + table + "\"");
-    EXPECT_FALSE(session.start(KIV_RUNTIME_ROOT));
+    EXPECT_FALSE(session.start(KivTestSupport::kRuntimeRoot));
     EXPECT_FALSE(session.load(0, sample("walk"), "A"));
     EXPECT_FALSE(session.load(1, sample("wave"), "B"));
     EXPECT_THAT(m_said.str(), HasSubstr("own.profile:3: error: "));
@@ -63,7 +64,7 @@ TEST_F(SessionOnTheSamples, saysThatAProfileTableIsNotThere)
 {
     const std::string table = (m_folder / "nobodys.profile").string();
     Session session(m_console, "profile=\"" + table + "\"");
-    EXPECT_FALSE(session.start(KIV_RUNTIME_ROOT));
+    EXPECT_FALSE(session.start(KivTestSupport::kRuntimeRoot));
     EXPECT_THAT(m_said.str(), HasSubstr("nobodys.profile"));
 }
 
@@ -78,12 +79,12 @@ TEST_F(SessionOnTheSamples, dressesAForeignSkeletonByATableOfItsOwners)
         file("own.profile", "dialect butcher\nwhen Ham_A\nname Ham_{A,B} = {Left,Right}UpLeg\n");
     {
         Session session(m_console);
-        ASSERT_TRUE(session.start(KIV_RUNTIME_ROOT)) << m_said.str();
+        ASSERT_TRUE(session.start(KivTestSupport::kRuntimeRoot)) << m_said.str();
         ASSERT_TRUE(session.load(0, foreign, "A")) << m_said.str();
         EXPECT_FALSE(session.actors().at(0).profile.isHumanoid);
     }
     Session session(m_console, "profile=\"" + table + "\"");
-    ASSERT_TRUE(session.start(KIV_RUNTIME_ROOT)) << m_said.str();
+    ASSERT_TRUE(session.start(KivTestSupport::kRuntimeRoot)) << m_said.str();
     ASSERT_TRUE(session.load(0, foreign, "A")) << m_said.str();
     EXPECT_EQ(session.actors().at(0).profile.dialect, "butcher");
     EXPECT_EQ(session.actors().at(0).profile.renamed.size(), 2u);
@@ -93,7 +94,7 @@ TEST_F(SessionOnTheSamples, dressesAForeignSkeletonByATableOfItsOwners)
 TEST_F(SessionOnTheSamples, namesLineAndColumnOfABrokenFile)
 {
     Session session(m_console);
-    ASSERT_TRUE(session.start(KIV_RUNTIME_ROOT)) << m_said.str();
+    ASSERT_TRUE(session.start(KivTestSupport::kRuntimeRoot)) << m_said.str();
     EXPECT_FALSE(session.load(0, file("broken.bvh", kBroken), "A"));
     EXPECT_THAT(m_said.str(), HasSubstr("broken.bvh:5:"));
     EXPECT_THAT(m_said.str(), HasSubstr("Wrotation"));
@@ -102,7 +103,7 @@ TEST_F(SessionOnTheSamples, namesLineAndColumnOfABrokenFile)
 TEST_F(SessionOnTheSamples, keepsAGoodActorWhenItsReplacementIsBroken)
 {
     Session session(m_console);
-    ASSERT_TRUE(session.start(KIV_RUNTIME_ROOT)) << m_said.str();
+    ASSERT_TRUE(session.start(KivTestSupport::kRuntimeRoot)) << m_said.str();
     ASSERT_TRUE(session.load(0, sample("walk"), "Walker")) << m_said.str();
     EXPECT_FALSE(session.load(0, file("broken.bvh", kBroken), "B"));
     ASSERT_EQ(session.actors().size(), 1u);
@@ -113,7 +114,7 @@ TEST_F(SessionOnTheSamples, keepsAGoodActorWhenItsReplacementIsBroken)
 TEST_F(SessionOnTheSamples, replacesAnActorOfTheSameIndex)
 {
     Session session(m_console);
-    ASSERT_TRUE(session.start(KIV_RUNTIME_ROOT)) << m_said.str();
+    ASSERT_TRUE(session.start(KivTestSupport::kRuntimeRoot)) << m_said.str();
     ASSERT_TRUE(session.load(3, sample("walk"), "Walker"));
     ASSERT_TRUE(session.load(3, sample("wave"), "Waver"));
     EXPECT_EQ(actorsInTheScene(), 1u);
@@ -123,7 +124,7 @@ TEST_F(SessionOnTheSamples, replacesAnActorOfTheSameIndex)
 TEST_F(SessionOnTheSamples, dressesRenamesAndRemovesActors)
 {
     Session session(m_console);
-    ASSERT_TRUE(session.start(KIV_RUNTIME_ROOT)) << m_said.str();
+    ASSERT_TRUE(session.start(KivTestSupport::kRuntimeRoot)) << m_said.str();
     ASSERT_TRUE(session.load(0, sample("pass_left"), "Left"));
     ASSERT_TRUE(session.load(1, sample("pass_right"), "Right"));
     EXPECT_GT(session.actors().at(1).dressed.pieces().size(), 50u);
@@ -139,7 +140,7 @@ TEST_F(SessionOnTheSamples, dressesRenamesAndRemovesActors)
 TEST_F(SessionOnTheSamples, refusesAnOffsetThatIsNoTimeOrBeyondADay)
 {
     Session session(m_console);
-    ASSERT_TRUE(session.start(KIV_RUNTIME_ROOT)) << m_said.str();
+    ASSERT_TRUE(session.start(KivTestSupport::kRuntimeRoot)) << m_said.str();
     ASSERT_TRUE(session.load(0, sample("walk"), "Walker"));
     ASSERT_TRUE(session.setOffset(0, 1.5));
     for (const double wrong : {std::nan(""), HUGE_VAL, -HUGE_VAL, 86400.5, -1e300})
@@ -151,7 +152,7 @@ TEST_F(SessionOnTheSamples, refusesAnOffsetThatIsNoTimeOrBeyondADay)
 TEST_F(SessionOnTheSamples, keepsAnOffsetWhenTheActorIsReplacedAndForgetsItWhenItIsRemoved)
 {
     Session session(m_console);
-    ASSERT_TRUE(session.start(KIV_RUNTIME_ROOT)) << m_said.str();
+    ASSERT_TRUE(session.start(KivTestSupport::kRuntimeRoot)) << m_said.str();
     ASSERT_TRUE(session.setOffset(2, 1.5)) << "before there is an actor";
     ASSERT_TRUE(session.load(2, sample("walk"), "Walker"));
     EXPECT_EQ(session.actors().at(2).offset, 1.5);
@@ -170,7 +171,7 @@ TEST_F(SessionOnTheSamples, keepsAnOffsetWhenTheActorIsReplacedAndForgetsItWhenI
 TEST_F(SessionOnTheSamples, keepsTheOffsetOfAnActorThatPlaysBeforeItIsTakenIn)
 {
     Session session(m_console);
-    ASSERT_TRUE(session.start(KIV_RUNTIME_ROOT)) << m_said.str();
+    ASSERT_TRUE(session.start(KivTestSupport::kRuntimeRoot)) << m_said.str();
     ASSERT_TRUE(session.setOffset(0, 1.5));
     auto motion = session.read(0, sample("walk"), "Walker");
     ASSERT_TRUE(motion);
@@ -185,7 +186,7 @@ TEST_F(SessionOnTheSamples, leavesNothingBehindAndStartsAgain)
     for (int run = 0; run < 2; ++run) {
         {
             Session session(m_console);
-            ASSERT_TRUE(session.start(KIV_RUNTIME_ROOT)) << m_said.str();
+            ASSERT_TRUE(session.start(KivTestSupport::kRuntimeRoot)) << m_said.str();
             ASSERT_TRUE(session.load(0, sample("walk"), "Walker"));
             EXPECT_EQ(actorsInTheScene(), 1u);
         }
@@ -196,7 +197,7 @@ TEST_F(SessionOnTheSamples, leavesNothingBehindAndStartsAgain)
 TEST_F(SessionOnTheSamples, publishesWhatBelongsToTheTimeAlone)
 {
     Session session(m_console);
-    ASSERT_TRUE(session.start(KIV_RUNTIME_ROOT)) << m_said.str();
+    ASSERT_TRUE(session.start(KivTestSupport::kRuntimeRoot)) << m_said.str();
     ASSERT_TRUE(session.load(0, sample("walk"), "Walker"));
     auto* store = KivMemoryShare::ActorFrameManager::Ins();
     const auto published = [store] {
@@ -234,7 +235,7 @@ TEST_F(SessionOnTheSamples, publishesWhatBelongsToTheTimeAlone)
 TEST_F(SessionOnTheSamples, findsThatAWalkerTouchesTheGroundWithOneFootAfterTheOther)
 {
     Session session(m_console);
-    ASSERT_TRUE(session.start(KIV_RUNTIME_ROOT)) << m_said.str();
+    ASSERT_TRUE(session.start(KivTestSupport::kRuntimeRoot)) << m_said.str();
     ASSERT_TRUE(session.load(0, sample("walk"), "Walker"));
     FramePublisher publisher(true);
     publisher.setActors(session.actors());

@@ -4,6 +4,7 @@
 #include "KivRenderState/kivrenderstatemanager.h"
 #include "apps/kivplayer/session/framepublisher.h"
 #include "tests/apps/kivplayer/playerfixture.h"
+#include "tests/support/builtpaths.h"
 #include "tests/support/countedallocations.h"
 
 namespace {
@@ -19,7 +20,7 @@ protected:
     {
         PlayerFixture::SetUp();
         m_session.emplace(m_console);
-        ASSERT_TRUE(m_session->start(KIV_RUNTIME_ROOT));
+        ASSERT_TRUE(m_session->start(KivTestSupport::kRuntimeRoot));
         ASSERT_TRUE(m_session->load(1, sample("pass_left"), "Ann"));
         ASSERT_TRUE(m_session->load(2, sample("juggle"), "Bob"));
         KivRenderState::KivRenderStateManager::instance()->setCenterOfMassShow(true);

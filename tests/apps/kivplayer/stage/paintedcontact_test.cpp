@@ -11,6 +11,7 @@
 #include "apps/kivplayer/stage/framing.h"
 #include "apps/kivplayer/stage/stage.h"
 #include "tests/apps/kivplayer/playerfixture.h"
+#include "tests/support/builtpaths.h"
 
 namespace {
 
@@ -33,7 +34,7 @@ protected:
     {
         PlayerFixture::SetUp();
         m_session.emplace(m_console);
-        ASSERT_TRUE(m_session->start(KIV_RUNTIME_ROOT)) << m_said.str();
+        ASSERT_TRUE(m_session->start(KivTestSupport::kRuntimeRoot)) << m_said.str();
         ASSERT_TRUE(m_session->load(0, sample("walk"), "Ann")) << m_said.str();
         m_publisher.setActors(m_session->actors());
         m_stage.emplace(SceneCfgShare::instance()->getCharacterSceneNode());

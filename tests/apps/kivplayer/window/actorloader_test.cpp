@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "tests/apps/kivplayer/playerfixture.h"
+#include "tests/support/builtpaths.h"
 
 namespace {
 
@@ -14,7 +15,7 @@ protected:
     void SetUp() override
     {
         PlayerFixture::SetUp();
-        ASSERT_TRUE(m_session.start(KIV_RUNTIME_ROOT));
+        ASSERT_TRUE(m_session.start(KivTestSupport::kRuntimeRoot));
     }
 
     /// What it says while it loads, without what repeats the number before.

@@ -9,6 +9,7 @@
 #include "benchmarks/support/drawnloop.h"
 #include "benchmarks/support/threadclock.h"
 #include "tests/apps/kivplayer/playerfixture.h"
+#include "tests/support/builtpaths.h"
 
 namespace {
 
@@ -67,7 +68,7 @@ protected:
     {
         PlayerFixture::SetUp();
         m_session.emplace(m_console);
-        ASSERT_TRUE(m_session->start(KIV_RUNTIME_ROOT));
+        ASSERT_TRUE(m_session->start(KivTestSupport::kRuntimeRoot));
         ASSERT_TRUE(m_session->load(0, sample("walk"), "Ann"));
         m_loop.emplace(*m_session, 320, 200);
         m_loop->scene().takeActors();

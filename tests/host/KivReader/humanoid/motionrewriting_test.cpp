@@ -10,6 +10,7 @@
 
 #include "tests/host/KivReader/acceptedmotion.h"
 #include "tests/host/KivReader/forwardkinematics.h"
+#include "tests/support/builtpaths.h"
 #include "tests/support/motionlibrary.h"
 #include "tests/support/motionrewriting/motiontextwriter.h"
 #include "tests/support/motionrewriting/movingfigure.h"
@@ -26,7 +27,8 @@ constexpr double kSame = 1e-5;
 
 std::vector<MotionDocument> documents()
 {
-    std::vector<std::filesystem::path> folders = {std::filesystem::path(KIV_RUNTIME_ROOT) / "Data" / "BVH"};
+    std::vector<std::filesystem::path> folders = {std::filesystem::path(KivTestSupport::kRuntimeRoot) /
+                                                  "Data" / "BVH"};
     if (!motionLibrary().empty())
         folders.push_back(motionLibrary() / "real");
     std::vector<MotionDocument> documents;

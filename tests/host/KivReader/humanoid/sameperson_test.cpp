@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "tests/host/KivReader/humanoid/figurecomparison.h"
+#include "tests/support/builtpaths.h"
 #include "tests/support/motionlibrary.h"
 #include "tests/support/motionrewriting/movingfigure.h"
 #include "tests/support/motionrewriting/rewritings.h"
@@ -116,7 +117,7 @@ std::vector<std::filesystem::path> filesIn(const std::filesystem::path& folder)
 std::vector<std::filesystem::path> humanoidFiles()
 {
     std::vector<std::filesystem::path> files =
-        filesIn(std::filesystem::path(KIV_RUNTIME_ROOT) / "Data" / "BVH");
+        filesIn(std::filesystem::path(KivTestSupport::kRuntimeRoot) / "Data" / "BVH");
     if (motionLibrary().empty()) {
         std::printf("the motion library is not here: the samples alone are looked at\n");
         return files;

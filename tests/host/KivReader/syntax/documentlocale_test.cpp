@@ -8,6 +8,7 @@
 
 #include "KivReader/motiondocument.h"
 #include "tests/host/KivReader/motiontext.h"
+#include "tests/support/builtpaths.h"
 
 #if defined(__SANITIZE_ADDRESS__)
 /// glibc keeps a copy of LOCPATH for every setlocale.
@@ -26,7 +27,7 @@ protected:
     {
         m_before = std::locale();
         m_cBefore = std::setlocale(LC_ALL, nullptr);
-        setenv("LOCPATH", KIV_TEST_LOCALES, 1);
+        setenv("LOCPATH", KivTestSupport::kLocales, 1);
         if (std::setlocale(LC_ALL, "de_DE.UTF-8") == nullptr)
             GTEST_SKIP() << "no comma locale: the build found no localedef, or no de_DE to make it from";
         std::locale::global(std::locale("de_DE.UTF-8"));
