@@ -45,7 +45,7 @@ inline std::string legsText(bool withNeck = true)
         const int lifted = frame > kFramesASecond ? -6 * (frame - kFramesASecond) : 0;
         text += "0 80 0 0 0 0";
         text += withNeck ? " 0 0 0 0 0 0" : "";
-        text += " 0 " + std::to_string(lifted) + " 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0\n";
+        text += " 0 " + std::to_string(lifted) + " 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0\n";
     }
     return text;
 }
