@@ -57,7 +57,8 @@ std::vector<std::size_t> ContactTracker::joints() const
 void ContactTracker::learn(const std::vector<osg::Vec3d>& positions)
 {
     for (Point& point : m_points)
-        point.lowest = std::min(point.lowest, positions[point.joint].y());
+        if (positions[point.joint].y() > -point.deepest)  // else a row that is thrown out of the motion
+            point.lowest = std::min(point.lowest, positions[point.joint].y());
 }
 
 void ContactTracker::restart()

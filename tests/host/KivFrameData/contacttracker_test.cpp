@@ -34,6 +34,13 @@ TEST(ContactTracker, hasNoPointsOnASkeletonWithoutFeetAndHands)
     EXPECT_TRUE(tracker.contacts().empty());
 }
 
+TEST(ContactTracker, learnsNothingFromARowThatIsThrownFarBelowTheGround)
+{
+    Foot foot(9.0);
+    foot.tracker.learn(foot.place(-5000.0));
+    EXPECT_TRUE(foot.touches(9.5));
+}
+
 TEST(ContactTracker, picksFeetHandsAndProps)
 {
     const ContactTracker tracker(
