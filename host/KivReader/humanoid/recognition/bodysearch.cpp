@@ -17,6 +17,8 @@ constexpr double kShortestTrunk = 0.25;  ///< of the legs
 constexpr double kForksApart = 0.1;      ///< of the legs
 constexpr double kForksTogether = 3.0;
 constexpr double kRootAtLegs = 0.7;
+constexpr double kNoHead = -1.5;
+constexpr double kTail = 0.5;  ///< what might be a head, on the legs' fork, counts against it
 constexpr double kNamedHead = 2.5;
 
 double usual(double value, double typical, double spread, double worst)
@@ -46,7 +48,8 @@ public:
             legs.asLegs.score + arms.asArms.score - (forks < kForksApart * leg ? kForksTogether : 0.0);
         body.score += usual(arms.asArms.length() / leg, kArmToLeg, kArmToLegSpread, -8.0);
         body.score += usual(body.trunk / leg, kTrunkToLeg, kTrunkToLegSpread, -6.0);
-        body.score += headOver(arms, legs.fork, leg) + (meeting == legs.fork ? kRootAtLegs : 0.0);
+        body.score += headOn(arms, legs.fork, leg) - kTail * headOn(legs, arms.fork, leg);
+        body.score += meeting == legs.fork ? kRootAtLegs : 0.0;
         return true;
     }
 
@@ -65,17 +68,17 @@ private:
         return (way(arms.one, arms.asArms.one) + way(arms.other, arms.asArms.other)) / 2.0;
     }
 
-    /// What else there is on the arms' fork: the head's chain, the likeliest of all.
-    double headOver(const LimbPair& arms, std::size_t legsFork, double leg) const
+    /// How likely the likeliest of the fork's other chains is a head; the worst for none.
+    double headOn(const LimbPair& limbs, std::size_t otherFork, double leg) const
     {
-        double best = -1.0;
-        for (std::size_t i = 0; i < m_tree.bones[arms.fork].childCount; ++i) {
-            const std::size_t child = m_tree.child(arms.fork, i);
-            if (child == arms.one.first || child == arms.other.first || m_tree.isBelow(legsFork, child))
+        double best = kNoHead;
+        for (std::size_t i = 0; i < m_tree.bones[limbs.fork].childCount; ++i) {
+            const std::size_t child = m_tree.child(limbs.fork, i);
+            if (child == limbs.one.first || child == limbs.other.first || m_tree.isBelow(otherFork, child) ||
+                m_tree.bones[child].isEnd)
                 continue;
-            const double reach = m_tree.bones[child].span;
             const NameHint& hint = m_evidence.hints[child];
-            double score = 1.0 + usual(reach / leg, kHeadToLeg, kHeadSpread, -2.0);
+            double score = 1.0 + usual(m_tree.bones[child].span / leg, kHeadToLeg, kHeadSpread, -2.0);
             if (hint.mayBe(Part::Neck) || hint.mayBe(Part::Head))
                 score += kNamedHead;
             best = std::max(best, score);

@@ -12,7 +12,8 @@ using Kind = KivAnimation::PoseStep::Kind;
 
 constexpr std::size_t kPosedFrames = 20;
 constexpr double kHelperReach = 0.3;  ///< of a helper's length: hair and swords may be longer than arms
-constexpr double kLongestEnd = 3.0;   ///< of the bone before it: some end sites are nonsense
+constexpr double kLongestEnd = 1.0;   ///< of the bone before it: some end sites are nonsense
+constexpr double kTurned = 0.01;      ///< sine of half the angle: less is none
 constexpr double kLoose = 0.5;        ///< of its length: how far a bone may vary
 
 bool shifts(const MotionFigure& figure, const MotionFigure::Joint& joint)
@@ -69,13 +70,45 @@ void dropWrappers(BoneTree& tree)
     }
 }
 
-void findReaches(BoneTree& tree, const std::vector<NameHint>& hints)
+/// What its own columns do to a joint.
+void findTurns(BoneTree& tree, const PosedFrames& posed)
+{
+    for (std::size_t i = 1; i < tree.bones.size(); ++i) {
+        const std::size_t parent = tree.parentOf(i);
+        osg::Quat first;
+        for (std::size_t frame = 0; frame < posed.frames.size(); ++frame) {
+            const osg::Quat turn = posed.frames[frame][parent].turn.conj() * posed.frames[frame][i].turn;
+            if (frame == 0)
+                first = turn;
+            BoneTree::Bone& bone = tree.bones[i];
+            bone.turns = bone.turns || turn.asVec3().length() > kTurned;
+            bone.varies = bone.varies || (first.conj() * turn).asVec3().length() > kTurned;
+        }
+    }
+}
+
+/// In a motion a last joint that never moves, at the end of a bone of its own, is a helper.
+bool isStillLeaf(const BoneTree& tree, std::size_t bone)
+{
+    const BoneTree::Bone& its = tree.bones[bone];
+    if (its.isEnd || its.varies)
+        return false;
+    for (std::size_t i = 0; i < its.childCount; ++i) {
+        const BoneTree::Bone& child = tree.bones[tree.child(bone, i)];
+        if (!child.isEnd || child.length > 0.0)
+            return false;
+    }
+    return true;
+}
+
+void findReaches(BoneTree& tree, const std::vector<NameHint>& hints, bool hasMotion)
 {
     std::vector<double> second(tree.bones.size());
     for (std::size_t i = tree.bones.size(); i-- > 1;) {
         BoneTree::Bone& bone = tree.bones[i];
         BoneTree::Bone& parent = tree.bones[tree.parentOf(i)];
-        bone.span = bone.reach + bone.length * (hints[i].isNever ? kHelperReach : 1.0);
+        const bool isHelper = hints[i].isNever || (hasMotion && isStillLeaf(tree, i));
+        bone.span = bone.reach + bone.length * (isHelper ? kHelperReach : 1.0);
         if (bone.isEnd && parent.length > 0.0)
             bone.span = std::min(bone.span, kLongestEnd * parent.length);
         const bool isLimb = hints[i].side != Side::None && (hints[i].parts & (kLegParts | kArmParts)) != 0;
@@ -143,7 +176,8 @@ BoneTree makeBoneTree(const MotionFigure& figure, const PosedFrames& posed,
     }
     linkChildren(tree);
     dropWrappers(tree);
-    findReaches(tree, hints);
+    findTurns(tree, posed);
+    findReaches(tree, hints, posed.isMotion);
     return tree;
 }
 

@@ -34,8 +34,10 @@ struct BoneTree
         int words = 0;        ///< most joints on a way down whose names are parts of limbs
         std::uint32_t firstChild = 0;
         std::uint32_t childCount = 0;
-        bool isEnd = false;  ///< an end site
-        bool isTip = false;  ///< the name or the lack of anything that turns says that a chain ends here
+        bool isEnd = false;   ///< an end site
+        bool turns = false;   ///< its own rotation is not none in every frame
+        bool varies = false;  ///< its own rotation is not the same in every frame
+        bool isTip = false;   ///< the name or the lack of anything that turns says that a chain ends here
     };
 
     std::vector<Bone> bones;              ///< as the figure's joints

@@ -44,21 +44,55 @@ double bendAt(const PosedFrames& posed, std::size_t above, std::size_t joint, st
     return angles[angles.size() - 1 - angles.size() / 10] - angles[angles.size() / 10];
 }
 
-/// A further joint at the same place: it has the turns of those before it, too.
-void goOnWith(Station& station, std::size_t joint, const Evidence& evidence)
+bool goesOn(const BoneTree& tree, std::size_t bone)
 {
-    if (station.end == station.joint && evidence.tree.bones[station.joint].childCount == 1)
-        station.end = joint;
+    for (std::size_t i = 0; i < tree.bones[bone].childCount; ++i) {
+        if (!tree.bones[tree.child(bone, i)].isEnd)
+            return true;
+    }
+    return false;
+}
+
+int fanOf(const BoneTree& tree, std::size_t bone)
+{
+    int fan = 0;
+    for (std::size_t i = 0; i < tree.bones[bone].childCount; ++i)
+        fan += goesOn(tree, tree.child(bone, i)) ? 1 : 0;
+    return fan;
+}
+
+Station stationAt(const BoneTree& tree, std::size_t joint, double at)
+{
+    Station station;
+    station.joint = station.named = station.end = joint;
+    station.at = at;
+    station.fan = fanOf(tree, joint);
+    station.turns = tree.bones[joint].turns;
+    station.isBeyond = tree.bones[joint].isTip;
+    return station;
+}
+
+/// A further joint at the same place: it has the turns of those before it, too.
+void goOnWith(Station& station, std::size_t joint, std::size_t before, const Evidence& evidence)
+{
+    const BoneTree::Bone& bone = evidence.tree.bones[joint];
+    const bool forked = evidence.tree.bones[before].childCount > 1 || station.fan > 1;
+    if (bone.turns || (evidence.hints[joint].parts != 0 && !station.turns)) {
+        station.joint = joint;
+        if (!forked)
+            station.end = joint;
+    }
     if (evidence.hints[joint].parts != 0)
         station.named = joint;
-    station.joint = joint;
+    station.fan = std::max(station.fan, fanOf(evidence.tree, joint));
+    station.turns = station.turns || bone.turns;
 }
 
 /// A chain without an end site: its last bone may be as long as the one before it.
-void addUnseenEnd(Chain& chain, const BoneTree& tree)
+void addUnseenEnd(Chain& chain)
 {
     const std::size_t count = chain.stations.size();
-    if (count < 2 || chain.stations.back().isBeyond || tree.bones[chain.stations.back().joint].childCount > 0)
+    if (count < 2 || count >= kMostStations || chain.stations.back().isBeyond)
         return;
     Station unseen = chain.stations.back();
     unseen.at += unseen.at - chain.stations[count - 2].at;
@@ -77,9 +111,9 @@ Chain chainFrom(const Evidence& evidence, std::size_t firstJoint)
     for (std::size_t joint = firstJoint; chain.stations.size() < kMostStations; joint = nextOf(tree, joint)) {
         at += tree.bones[joint].length;
         if (!tree.coincides(joint) || chain.stations.empty())
-            chain.stations.push_back({joint, joint, joint, at, 0.0, tree.bones[joint].isTip, false});
+            chain.stations.push_back(stationAt(tree, joint, at));
         else if (!tree.bones[joint].isTip)
-            goOnWith(chain.stations.back(), joint, evidence);
+            goOnWith(chain.stations.back(), joint, tree.parentOf(joint), evidence);
         if (tree.bones[joint].childCount == 0)
             break;
     }
@@ -89,7 +123,7 @@ Chain chainFrom(const Evidence& evidence, std::size_t firstJoint)
         station.bend = bendAt(evidence.posed, above, station.joint, chain.stations[i + 1].joint);
         above = station.joint;
     }
-    addUnseenEnd(chain, tree);
+    addUnseenEnd(chain);
     return chain;
 }
 

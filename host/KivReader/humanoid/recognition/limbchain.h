@@ -19,9 +19,11 @@ struct Evidence
 /// A place on the way down a limb.
 struct Station
 {
-    std::size_t joint = 0;  ///< of those that coincide here the last one, which has the turns of all
+    std::size_t joint = 0;  ///< of those that coincide here the last one that turns: it has the turns of all
     std::size_t named = 0;  ///< the one whose name counts
     std::size_t end = 0;    ///< the one to take where a limb ends here: not beyond a fork
+    int fan = 0;            ///< how many chains of more than one joint go on from here
+    bool turns = false;     ///< of those that coincide one has rotations of its own
     double at = 0.0;        ///< along the bones, from the fork
     double bend = 0.0;      ///< how much the angle between the bones that meet here changes, in radians
     bool isBeyond = false;  ///< an end site, or a joint that its name calls an end

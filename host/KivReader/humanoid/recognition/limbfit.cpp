@@ -14,7 +14,9 @@ constexpr double kPerhapsNamed = 1.2;
 constexpr double kMisnamed = 2.5;    ///< points lost for one that is called something else
 constexpr double kPassedOver = 1.5;  ///< for a joint of the limb by its name that is taken for nothing
 constexpr double kUnseen = 2.0;      ///< for a limb whose end the file does not have
-constexpr double kMuchBend = 0.5;    ///< radians
+constexpr double kFan = 1.5;         ///< for a limb that ends where fingers begin
+constexpr int kFingers = 3;
+constexpr double kMuchBend = 0.5;  ///< radians
 constexpr double kStiff = 0.05;
 
 /// A person's proportions of a limb, and how far they are usual.
@@ -108,8 +110,7 @@ private:
             if (hint(i).says(Part::Collar))
                 return i;
         }
-        return station(root - 1).at > 0.0 || hint(root - 1).mayBe(Part::Collar) ||
-                       station(root - 1).bend > kStiff
+        return station(root - 1).at > 0.0 || hint(root - 1).mayBe(Part::Collar) || station(root - 1).turns
                    ? root - 1
                    : LimbFit::kNone;
     }
@@ -122,7 +123,16 @@ private:
         double score = usual(fit.lower / fit.upper, m_usual.ratio, m_usual.ratioSpread, -6.0);
         score += usual(station(fit.root).at / both, m_usual.before, m_usual.beforeSpread, -3.0);
         score += after > 0.0 ? usual(after / both, m_usual.after, m_usual.afterSpread, -1.5) : -0.5;
-        return score - (station(fit.end).isBeyond ? 1.0 : 0.0);
+        return score + byFans(fit) - (station(fit.end).isBeyond ? 1.0 : 0.0);
+    }
+
+    /// Fingers, and toes of some rigs, go out from a limb's end and from nowhere before it.
+    double byFans(const LimbFit& fit) const
+    {
+        double score = station(fit.end).fan >= kFingers ? kFan : 0.0;
+        for (int i = fit.root; i < fit.end; ++i)
+            score -= station(i).fan >= kFingers ? 2.0 * kFan : 0.0;
+        return score;
     }
 
     static double named(const NameHint& its, Part part)

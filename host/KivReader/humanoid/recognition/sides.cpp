@@ -6,8 +6,8 @@ namespace KivReader {
 
 namespace {
 
-constexpr double kKnee = 2.0;  ///< weights of what points forward
-constexpr double kToes = 1.0;
+constexpr double kKnee = 3.0;  ///< weights of what points forward
+constexpr double kToes = 0.7;
 constexpr double kElbow = 0.3;
 constexpr double kTravel = 0.02;
 constexpr std::size_t kTellingFrames = 10;

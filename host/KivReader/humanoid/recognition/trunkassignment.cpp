@@ -9,9 +9,11 @@ namespace KivReader {
 namespace {
 
 constexpr std::array<const char*, 4> kSpine = {"Spine", "Spine1", "Spine2", "Spine3"};
-constexpr double kTurned = 0.02;     ///< radians: a joint that turns less never does
 constexpr double kHeadToLeg = 0.35;  ///< from the arms' fork to the crown
-constexpr double kStubby = 0.25;     ///< of the way to the crown: what is left over a head that is none
+constexpr double kHighHead = 0.5;    ///< of the way up to the joint before: a head is less far from its neck
+constexpr double kFromNeck =
+    0.17;  ///< of the legs: a head so near hangs from the neck, a farther one from the chest
+constexpr double kStubby = 0.25;  ///< of the way to the crown: what is left over a head that is none
 
 class TrunkAssigner
 {
@@ -31,19 +33,6 @@ public:
     }
 
 private:
-    bool turns(std::size_t joint) const
-    {
-        const std::size_t parent = m_tree.parentOf(joint);
-        const auto turnIn = [&](const Placements& frame) {
-            return frame[parent].turn.conj() * frame[joint].turn;
-        };
-        const osg::Quat first = turnIn(m_evidence.posed.frames.front());
-        return std::any_of(m_evidence.posed.frames.begin(), m_evidence.posed.frames.end(),
-                           [&](const Placements& frame) {
-                               return (first.conj() * turnIn(frame)).asVec3().length() > kTurned / 2.0;
-                           });
-    }
-
     /// From the hips to what the arms hang from, joints that coincide as one: the last of them.
     std::vector<std::size_t> spineJoints() const
     {
@@ -57,9 +46,9 @@ private:
             last = joint;
         }
         std::reverse(up.begin(), up.end());
-        // On top of the hips a joint is the spine's only where it does something, or is called so.
+        // On top of the hips a joint is the spine's only where it does something.
         const bool onHips = !up.empty() && m_tree.coincides(up.front());
-        if (onHips && up.size() > 1 && !m_evidence.hints[up.front()].says(Part::Spine) && !turns(up.front()))
+        if (onHips && up.size() > 1 && !m_tree.bones[up.front()].turns)
             up.erase(up.begin());
         return up;
     }
@@ -123,7 +112,7 @@ private:
         m_assignment.put("Head", stations[head].end, "it ends the chain over the arms");
         if (head > 0)
             m_assignment.put("Neck", stations[neckAmong(stations, head)].joint, "it bears the head");
-        else if (spine.size() > 1 && isNeck(spine.back())) {
+        else if (spine.size() > 1 && isNeckUnder(spine.back(), stations[head])) {
             m_assignment.put("Neck", spine.back(), "it bears the head and the arms");
             spine.pop_back();
         }
@@ -136,13 +125,16 @@ private:
             if (m_evidence.hints[stations[i].end].says(Part::Head))
                 return i;
         }
-        for (std::size_t i = 0; i + 1 < stations.size(); ++i) {
-            if (stations[i].at > 0.0 && m_tree.bones[stations[i].joint].childCount > 1)
+        for (std::size_t i = 1; i + 1 < stations.size(); ++i) {
+            if (m_tree.bones[stations[i].joint].childCount > 2)
                 return i;
         }
         const std::size_t last = stations.size() - 1;
-        const bool isCrown = last > 1 && m_evidence.posed.isMotion && !turns(stations[last].joint) &&
-                             crown - stations[last].at < kStubby * crown;
+        if (last < 2 || m_tree.bones[stations[last].joint].varies)
+            return last;
+        const double step = stations[last].at - stations[last - 1].at;
+        const bool isCrown =
+            step > kHighHead * stations[last - 1].at || crown - stations[last].at < kStubby * crown;
         return isCrown ? last - 1 : last;
     }
 
@@ -160,14 +152,22 @@ private:
         return neck;
     }
 
-    /// By its name; arms may hang from the neck, too.
     bool isNeck(std::size_t joint) const
     {
         const NameHint& hint = m_evidence.hints[joint];
         return hint.says(Part::Neck) && !hint.says(Part::Spine) && !hint.mayBe(Part::Head);
     }
 
-    /// What the tables say counts where it takes in the joint that bears the arms, and goes up.
+    /// Arms may hang from the neck: it is called so, or the head is too near for a chest.
+    bool isNeckUnder(std::size_t fork, const Station& head) const
+    {
+        if (m_evidence.hints[fork].parts != 0)
+            return isNeck(fork);
+        return head.at < kFromNeck * m_body.legs.asLegs.length();
+    }
+
+    /// What the tables say of a long spine counts where it takes in the joint that bears the arms, and goes
+    /// up.
     bool tableFits(const std::vector<std::size_t>& spine) const
     {
         std::size_t next = 0;
@@ -191,7 +191,7 @@ private:
         const std::string reason = "it is between the legs' fork and the arms'";
         if (spine.empty())
             return;
-        if (tableFits(spine)) {
+        if (spine.size() > kSpine.size() && tableFits(spine)) {
             for (const char* name : kSpine) {
                 const auto found = m_table.joints.find(name);
                 if (found != m_table.joints.end())
