@@ -119,6 +119,11 @@ struct ProfileRecord
 /// std::runtime_error with the reason where the options' table cannot be read.
 KIV_READER_API ProfileRecord profileMotion(const MotionDocument& document, const ProfileOptions& options);
 
+/// What was recognised as an alias table in the syntax of the reader's profile: a person corrects it and
+/// passes it back as `ProfileOptions::tableFile`. Guesses have a comment. The signature is as many of the
+/// file's names as tell it from others; every joint that was left has a comment with its name.
+KIV_READER_API std::string profileTextOf(const ProfileRecord& record);
+
 /// Options from words apart by blanks, as the reader's option string has them: `profile=off`, `profile=auto`
 /// or `profile=` and a table's path, `unit=auto`, `unit=cm` (m, mm, inch, dm, cmu) or centimetres per unit,
 /// `up=auto`, `up=y` (z, x, -y, -z, -x), and `firstFrameIsRest`. A path may stand in double quotes. Without a

@@ -133,9 +133,13 @@ std::vector<std::string> nearestNames(const std::string& name, const RestFigure&
     std::string bare(withoutNamespace(name));
     bare.resize(std::min<std::size_t>(bare.size(), 64));
     std::vector<std::pair<std::size_t, std::string>> ranked;
-    for (const RestFigure::Joint& joint : figure.joints)
-        ranked.emplace_back(editDistance(bare, joint.name), joint.name);
-    const std::size_t count = std::min(kNearestListed, ranked.size());
+    for (const RestFigure::Joint& joint : figure.joints) {
+        const std::size_t longer = std::max(bare.size(), joint.name.size());
+        const std::size_t distance = editDistance(bare, joint.name);
+        if (distance > 0 && static_cast<double>(distance) <= kMostUnlike * static_cast<double>(longer))
+            ranked.emplace_back(distance, joint.name);
+    }
+    const std::size_t count = std::min(kNearest, ranked.size());
     std::partial_sort(ranked.begin(), ranked.begin() + static_cast<std::ptrdiff_t>(count), ranked.end());
     std::vector<std::string> names;
     for (std::size_t i = 0; i < count; ++i)

@@ -29,7 +29,8 @@ struct JointMatching
 /// Names alone decide: exact ones, and those of the first dialect with a signature that fits.
 KIV_READER_API JointMatching matchJoints(const MotionFigure& figure, const ProfileTable& table);
 
-/// The avatar's names that are spelled most like a joint's, for a person to choose from.
+/// The avatar's names that are spelled most like a joint's, for a person to choose from: three at most, none
+/// where nothing is alike, and never the joint's own name.
 KIV_READER_API std::vector<std::string> nearestNames(const std::string& name, const RestFigure& figure);
 
 }  // namespace KivReader

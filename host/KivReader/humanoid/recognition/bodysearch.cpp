@@ -21,7 +21,7 @@ constexpr double kNoHead = -1.5;
 constexpr double kTail = 0.5;  ///< what might be a head, on the legs' fork, counts against it
 constexpr double kNamedHead = 2.5;
 
-double usual(double value, double typical, double spread, double worst)
+double usualInABody(double value, double typical, double spread, double worst)
 {
     const double off = std::log(std::max(value, 1e-9) / typical) / spread;
     return std::max(-0.5 * off * off, worst);
@@ -46,8 +46,8 @@ public:
             return false;
         body.score =
             legs.asLegs.score + arms.asArms.score - (forks < kForksApart * leg ? kForksTogether : 0.0);
-        body.score += usual(arms.asArms.length() / leg, kArmToLeg, kArmToLegSpread, -8.0);
-        body.score += usual(body.trunk / leg, kTrunkToLeg, kTrunkToLegSpread, -6.0);
+        body.score += usualInABody(arms.asArms.length() / leg, kArmToLeg, kArmToLegSpread, -8.0);
+        body.score += usualInABody(body.trunk / leg, kTrunkToLeg, kTrunkToLegSpread, -6.0);
         body.score += headOn(arms, legs.fork, leg) - kTail * headOn(legs, arms.fork, leg);
         body.score += meeting == legs.fork ? kRootAtLegs : 0.0;
         return true;
@@ -78,7 +78,7 @@ private:
                 m_tree.bones[child].isEnd)
                 continue;
             const NameHint& hint = m_evidence.hints[child];
-            double score = 1.0 + usual(m_tree.bones[child].span / leg, kHeadToLeg, kHeadSpread, -2.0);
+            double score = 1.0 + usualInABody(m_tree.bones[child].span / leg, kHeadToLeg, kHeadSpread, -2.0);
             if (hint.mayBe(Part::Neck) || hint.mayBe(Part::Head))
                 score += kNamedHead;
             best = std::max(best, score);

@@ -8,19 +8,19 @@ namespace KivReader {
 
 namespace {
 
-using Kind = KivAnimation::PoseStep::Kind;
+using StepKind = KivAnimation::PoseStep::StepKind;
 
 constexpr std::size_t kPosedFrames = 20;
 constexpr double kHelperReach = 0.3;  ///< of a helper's length: hair and swords may be longer than arms
 constexpr double kLongestEnd = 1.0;   ///< of the bone before it: some end sites are nonsense
-constexpr double kTurned = 0.01;      ///< sine of half the angle: less is none
+constexpr double kTurnsAtAll = 0.01;  ///< sine of half the angle: less is none
 constexpr double kLoose = 0.5;        ///< of its length: how far a bone may vary
 
 bool shifts(const MotionFigure& figure, const MotionFigure::Joint& joint)
 {
     const PoseSteps steps = figure.stepsOf(joint);
     return std::any_of(steps.begin(), steps.end(),
-                       [](const KivAnimation::PoseStep& step) { return step.kind == Kind::Shift; });
+                       [](const KivAnimation::PoseStep& step) { return step.kind == StepKind::Shift; });
 }
 
 /// Joints that their own columns move stand elsewhere than their offsets say: as far as they are in the
@@ -81,8 +81,8 @@ void findTurns(BoneTree& tree, const PosedFrames& posed)
             if (frame == 0)
                 first = turn;
             BoneTree::Bone& bone = tree.bones[i];
-            bone.turns = bone.turns || turn.asVec3().length() > kTurned;
-            bone.varies = bone.varies || (first.conj() * turn).asVec3().length() > kTurned;
+            bone.turns = bone.turns || turn.asVec3().length() > kTurnsAtAll;
+            bone.varies = bone.varies || (first.conj() * turn).asVec3().length() > kTurnsAtAll;
         }
     }
 }

@@ -7,7 +7,7 @@ namespace KivReader {
 
 namespace {
 
-constexpr std::array<const char*, 5> kFingers = {"Thumb", "Index", "Middle", "Ring", "Pinky"};
+constexpr std::array<const char*, 5> kFingerParts = {"Thumb", "Index", "Middle", "Ring", "Pinky"};
 constexpr std::size_t kThumb = 0;
 constexpr std::size_t kPhalanges = 3;
 
@@ -21,7 +21,7 @@ public:
     void assign()
     {
         const std::size_t hand = m_assignment.joints.at(m_side + "Hand").joint;
-        std::array<std::vector<std::size_t>, kFingers.size()> joints;
+        std::array<std::vector<std::size_t>, kFingerParts.size()> joints;
         std::vector<int> fingers(m_evidence.tree.bones.size(), kNoneBelow);
         fingers[hand] = WordMeaning::kNoFinger;
         const int base = lowestNumber(hand);
@@ -34,7 +34,7 @@ public:
             if (fingers[i] >= 0 && !hint.isTip && !hint.isNever)
                 joints[static_cast<std::size_t>(fingers[i])].push_back(i);
         }
-        for (std::size_t finger = 0; finger < kFingers.size(); ++finger)
+        for (std::size_t finger = 0; finger < kFingerParts.size(); ++finger)
             put(finger, joints[finger]);
     }
 
@@ -65,7 +65,8 @@ private:
         if (above >= 0)
             return above;
         const int number = hint.numbers.empty() ? -1 : hint.numbers.front() - base;
-        return number >= 0 && number < static_cast<int>(kFingers.size()) ? number : WordMeaning::kNoFinger;
+        return number >= 0 && number < static_cast<int>(kFingerParts.size()) ? number
+                                                                             : WordMeaning::kNoFinger;
     }
 
     /// A bone of the palm says so, or has no number where the next one has the first.
@@ -80,7 +81,7 @@ private:
 
     void put(std::size_t finger, std::vector<std::size_t> joints)
     {
-        const std::string name = kFingers[finger];
+        const std::string name = kFingerParts[finger];
         if (beginsInPalm(finger, joints)) {
             putOne(m_side + "InHand" + name, joints.front());
             joints.erase(joints.begin());

@@ -15,11 +15,14 @@ constexpr double kMisnamed = 2.5;    ///< points lost for one that is called som
 constexpr double kPassedOver = 1.5;  ///< for a joint of the limb by its name that is taken for nothing
 constexpr double kUnseen = 2.0;      ///< for a limb whose end the file does not have
 constexpr double kFan = 1.5;         ///< for a limb that ends where fingers begin
-constexpr int kFingers = 3;
+constexpr int kFingersOfAHand = 3;
 constexpr double kMuchBend = 0.5;  ///< radians
 constexpr double kStiff = 0.05;
+constexpr double kNeverBends =
+    1.0;                          ///< points lost for a knee or an elbow, a hip or a shoulder that is stiff
+constexpr double kDivides = 0.5;  ///< and for a joint in the middle of a bone
 
-/// A person's proportions of a limb, and how far they are usual.
+/// A person's proportions of a limb, and how far they are usualInALimb.
 struct Proportions
 {
     double ratio, ratioSpread;    ///< the lower part to the upper one; the spreads are of logarithms
@@ -41,8 +44,8 @@ constexpr Proportions kArm = {0.88,
                               {Part::Collar, Part::UpperArm, Part::ForeArm, Part::Hand, Part::Hand},
                               kArmParts};
 
-/// 0 where it is usual, less the farther from that; never below the worst.
-double usual(double value, double typical, double spread, double worst)
+/// 0 where it is usualInALimb, less the farther from that; never below the worst.
+double usualInALimb(double value, double typical, double spread, double worst)
 {
     if (value <= 0.0)
         return worst;
@@ -120,18 +123,18 @@ private:
         const double both = fit.length();
         const double last = m_stations[m_stations.size() - (m_stations.back().isUnseen ? 2 : 1)].at;
         const double after = last - station(fit.end).at;
-        double score = usual(fit.lower / fit.upper, m_usual.ratio, m_usual.ratioSpread, -6.0);
-        score += usual(station(fit.root).at / both, m_usual.before, m_usual.beforeSpread, -3.0);
-        score += after > 0.0 ? usual(after / both, m_usual.after, m_usual.afterSpread, -1.5) : -0.5;
+        double score = usualInALimb(fit.lower / fit.upper, m_usual.ratio, m_usual.ratioSpread, -6.0);
+        score += usualInALimb(station(fit.root).at / both, m_usual.before, m_usual.beforeSpread, -3.0);
+        score += after > 0.0 ? usualInALimb(after / both, m_usual.after, m_usual.afterSpread, -1.5) : -0.5;
         return score + byFans(fit) - (station(fit.end).isBeyond ? 1.0 : 0.0);
     }
 
     /// Fingers, and toes of some rigs, go out from a limb's end and from nowhere before it.
     double byFans(const LimbFit& fit) const
     {
-        double score = station(fit.end).fan >= kFingers ? kFan : 0.0;
+        double score = station(fit.end).fan >= kFingersOfAHand ? kFan : 0.0;
         for (int i = fit.root; i < fit.end; ++i)
-            score -= station(i).fan >= kFingers ? 2.0 * kFan : 0.0;
+            score -= station(i).fan >= kFingersOfAHand ? 2.0 * kFan : 0.0;
         return score;
     }
 
@@ -189,9 +192,9 @@ private:
         for (int i = 0; i < fit.end; ++i) {
             const double bend = std::min(station(i).bend / kMuchBend, 1.0);
             if (i == fit.root || i == fit.bend)
-                score += station(i).bend < kStiff ? -0.5 : bend;
+                score += station(i).bend < kStiff ? -kNeverBends : bend;
             else if (i > fit.root)
-                score -= 2.0 * bend;
+                score -= kDivides + 2.0 * bend;
         }
         return score;
     }

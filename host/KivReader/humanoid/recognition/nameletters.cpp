@@ -15,7 +15,7 @@ constexpr char32_t kToNarrow = 0xfee0;
 /// What is longer is no name that anybody gave: its end alone is read.
 constexpr std::size_t kLongestName = 96;
 
-enum class Kind : std::uint8_t
+enum class LetterKind : std::uint8_t
 {
     None,
     Lower,
@@ -24,17 +24,17 @@ enum class Kind : std::uint8_t
     Ideograph
 };
 
-Kind kindOf(char32_t letter)
+LetterKind letterKindOf(char32_t letter)
 {
     if (letter >= 'a' && letter <= 'z')
-        return Kind::Lower;
+        return LetterKind::Lower;
     if (letter >= 'A' && letter <= 'Z')
-        return Kind::Upper;
+        return LetterKind::Upper;
     if (letter >= '0' && letter <= '9')
-        return Kind::Digit;
+        return LetterKind::Digit;
     if (letter < 0x80)
-        return Kind::None;
-    return isIdeograph(letter) ? Kind::Ideograph : Kind::Lower;
+        return LetterKind::None;
+    return isIdeograph(letter) ? LetterKind::Ideograph : LetterKind::Lower;
 }
 
 /// Of the letters of Latin-1 with marks, from 0xc0 to 0xde and again from 0xe0 to 0xfe.
@@ -73,12 +73,12 @@ void append(std::string& utf8, char32_t letter)
 /// "LThigh" is L and Thigh, "IKHand" is IK and Hand.
 bool beginsWord(const std::vector<char32_t>& letters, std::size_t i)
 {
-    const Kind before = kindOf(letters[i - 1]);
-    const Kind now = kindOf(letters[i]);
-    if (before != now && !(before == Kind::Upper && now == Kind::Lower))
+    const LetterKind before = letterKindOf(letters[i - 1]);
+    const LetterKind now = letterKindOf(letters[i]);
+    if (before != now && !(before == LetterKind::Upper && now == LetterKind::Lower))
         return true;
-    const bool nextIsLower = i + 1 < letters.size() && kindOf(letters[i + 1]) == Kind::Lower;
-    return now == Kind::Upper && before == Kind::Upper && nextIsLower;
+    const bool nextIsLower = i + 1 < letters.size() && letterKindOf(letters[i + 1]) == LetterKind::Lower;
+    return now == LetterKind::Upper && before == LetterKind::Upper && nextIsLower;
 }
 
 /// Some exporters write "FBXASC046" for a letter that they do not like, here the one of code 46.
@@ -88,7 +88,7 @@ std::vector<char32_t> unescaped(const std::vector<char32_t>& letters)
     std::vector<char32_t> plain;
     for (std::size_t i = 0; i < letters.size(); ++i) {
         const std::size_t digits = i + s_mark.size();
-        const auto isDigit = [&](std::size_t at) { return kindOf(letters[at]) == Kind::Digit; };
+        const auto isDigit = [&](std::size_t at) { return letterKindOf(letters[at]) == LetterKind::Digit; };
         const bool isEscape =
             digits + 3 <= letters.size() &&
             std::equal(s_mark.begin(), s_mark.end(), letters.begin() + static_cast<std::ptrdiff_t>(i)) &&
@@ -160,7 +160,7 @@ std::vector<std::string> wordsOf(std::string_view name)
     std::vector<std::string> words;
     const std::size_t first = behindNamespace(letters);
     for (std::size_t i = first; i < letters.size(); ++i) {
-        if (kindOf(letters[i]) == Kind::None)
+        if (letterKindOf(letters[i]) == LetterKind::None)
             continue;
         if (i == first || words.empty() || beginsWord(letters, i))
             words.emplace_back();

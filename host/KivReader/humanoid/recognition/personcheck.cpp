@@ -16,13 +16,15 @@ struct Range
 
 constexpr Range kShinToThigh = {"shin to thigh", 0.6, 1.5};
 constexpr Range kForearmToUpperArm = {"forearm to upper arm", 0.5, 1.5};
-constexpr Range kArmToLeg = {"arm to leg", 0.4, 0.95};
-constexpr Range kTrunkToLeg = {"trunk to leg", 0.35, 1.5};
+constexpr Range kArmToLegRange = {"arm to leg", 0.4, 0.95};
+constexpr Range kTrunkToLegRange = {"trunk to leg", 0.35, 1.5};
 constexpr double kFarOut = 1.35;
 
-constexpr double kLevel = 0.35;        ///< cosine: a trunk that stands over its legs is not below it for long
+constexpr double kUprightTrunk =
+    0.35;                              ///< cosine: a trunk that stands over its legs is not below it for long
 constexpr double kLongForelegs = 0.8;  ///< of the legs
 constexpr double kAcross = 1.2;        ///< how much each of these weighs
+constexpr double kAcrossUnnamed = 0.7;
 constexpr double kForelegs = 0.6;
 constexpr double kBeast = 0.8;
 constexpr double kMoreLimbs = 2.0;
@@ -45,11 +47,12 @@ public:
         look(kShinToThigh, m_legs.one.lower + m_legs.other.lower, m_legs.one.upper + m_legs.other.upper);
         look(kForearmToUpperArm, m_arms.one.lower + m_arms.other.lower,
              m_arms.one.upper + m_arms.other.upper);
-        look(kArmToLeg, m_arms.length(), m_legs.length());
-        look(kTrunkToLeg, m_body.trunk, m_legs.length());
+        look(kArmToLegRange, m_arms.length(), m_legs.length());
+        look(kTrunkToLegRange, m_body.trunk, m_legs.length());
         // Where names tell what everything is, only what makes an animal makes no person of it.
-        m_doubts *= 1.0 - named();
-        lookForAnimal();
+        const double unnamed = 1.0 - named();
+        m_doubts *= unnamed;
+        lookForAnimal(unnamed);
         lookAtOtherLimbs();
         if (m_doubts > kTooMuch)
             m_check.whyNot = "it is not built like a person: " + told();
@@ -129,10 +132,10 @@ private:
         return cosines[cosines.size() * 3 / 4];
     }
 
-    void lookForAnimal()
+    void lookForAnimal(double unnamed)
     {
-        if (m_evidence.posed.isMotion && uprightness() < kLevel)
-            doubt(kAcross, "its trunk lies across its legs");
+        if (m_evidence.posed.isMotion && uprightness() < kUprightTrunk)
+            doubt(kAcross + kAcrossUnnamed * unnamed, "its trunk lies across its legs");
         if (m_arms.length() > kLongForelegs * m_legs.length())
             doubt(kForelegs, "its arms are as long as legs");
         const auto beast = std::find_if(m_evidence.hints.begin(), m_evidence.hints.end(),

@@ -10,10 +10,10 @@ constexpr double kKnee = 3.0;  ///< weights of what points forward
 constexpr double kToes = 0.7;
 constexpr double kElbow = 0.3;
 constexpr double kTravel = 0.02;
-constexpr std::size_t kTellingFrames = 10;
+constexpr std::size_t kFramesThatTellSides = 10;
 constexpr double kContradiction = 0.5;  ///< of all votes
 
-osg::Vec3d unit(osg::Vec3d vector)
+osg::Vec3d ofLengthOne(osg::Vec3d vector)
 {
     vector.normalize();
     return vector;
@@ -27,13 +27,13 @@ struct PosedLimb
     /// How far the middle joint stands off the line between the others.
     osg::Vec3d bow() const
     {
-        const osg::Vec3d line = unit(end - root);
+        const osg::Vec3d line = ofLengthOne(end - root);
         const osg::Vec3d off = bend - root;
         return off - line * (off * line);
     }
     osg::Vec3d foot() const
     {
-        const osg::Vec3d shin = unit(end - bend);
+        const osg::Vec3d shin = ofLengthOne(end - bend);
         const osg::Vec3d off = tip - end;
         return off - shin * (off * shin);
     }
@@ -54,7 +54,7 @@ public:
             const double vote = voteOf(frame);
             forLegs += vote;
             all += std::fabs(vote);
-            sameWay += unit(acrossLegs(frame)) * unit(acrossArms(frame));
+            sameWay += ofLengthOne(acrossLegs(frame)) * ofLengthOne(acrossArms(frame));
         }
         return decided(forLegs, all, sameWay);
     }
@@ -90,7 +90,7 @@ private:
     double voteOf(std::size_t frame) const
     {
         const osg::Vec3d up =
-            unit((arm(frame, true).root + arm(frame, false).root) * 0.5 - middleOfLegs(frame));
+            ofLengthOne((arm(frame, true).root + arm(frame, false).root) * 0.5 - middleOfLegs(frame));
         osg::Vec3d front;
         for (const bool isFirst : {true, false}) {
             const PosedLimb leg = this->leg(frame, isFirst);
@@ -99,8 +99,8 @@ private:
             front -= arm(frame, isFirst).bow() * (kElbow / length);
         }
         if (frame > 0)
-            front += unit(middleOfLegs(frame) - middleOfLegs(frame - 1)) * kTravel;
-        return unit(acrossLegs(frame)) * (up ^ front);
+            front += ofLengthOne(middleOfLegs(frame) - middleOfLegs(frame - 1)) * kTravel;
+        return ofLengthOne(acrossLegs(frame)) * (up ^ front);
     }
 
     Sides decided(double forLegs, double all, double sameWay) const
@@ -117,7 +117,8 @@ private:
         sides.confidence = named != 0 ? 1.0 : 0.4 + 0.5 * std::fabs(tells);
         sides.reason = named != 0 ? "its name tells the side" : "knees and feet tell the side";
         const double forNamed = sides.firstLegIsLeft ? tells : -tells;
-        if (named != 0 && forNamed < -kContradiction && m_evidence.posed.frames.size() >= kTellingFrames)
+        if (named != 0 && forNamed < -kContradiction &&
+            m_evidence.posed.frames.size() >= kFramesThatTellSides)
             sides.warning =
                 "by its knees and feet the figure has left and right the other way round than by its names";
         return sides;

@@ -8,7 +8,7 @@ namespace KivReader {
 
 namespace {
 
-constexpr double kTableWeight = 1.2;
+constexpr double kTableWeight = 1.8;
 
 constexpr std::array<std::pair<std::string_view, Part>, 14> kBody = {{{"Hips", Part::Hips},
                                                                       {"Spine", Part::Spine},
@@ -25,7 +25,7 @@ constexpr std::array<std::pair<std::string_view, Part>, 14> kBody = {{{"Hips", P
                                                                       {"Leg", Part::Shin},
                                                                       {"Foot", Part::Foot}}};
 
-constexpr std::array<std::string_view, 5> kFingers = {"Thumb", "Index", "Middle", "Ring", "Pinky"};
+constexpr std::array<std::string_view, 5> kFingersOfTargets = {"Thumb", "Index", "Middle", "Ring", "Pinky"};
 
 bool takeFront(std::string_view& text, std::string_view front)
 {
@@ -51,8 +51,8 @@ NameHint hintOf(std::string_view target)
     }
     hint.isPalm = takeFront(target, "InHand");
     if (hint.isPalm || takeFront(target, "Hand")) {
-        for (std::size_t i = 0; i < kFingers.size(); ++i) {
-            if (takeFront(target, kFingers[i]))
+        for (std::size_t i = 0; i < kFingersOfTargets.size(); ++i) {
+            if (takeFront(target, kFingersOfTargets[i]))
                 hint.finger = static_cast<std::int8_t>(i);
         }
         if (!target.empty() && hint.finger != WordMeaning::kNoFinger)

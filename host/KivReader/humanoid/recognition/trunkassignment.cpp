@@ -9,11 +9,13 @@ namespace KivReader {
 namespace {
 
 constexpr std::array<const char*, 4> kSpine = {"Spine", "Spine1", "Spine2", "Spine3"};
-constexpr double kHeadToLeg = 0.35;  ///< from the arms' fork to the crown
-constexpr double kHighHead = 0.5;    ///< of the way up to the joint before: a head is less far from its neck
+constexpr double kCrownToLeg = 0.35;  ///< from the arms' fork to the crown
+constexpr double kFarFromNeck = 0.5;  ///< of the way up to the joint before: a head is less far from its neck
 constexpr double kFromNeck =
     0.17;  ///< of the legs: a head so near hangs from the neck, a farther one from the chest
-constexpr double kStubby = 0.25;  ///< of the way to the crown: what is left over a head that is none
+constexpr double kTwin = 0.03;         ///< of their length: twins differ by less
+constexpr double kNoCrown = 0.1;       ///< of the way to the crown
+constexpr double kStubbyCrown = 0.25;  ///< of the way to the crown: what is left over a head that is none
 
 class TrunkAssigner
 {
@@ -86,12 +88,26 @@ private:
         if (bone.isEnd)
             return -5.0;
         const double reach = bone.span / m_body.legs.asLegs.length();
-        double score = -std::fabs(std::log(std::max(reach, 1e-6) / kHeadToLeg));
+        double score = -std::fabs(std::log(std::max(reach, 1e-6) / kCrownToLeg));
         if (hint.mayBe(Part::Neck) || hint.mayBe(Part::Head))
             score += 4.0 * hint.weight;
-        if (hint.isNever || hint.side != Side::None)
+        if (hint.isNever || hint.side != Side::None || hasTwin(child))
             score -= 3.0;
         return score;
+    }
+
+    /// What there are two of is no head.
+    bool hasTwin(std::size_t child) const
+    {
+        const std::size_t fork = m_tree.parentOf(child);
+        const double span = m_tree.bones[child].span;
+        for (std::size_t i = 0; i < m_tree.bones[fork].childCount; ++i) {
+            const std::size_t other = m_tree.child(fork, i);
+            if (other != child && !isTaken(other) &&
+                std::fabs(m_tree.bones[other].span - span) < kTwin * span && !m_tree.bones[other].isEnd)
+                return true;
+        }
+        return false;
     }
 
     void assignHead(std::vector<std::size_t>& spine)
@@ -130,11 +146,13 @@ private:
                 return i;
         }
         const std::size_t last = stations.size() - 1;
-        if (last < 2 || m_tree.bones[stations[last].joint].varies)
+        if (last == 0 || m_tree.bones[stations[last].joint].varies)
             return last;
+        if (last == 1)
+            return crown - stations[last].at < kNoCrown * crown ? 0 : 1;
         const double step = stations[last].at - stations[last - 1].at;
         const bool isCrown =
-            step > kHighHead * stations[last - 1].at || crown - stations[last].at < kStubby * crown;
+            step > kFarFromNeck * stations[last - 1].at || crown - stations[last].at < kStubbyCrown * crown;
         return isCrown ? last - 1 : last;
     }
 

@@ -39,7 +39,7 @@ std::uint16_t codeFrom(std::string_view hex)
     return static_cast<std::uint16_t>(code);
 }
 
-constexpr std::string_view kBuiltInText =
+constexpr std::string_view kBuiltInWords =
 #include "bodywordstext.inc"
     ;
 
@@ -138,7 +138,7 @@ std::string Vocabulary::decoded(std::string_view bytes) const
 
 const Vocabulary& builtInVocabulary()
 {
-    static const Vocabulary s_vocabulary(kBuiltInText);
+    static const Vocabulary s_vocabulary(kBuiltInWords);
     return s_vocabulary;
 }
 

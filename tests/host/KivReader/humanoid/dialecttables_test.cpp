@@ -190,7 +190,15 @@ TEST(DialectTables, takeAUsersTableFirst)
 TEST(DialectTables, nameTheNearestOfTheAvatarsNames)
 {
     EXPECT_EQ(nearestNames("ns:LeftUpLegs", builtInProfileTable().figure).front(), "LeftUpLeg");
-    EXPECT_EQ(nearestNames(std::string(10000, 'x'), builtInProfileTable().figure).size(), 3U);
+    EXPECT_TRUE(nearestNames(std::string(10000, 'x'), builtInProfileTable().figure).empty());
+    EXPECT_TRUE(nearestNames("tongue03", builtInProfileTable().figure).empty());
+}
+
+TEST(DialectTables, offerNoJointItsOwnName)
+{
+    const std::vector<std::string> nearest = nearestNames("rig:LeftArm", builtInProfileTable().figure);
+    EXPECT_THAT(nearest, testing::Not(testing::Contains("LeftArm")));
+    EXPECT_THAT(nearest, testing::Contains("LeftForeArm"));
 }
 
 TEST(ProfileFigure, isTheAvatarsRest)
