@@ -11,6 +11,7 @@ namespace KivReader {
 namespace {
 
 constexpr std::size_t kNearestListed = 3;
+constexpr double kMostUnlike = 0.4;  ///< of the longer name: names less alike are nothing to offer
 
 std::string_view withoutNamespace(std::string_view name)
 {
@@ -139,7 +140,7 @@ std::vector<std::string> nearestNames(const std::string& name, const RestFigure&
         if (distance > 0 && static_cast<double>(distance) <= kMostUnlike * static_cast<double>(longer))
             ranked.emplace_back(distance, joint.name);
     }
-    const std::size_t count = std::min(kNearest, ranked.size());
+    const std::size_t count = std::min(kNearestListed, ranked.size());
     std::partial_sort(ranked.begin(), ranked.begin() + static_cast<std::ptrdiff_t>(count), ranked.end());
     std::vector<std::string> names;
     for (std::size_t i = 0; i < count; ++i)

@@ -8,7 +8,7 @@ namespace KivReader {
 
 namespace {
 
-using StepKind = KivAnimation::PoseStep::StepKind;
+using StepKind = KivAnimation::PoseStep::Kind;
 
 constexpr std::size_t kPosedFrames = 20;
 constexpr double kHelperReach = 0.3;  ///< of a helper's length: hair and swords may be longer than arms

@@ -22,7 +22,7 @@ constexpr double kNeverBends =
     1.0;                          ///< points lost for a knee or an elbow, a hip or a shoulder that is stiff
 constexpr double kDivides = 0.5;  ///< and for a joint in the middle of a bone
 
-/// A person's proportions of a limb, and how far they are usualInALimb.
+/// A person's proportions of a limb, and how far they are usual.
 struct Proportions
 {
     double ratio, ratioSpread;    ///< the lower part to the upper one; the spreads are of logarithms
@@ -44,7 +44,7 @@ constexpr Proportions kArm = {0.88,
                               {Part::Collar, Part::UpperArm, Part::ForeArm, Part::Hand, Part::Hand},
                               kArmParts};
 
-/// 0 where it is usualInALimb, less the farther from that; never below the worst.
+/// 0 where it is usual, less the farther from that; never below the worst.
 double usualInALimb(double value, double typical, double spread, double worst)
 {
     if (value <= 0.0)
