@@ -57,7 +57,7 @@ struct ProfileRecord
     {
         std::string choice;  ///< "motion", "zero pose" or "first frame"; empty where there is no person
         std::string reason;
-        double score = 0.0;  ///< 0…1: how much the pose is that of a person who stands
+        double score = 0.0;  ///< 0…1: the part of the checks that the figure passes with it
     };
     /// Of the figure that came out: something that holds for persons.
     struct Check

@@ -1,6 +1,9 @@
 #include "host/KivReader/humanoid/bodyfitting.h"
 
 #include <algorithm>
+#include <array>
+#include <cstdio>
+#include <tuple>
 
 #include "host/KivReader/humanoid/bodyassembly.h"
 #include "host/KivReader/humanoid/bodyplan.h"
@@ -19,6 +22,14 @@ namespace {
 using Kind = KivAnimation::PoseStep::Kind;
 
 constexpr std::size_t kSampledPoses = 50;
+constexpr double kUnequal = 0.1;  ///< of the longer one: what differs less are a person's two sides
+
+std::string centimetres(double length)
+{
+    char text[32];
+    std::snprintf(text, sizeof text, "%.1f cm", length);
+    return text;
+}
 
 /// Joints whose own columns move them may stand elsewhere than their offsets say, all through the motion.
 void settleOffsets(MotionFigure& figure, const MatchedMotion& motion, const PoseSample& sample)
@@ -92,6 +103,7 @@ MotionFigure bestFitted(const PosedBody& body, const ProfileOptions& options, Pr
         MotionFigure figure = fitted(body, candidate.make(body), now);
         now.checks = checkFigure(body.motion.document, figure, body.motion.avatar, before.thrownFrames);
         const std::size_t failures = failuresOf(now.checks);
+        now.restPose.score = 1.0 - double(failures) / double(now.checks.size());
         if (!best.joints.empty() && failures >= fewest)
             continue;
         fewest = failures;
@@ -101,6 +113,28 @@ MotionFigure bestFitted(const PosedBody& body, const ProfileOptions& options, Pr
             break;
     }
     return best;
+}
+
+/// They are drawn as they are; but a file with such limbs is mostly not meant so.
+void tellOfUnequalLimbs(const PosedBody& body, ProfileRecord& record)
+{
+    const Placements pose =
+        body.sample.poses.empty() ? MatchedMotion::atRest(body.figure) : body.sample.poses.front();
+    for (const auto& [from, to, what] :
+         {std::tuple("UpLeg", "Leg", "thighs"), std::tuple("Leg", "Foot", "shins"),
+          std::tuple("Arm", "ForeArm", "upper arms"), std::tuple("ForeArm", "Hand", "forearms")}) {
+        std::array<double, 2> lengths{};
+        for (std::size_t i = 0; i < lengths.size(); ++i) {
+            const std::string side = i == 0 ? "Left" : "Right";
+            if (body.has(side + to))
+                lengths[i] = (pose[body.at(side + from)].place - pose[body.at(side + to)].place).length();
+        }
+        const auto [less, more] = std::minmax({lengths[0], lengths[1]});
+        if (less > 0.0 && more - less > kUnequal * more)
+            record.warnings.push_back(std::string("the ") + what + " are of unequal lengths, left " +
+                                      centimetres(lengths[0]) + ", right " + centimetres(lengths[1]) +
+                                      ": they are drawn so");
+    }
 }
 
 void tellOfThrownFrames(ProfileRecord& record)
@@ -135,6 +169,7 @@ MotionFigure fitBody(const MatchedMotion& motion, const ProfileOptions& options,
     settleOffsets(figure, motion, sample);
     record.height = rawHeight * frame.unit;
     const PosedBody body = {motion, figure, sample, record.height};
+    tellOfUnequalLimbs(body, record);
     MotionFigure best = bestFitted(body, options, record);
     tellOfFailures(record);
     return best;

@@ -23,7 +23,7 @@ constexpr double kShortest = 90.0;   ///< centimetres
 constexpr double kTallest = 250.0;
 constexpr double kOffGround = 0.1;  ///< of the height
 constexpr double kInTrunk = 0.025;  ///< of the height: elbows and hands come no nearer to the spine
-constexpr double kFat = 1.6;        ///< times as long, against the hips' width, as the avatar's belly
+constexpr double kFat = 1.4;        ///< times as long, against the hips' width, as the avatar's belly
 constexpr double kUnsteady = 0.25;  ///< of a bone's length: they do not grow and shrink
 
 const char* const kTryRest = ": the rest pose may be wrong; try --first-frame-is-rest";
@@ -39,6 +39,8 @@ std::string number(double value)
 Check made(const char* name, bool passed, double value, const char* unit, const std::string& said,
            const char* advice)
 {
+    if (!std::isfinite(value))
+        return {name, false, 0.0, unit, "it cannot be measured: " + said + advice};
     return {name, passed, value, unit, passed ? said : said + advice};
 }
 

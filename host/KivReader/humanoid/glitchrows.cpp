@@ -13,7 +13,7 @@ constexpr double kFarOut = 8.0 * 1.4826;  ///< median deviations
 constexpr double kFarOff = 1.0;           ///< heights: what is nearer is within reach
 constexpr double kFastest = 7.0;          ///< heights a second: nobody moves faster
 constexpr std::size_t kLeastRows = 5;
-constexpr std::size_t kMostPart = 5;  ///< of the rows may be thrown: one in so many
+constexpr std::size_t kMostPart = 10;  ///< of the rows may be thrown: one in so many
 
 double medianOf(std::vector<double> values)
 {

@@ -99,11 +99,8 @@ private:
     {
         const osg::Quat toShin = meanTurnAgainst(m_body, m_leg.end, m_leg.middle);
         const osg::Quat asItIs = toShin * m_turns.at(m_leg.middle);
-        const Sole sole = soleOf(m_body, m_side, asItIs.conj() * kAhead);
-        if (sole.up.length2() == 0.0)
-            m_turns[m_leg.end] = asItIs;
-        else
-            m_turns[m_leg.end] = turnBetween({sole.up, sole.forward}, {kUp, kAhead});
+        const Sole sole = soleOf(m_body, m_side, asItIs);
+        m_turns[m_leg.end] = turnBetween({sole.up, sole.forward}, {kUp, kAhead});
     }
 
     const osg::Vec3d kUp{0, 0, 1};

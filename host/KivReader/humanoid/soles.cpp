@@ -12,7 +12,7 @@ constexpr double kSlow = 0.15;       ///< heights a second
 constexpr double kLowestPart = 0.1;  ///< of the poses lie below what counts as the lowest
 constexpr std::size_t kEnough = 3;   ///< standing poses; with fewer speed does not count
 constexpr double kAgreement = 0.9;   ///< of the directions found for the sole
-constexpr double kSteepest = 0.9;    ///< sine: a foot that stands points down less than this
+constexpr double kSteepest = 0.9;    ///< sine: what points down more is no foot's line
 constexpr double kAhead = 0.3;       ///< cosine: toes that point farther from where knees do are none
 constexpr double kPointsNowhere = 0.02;  ///< of the height: shorter feet do not tell where they point
 
@@ -48,11 +48,20 @@ public:
 private:
     double heightIn(std::size_t pose) const { return m_body.sample.poses[pose][m_foot].place.z(); }
 
+    /// Where feet stand, whichever of the two.
     double lowest() const
     {
+        double lower = lowestOf(m_foot);
+        for (const char* foot : {"LeftFoot", "RightFoot"})
+            lower = m_body.has(foot) ? std::min(lower, lowestOf(m_body.at(foot))) : lower;
+        return lower;
+    }
+
+    double lowestOf(std::size_t foot) const
+    {
         std::vector<double> heights;
-        for (std::size_t i = 0; i < m_body.sample.poses.size(); ++i)
-            heights.push_back(heightIn(i));
+        for (const Placements& pose : m_body.sample.poses)
+            heights.push_back(pose[foot].place.z());
         const auto nth = heights.begin() + static_cast<std::ptrdiff_t>(kLowestPart * double(heights.size()));
         std::nth_element(heights.begin(), nth, heights.end());
         return *nth;
@@ -94,6 +103,17 @@ osg::Vec3d level(const osg::Vec3d& direction, const osg::Vec3d& up)
     return direction - up * (direction * up);
 }
 
+/// From the foot's joint to its toes in its own frame, length 1; 0 where it is too short or too steep to
+/// tell.
+osg::Vec3d footLine(const PosedBody& body, std::size_t foot)
+{
+    const std::int32_t toes = toesOf(body.figure, foot);
+    if (toes < 0)
+        return {};
+    const osg::Vec3d line = body.figure.joints[static_cast<std::size_t>(toes)].offset;
+    return line.length() > kPointsNowhere * body.height ? unit(line) : osg::Vec3d();
+}
+
 }  // namespace
 
 std::int32_t toesOf(const MotionFigure& figure, std::size_t foot)
@@ -116,20 +136,18 @@ std::int32_t toesOf(const MotionFigure& figure, std::size_t foot)
     return toes;
 }
 
-Sole soleOf(const PosedBody& body, const std::string& side, const osg::Vec3d& ahead)
+Sole soleOf(const PosedBody& body, const std::string& side, const osg::Quat& usual)
 {
     const std::size_t foot = body.at(side + "Foot");
     Sole sole;
     sole.up = SoleFinder(body, foot).up();
-    const std::int32_t toes = toesOf(body.figure, foot);
-    osg::Vec3d line;
-    if (toes >= 0 &&
-        body.figure.joints[static_cast<std::size_t>(toes)].offset.length() > kPointsNowhere * body.height)
-        line = unit(body.figure.joints[static_cast<std::size_t>(toes)].offset);
+    if (sole.up.length2() == 0.0)
+        sole.up = usual.conj() * osg::Vec3d(0, 0, 1);
+    osg::Vec3d line = footLine(body, foot);
     if (std::fabs(line * sole.up) > kSteepest)
         line = {};
     const osg::Vec3d byLine = unit(level(line, sole.up));
-    const osg::Vec3d byKnee = unit(level(ahead, sole.up));
+    const osg::Vec3d byKnee = unit(level(usual.conj() * osg::Vec3d(0, -1, 0), sole.up));
     sole.forward = byLine * byKnee > kAhead || byKnee.length2() == 0.0 ? byLine : byKnee;
     return sole;
 }

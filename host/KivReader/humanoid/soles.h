@@ -12,12 +12,13 @@ namespace KivReader {
 /// How a foot lies in its own joint's frame, from the poses in which it stands on the ground.
 struct Sole
 {
-    osg::Vec3d up;       ///< length 1; 0 where the motion does not tell
-    osg::Vec3d forward;  ///< length 1, at a right angle to up; 0 where nothing points ahead
+    osg::Vec3d up;       ///< length 1
+    osg::Vec3d forward;  ///< length 1, at a right angle to up
 };
 
-/// @param ahead in the foot's frame: where a foot points to if its own joints do not tell; may be 0.
-Sole soleOf(const PosedBody& body, const std::string& side, const osg::Vec3d& ahead);
+/// @param usual from the foot's frame to the avatar's, as the foot mostly is against the shin: what counts
+/// where its own joints or the ground do not tell.
+Sole soleOf(const PosedBody& body, const std::string& side, const osg::Quat& usual);
 
 /// The joint that the foot's toes begin at, or the end of the foot where it has none; -1 where it has
 /// neither.

@@ -19,7 +19,8 @@ constexpr double kOnTop = 0.01;       ///< of the height: joints as near as this
 constexpr double kApart = 0.03;       ///< of the spine: at least so far from one spine joint to the next
 constexpr double kAboutThere = 0.06;  ///< of the spine: how far a kept joint may be from where it belongs
 constexpr double kLongBelly = 1.1;    ///< of where it belongs
-constexpr double kChestLow = 0.55;    ///< of the spine: the chest's joint is between these
+constexpr double kFattest = 1.3;    ///< times the avatar's belly, against the hips; slimmer ones leave a gap
+constexpr double kChestLow = 0.55;  ///< of the spine: the chest's joint is between these
 constexpr double kChestHigh = 0.92;
 constexpr int kChestSteps = 100;
 
@@ -41,7 +42,7 @@ public:
         keepWhatIsThere();
         placeChest();
         fillGaps();
-        keepBellySlim();
+        keepBellySlim(hipWidth);
     }
 
 private:
@@ -144,10 +145,14 @@ private:
         }
     }
 
-    /// The belly is drawn in proportion to the segment from the first spine joint to the second.
-    void keepBellySlim()
+    /// The belly is drawn in proportion to the segment from the first spine joint to the second: that has to
+    /// go with the hips below it, however long the spine is.
+    void keepBellySlim(double hipWidth)
     {
-        const double usual = m_wish[1] - m_wish[0];
+        const RestFigure& avatar = m_source.avatar;
+        const double byHips = kFattest * avatar.offset("Spine1").length() * hipWidth /
+                              (avatar.place("LeftUpLeg") - avatar.place("RightUpLeg")).length();
+        const double usual = std::min(m_wish[1] - m_wish[0], byHips);
         if (m_at[1] - m_at[0] > kLongBelly * usual)
             insert(0, m_at[1] - usual);
     }

@@ -202,6 +202,9 @@ double WatchedFigure::lowestSole() const
         }
         heights.push_back(lowest);
     }
+    // The first frame may be a pose at the origin that is no part of the motion.
+    if (heights.size() > 1)
+        heights.erase(std::min_element(heights.begin(), heights.end()));
     return quantile(std::move(heights), 0.05);
 }
 
