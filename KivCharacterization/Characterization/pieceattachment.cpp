@@ -1,6 +1,5 @@
 #include "KivCharacterization/Characterization/pieceattachment.h"
 
-#include <osg/CopyOp>
 #include <osg/MatrixTransform>
 #include <osg/StateSet>
 
@@ -9,6 +8,7 @@
 #include "KivAnimation/bone.h"
 #include "KivCharacterization/Characterization/jointnaming.h"
 #include "KivCharacterization/Characterization/kivpropsproertymanager.h"
+#include "KivCharacterization/Characterization/piececopy.h"
 #include "KivCharacterization/Characterization/segmentfitting.h"
 #include "KivManipulator/propsgeode.h"
 
@@ -18,7 +18,7 @@ namespace {
 
 // A quarter turn about x takes the avatar's Y-up to the scene's Z-up. The angle is pi/2 as single precision
 // has it.
-constexpr double kUpAxisAngle = 1.5707963705062866;
+const osg::Matrixd kUpAxisTurn = osg::Matrixd::rotate(1.5707963705062866, osg::Vec3d(1.0, 0.0, 0.0));
 
 using Piece = osg::ref_ptr<osg::MatrixTransform>;
 using Props = osg::ref_ptr<KivManipulator::PropsGeode>;
@@ -26,7 +26,7 @@ using Props = osg::ref_ptr<KivManipulator::PropsGeode>;
 /// @return null for a piece whose copy is no matrix transform.
 Piece copyPiece(const osg::MatrixTransform& piece)
 {
-    const osg::ref_ptr<osg::Object> copy = piece.clone(osg::CopyOp::DEEP_COPY_ALL);
+    const osg::ref_ptr<osg::Object> copy = piece.clone(PieceCopy());
     return dynamic_cast<osg::MatrixTransform*>(copy.get());
 }
 
@@ -95,7 +95,7 @@ const osg::MatrixTransform* attachPiece(const SFittingRun& run, const std::strin
     } else {
         wrapper->addChild(holder.get());
     }
-    holder->setMatrix(osg::Matrixd::rotate(kUpAxisAngle, osg::Vec3d(1.0, 0.0, 0.0)));
+    holder->setMatrix(kUpAxisTurn);
     // Holders stretch their pieces, and light wants normals of unit length.
     holder->getOrCreateStateSet()->setMode(GL_NORMALIZE, osg::StateAttribute::ON);
     const bool isSpecial = SpecialJointTable::instance().record(name, holder.get());

@@ -1,8 +1,7 @@
 #include "benchmarks/support/leastdress.h"
 
-#include <osg/CopyOp>
-
 #include "KivAnimation/bone.h"
+#include "KivCharacterization/Characterization/piececopy.h"
 #include "KivCharacterization/Characterization/skeletonvisitors.h"
 
 namespace KivBenchmark {
@@ -36,7 +35,7 @@ void hangCopies(const PiecePlaces& places)
     for (const auto& [joint, piece] : places) {
         const osg::ref_ptr<osg::MatrixTransform> wrapper = new osg::MatrixTransform;
         osg::ref_ptr<osg::MatrixTransform> holder = new osg::MatrixTransform;
-        holder->addChild(static_cast<osg::Node*>(piece->clone(osg::CopyOp::DEEP_COPY_ALL)));
+        holder->addChild(static_cast<osg::Node*>(piece->clone(KivCharacterization::PieceCopy())));
         wrapper->addChild(holder);
         joint->addChild(wrapper);
     }
