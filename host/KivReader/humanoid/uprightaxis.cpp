@@ -14,6 +14,7 @@ constexpr double kUpright = 0.5;           ///< cosine: figures that stand are n
 constexpr double kClearly = 1.5;           ///< one axis over the next
 constexpr std::size_t kTellingPoses = 10;  ///< fewer may show somebody who lies or bows
 
+constexpr double kHardlyElse = 0.8;   ///< share of the poses
 constexpr double kOnFromTrunk = 0.7;  ///< cosine: legs of a standing figure are no farther from it
 
 constexpr std::array<UpAxis, 6> kAxes = {UpAxis::Y,      UpAxis::Z,      UpAxis::X,
@@ -63,6 +64,15 @@ double standingAlong(const std::vector<osg::Vec3d>& uprights, UpAxis up)
     return *median;
 }
 
+/// The share of poses that stand along the axis.
+double shareAlong(const std::vector<osg::Vec3d>& uprights, UpAxis up)
+{
+    const auto standing = std::count_if(uprights.begin(), uprights.end(), [&](const osg::Vec3d& v) {
+        return inScene({v.x(), v.z(), -v.y()}, up).z() > kUpright;
+    });
+    return static_cast<double>(standing) / static_cast<double>(uprights.size());
+}
+
 std::optional<UpAxis> clearlyUp(const std::vector<osg::Vec3d>& uprights)
 {
     if (uprights.empty())
@@ -89,7 +99,11 @@ UpAxis found(const MatchedMotion& motion, const MotionFigure& figure, const Pose
     const Placements rest = MatchedMotion::atRest(figure);
     const std::optional<UpAxis> byRest =
         isStanding(rest, motion.matching) ? clearlyUp({upright(rest, motion.matching)}) : std::nullopt;
-    if (byMotion && (raw.poses.size() >= kTellingPoses || !byRest)) {
+    // Dancers may stand on their heads, and others crawl: only who hardly does anything else overrules a
+    // pose at rest that stands.
+    const bool motionTells =
+        byMotion && raw.poses.size() >= kTellingPoses && shareAlong(inMotion, *byMotion) >= kHardlyElse;
+    if (byMotion && (motionTells || !byRest)) {
         record.upReason = "the figure stands along it in the motion";
         return *byMotion;
     }
