@@ -11,10 +11,8 @@ namespace {
 constexpr std::array<const char*, 4> kSpine = {"Spine", "Spine1", "Spine2", "Spine3"};
 constexpr double kCrownToLeg = 0.35;  ///< from the arms' fork to the crown
 constexpr double kFarFromNeck = 0.5;  ///< of the way up to the joint before: a head is less far from its neck
-constexpr double kFromNeck =
-    0.17;  ///< of the legs: a head so near hangs from the neck, a farther one from the chest
-constexpr double kTwin = 0.03;         ///< of their length: twins differ by less
-constexpr double kNoCrown = 0.1;       ///< of the way to the crown
+constexpr double kTwin = 0.03;        ///< of their length: twins differ by less
+constexpr double kNoCrown = 0.1;      ///< of the way to the crown
 constexpr double kStubbyCrown = 0.25;  ///< of the way to the crown: what is left over a head that is none
 
 class TrunkAssigner
@@ -128,7 +126,7 @@ private:
         m_assignment.put("Head", stations[head].end, "it ends the chain over the arms");
         if (head > 0)
             m_assignment.put("Neck", stations[neckAmong(stations, head)].joint, "it bears the head");
-        else if (spine.size() > 1 && isNeckUnder(spine.back(), stations[head])) {
+        else if (spine.size() > 1 && isNeck(spine.back())) {
             m_assignment.put("Neck", spine.back(), "it bears the head and the arms");
             spine.pop_back();
         }
@@ -176,14 +174,6 @@ private:
         return hint.says(Part::Neck) && !hint.says(Part::Spine) && !hint.mayBe(Part::Head);
     }
 
-    /// Arms may hang from the neck: it is called so, or the head is too near for a chest.
-    bool isNeckUnder(std::size_t fork, const Station& head) const
-    {
-        if (m_evidence.hints[fork].parts != 0)
-            return isNeck(fork);
-        return head.at < kFromNeck * m_body.legs.asLegs.length();
-    }
-
     /// What the tables say of a long spine counts where it takes in the joint that bears the arms, and goes
     /// up.
     bool tableFits(const std::vector<std::size_t>& spine) const
@@ -217,10 +207,12 @@ private:
             }
             return;
         }
+        // Of five the lowest is in the pelvis already; of more the ends and some between them are taken.
+        const std::size_t lowest = spine.size() == kSpine.size() + 1 ? 1 : 0;
+        const std::size_t steps = spine.size() - 1 - lowest;
         const std::size_t count = std::min(kSpine.size(), spine.size());
         for (std::size_t i = 0; i < count; ++i) {
-            const std::size_t from =
-                count == 1 ? 0 : (i * (spine.size() - 1) + (count - 1) / 2) / (count - 1);
+            const std::size_t from = count == 1 ? 0 : lowest + (i * steps + (count - 1) / 2) / (count - 1);
             m_assignment.put(kSpine[i], spine[from], reason);
         }
     }
