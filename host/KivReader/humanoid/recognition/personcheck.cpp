@@ -29,6 +29,8 @@ constexpr double kForelegs = 0.6;
 constexpr double kBeast = 0.8;
 constexpr double kMoreLimbs = 2.0;
 constexpr double kUnlikeEachOther = 1.0;
+constexpr double kTwigs = 2.0;
+constexpr int kMostForks = 5;  ///< of the eight places where limbs begin and bend
 constexpr double kTooMuch = 1.9;
 
 class Checker
@@ -49,6 +51,7 @@ public:
              m_arms.one.upper + m_arms.other.upper);
         look(kArmToLegRange, m_arms.length(), m_legs.length());
         look(kTrunkToLegRange, m_body.trunk, m_legs.length());
+        lookForTwigs();
         // Where names tell what everything is, only what makes an animal makes no person of it.
         const double unnamed = 1.0 - named();
         m_doubts *= unnamed;
@@ -82,6 +85,23 @@ private:
         if (!(off <= 1.0))
             doubt(off > kFarOut ? 2.0 : 1.0,
                   std::string(range.what) + " is " + std::to_string(ratio).substr(0, 4));
+    }
+
+    bool forks(const Chain& chain, int index) const
+    {
+        return chain.stations[static_cast<std::size_t>(index)].fan > 1;
+    }
+
+    /// Limbs go on in one chain to the hands and the feet; only some of them may have more to carry.
+    void lookForTwigs()
+    {
+        const auto forksOf = [&](const Chain& chain, const LimbFit& fit) {
+            return (forks(chain, fit.root) ? 1 : 0) + (forks(chain, fit.bend) ? 1 : 0);
+        };
+        const int count = forksOf(m_body.legs.one, m_legs.one) + forksOf(m_body.legs.other, m_legs.other) +
+                          forksOf(m_body.arms.one, m_arms.one) + forksOf(m_body.arms.other, m_arms.other);
+        if (count >= kMostForks)
+            doubt(kTwigs, "its limbs branch");
     }
 
     const NameHint& hint(const Chain& chain, int index) const

@@ -72,8 +72,8 @@ Rewritings mirroredWithoutNames(const ReadPerson& person)
 
 const std::vector<Kind> kKinds = {
     {"namesAreNumbers", [](const auto& person) { return Rewritings{withNumberedNames(person.document)}; },
-     0.75, Names::Body},
-    {"namesAreNumbersInAMirror", mirroredWithoutNames, 0.75, Names::Body},
+     0.9, Names::Body},
+    {"namesAreNumbersInAMirror", mirroredWithoutNames, 0.9, Names::Body},
     {"namesHavePrefixAndSuffix",
      [](const auto& person) { return Rewritings{withNamesBetween(person.document, "Avatar03_", "_jnt7")}; },
      0.9},
