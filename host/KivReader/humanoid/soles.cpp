@@ -7,13 +7,13 @@ namespace KivReader {
 
 namespace {
 
-constexpr double kLow = 0.03;        ///< of the height: a foot that stands is no higher above the lowest ones
+constexpr double kSoleLow = 0.03;    ///< of the height: a foot that stands is no higher above the lowest ones
 constexpr double kSlow = 0.15;       ///< heights a second
 constexpr double kLowestPart = 0.1;  ///< of the poses lie below what counts as the lowest
 constexpr std::size_t kEnough = 3;   ///< standing poses; with fewer speed does not count
 constexpr double kAgreement = 0.9;   ///< of the directions found for the sole
-constexpr double kSteepest = 0.9;    ///< sine: what points down more is no foot's line
-constexpr double kAhead = 0.3;       ///< cosine: toes that point farther from where knees do are none
+constexpr double kSteepestSole = 0.9;    ///< sine: what points down more is no foot's line
+constexpr double kToesAhead = 0.3;       ///< cosine: toes that point farther from where knees do are none
 constexpr double kPointsNowhere = 0.02;  ///< of the height: shorter feet do not tell where they point
 
 osg::Vec3d unit(osg::Vec3d vector)
@@ -84,7 +84,7 @@ private:
         std::vector<std::size_t> standing;
         if (m_body.sample.poses.empty())
             return standing;
-        const double highest = lowest() + kLow * m_body.height;
+        const double highest = lowest() + kSoleLow * m_body.height;
         for (std::size_t i = 0; i < m_body.sample.poses.size(); ++i) {
             if (heightIn(i) <= highest && (!slowOnly || isSlowIn(i)))
                 standing.push_back(i);
@@ -144,11 +144,11 @@ Sole soleOf(const PosedBody& body, const std::string& side, const osg::Quat& usu
     if (sole.up.length2() == 0.0)
         sole.up = usual.conj() * osg::Vec3d(0, 0, 1);
     osg::Vec3d line = footLine(body, foot);
-    if (std::fabs(line * sole.up) > kSteepest)
+    if (std::fabs(line * sole.up) > kSteepestSole)
         line = {};
     const osg::Vec3d byLine = unit(level(line, sole.up));
     const osg::Vec3d byKnee = unit(level(usual.conj() * osg::Vec3d(0, -1, 0), sole.up));
-    sole.forward = byLine * byKnee > kAhead || byKnee.length2() == 0.0 ? byLine : byKnee;
+    sole.forward = byLine * byKnee > kToesAhead || byKnee.length2() == 0.0 ? byLine : byKnee;
     return sole;
 }
 
