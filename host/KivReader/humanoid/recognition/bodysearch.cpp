@@ -36,19 +36,20 @@ public:
     bool join(const LimbPair& legs, const LimbPair& arms, Body& body) const
     {
         const std::size_t meeting = m_tree.commonAncestor(legs.fork, arms.fork);
-        if (isOn(legs, arms.fork) || isOn(arms, legs.fork) || legs.asLegs.score < -1e8 ||
-            arms.asArms.score < -1e8)
+        if (isOn(legs, arms.fork) || isOn(arms, legs.fork) || haveALimbInCommon(legs, arms) ||
+            legs.asLegs.score < -1e8 || arms.asArms.score < -1e8)
             return false;
         const double leg = legs.asLegs.length();
         const double forks = m_tree.way(meeting, legs.fork) + m_tree.way(meeting, arms.fork);
         body.trunk = forks + beforeArms(arms);
-        if (legs.fork == arms.fork || body.trunk < kShortestTrunk * leg)
+        if (body.trunk < kShortestTrunk * leg)
             return false;
         body.score =
             legs.asLegs.score + arms.asArms.score - (forks < kForksApart * leg ? kForksTogether : 0.0);
         body.score += usualInABody(arms.asArms.length() / leg, kArmToLeg, kArmToLegSpread, -8.0);
         body.score += usualInABody(body.trunk / leg, kTrunkToLeg, kTrunkToLegSpread, -6.0);
-        body.score += headOn(arms, legs.fork, leg) - kTail * headOn(legs, arms.fork, leg);
+        body.score +=
+            headOn(arms, legs, leg) - (legs.fork == arms.fork ? 0.0 : kTail * headOn(legs, arms, leg));
         body.score += meeting == legs.fork ? kRootAtLegs : 0.0;
         return true;
     }
@@ -68,13 +69,24 @@ private:
         return (way(arms.one, arms.asArms.one) + way(arms.other, arms.asArms.other)) / 2.0;
     }
 
+    static bool begins(const LimbPair& limbs, std::size_t joint)
+    {
+        return joint == limbs.one.first || joint == limbs.other.first;
+    }
+
+    /// Where there is no spine, legs and arms hang from one joint.
+    static bool haveALimbInCommon(const LimbPair& legs, const LimbPair& arms)
+    {
+        return begins(legs, arms.one.first) || begins(legs, arms.other.first);
+    }
+
     /// How likely the likeliest of the fork's other chains is a head; the worst for none.
-    double headOn(const LimbPair& limbs, std::size_t otherFork, double leg) const
+    double headOn(const LimbPair& limbs, const LimbPair& others, double leg) const
     {
         double best = kNoHead;
         for (std::size_t i = 0; i < m_tree.bones[limbs.fork].childCount; ++i) {
             const std::size_t child = m_tree.child(limbs.fork, i);
-            if (child == limbs.one.first || child == limbs.other.first || m_tree.isBelow(otherFork, child) ||
+            if (begins(limbs, child) || begins(others, child) || m_tree.isBelow(others.fork, child) ||
                 m_tree.bones[child].isEnd)
                 continue;
             const NameHint& hint = m_evidence.hints[child];
