@@ -51,7 +51,7 @@ TEST_F(BvhReader, refusesANullOutPointer)
 
 TEST_F(BvhReader, refusesOptionsThatCannotBeObeyed)
 {
-    for (const char* words : {"up=x", "unit=0", "unit=-1", "unit=nan", "unit=", "up=y unit=1,5"}) {
+    for (const char* words : {"up=w", "up=--y", "unit=0", "unit=-1", "unit=nan", "unit=", "up=y unit=1,5"}) {
         SCOPED_TRACE(words);
         const osg::ref_ptr<osgDB::Options> options = new osgDB::Options(words);
         EXPECT_FALSE(read(MotionText().text(), "7", true, options.get()).succeeded);
