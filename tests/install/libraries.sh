@@ -24,4 +24,4 @@ for library in "$1"/libKiv*.so; do
     fi
 done
 echo "$libraries libraries"
-[[ "$faults" -eq 0 && "$libraries" -eq 9 ]]
+[[ "$faults" -eq 0 && "$libraries" -eq 10 ]]

@@ -17,6 +17,8 @@ constexpr double kClose = 0.02;            ///< of the height: soles on one leve
 constexpr std::size_t kFewest = 3;         ///< poses on one level
 constexpr std::size_t kPartOnGround = 20;  ///< of the poses at least one in so many stands on the ground
 constexpr std::size_t kPartBelow = 20;     ///< where none is slow, one in so many may be below the ground
+constexpr std::size_t kHundredth = 100;
+constexpr double kDeepest = 0.02;  ///< of the height: so far soles may sink in, but for one row in a hundred
 
 constexpr double kHeel = -0.25;  ///< of the toes' distance ahead of the foot's joint
 constexpr double kBall = 0.8;
@@ -120,8 +122,8 @@ std::optional<double> lowestLevel(const std::vector<double>& heights, double hei
     return std::nullopt;
 }
 
-/// The level that feet stand on where they hardly move up and down. A sole that sinks in now and then is no
-/// ground.
+/// The level that feet stand on where they hardly move up and down. A sole that sinks in a little now and
+/// then is no ground; deeper than soles are soft it would be seen.
 double lowestSole(const MatchedMotion& motion, const Soles& soles, double height,
                   const std::vector<std::size_t>& leftOut)
 {
@@ -138,7 +140,8 @@ double lowestSole(const MatchedMotion& motion, const Soles& soles, double height
         return soles.lowestAtRest();
     std::sort(slow.begin(), slow.end());
     std::sort(all.begin(), all.end());
-    return lowestLevel(slow, height).value_or(all[all.size() / kPartBelow]);
+    const double level = lowestLevel(slow, height).value_or(all[all.size() / kPartBelow]);
+    return std::min(level, all[all.size() / kHundredth] + kDeepest * height);
 }
 
 }  // namespace

@@ -83,11 +83,11 @@ TEST_F(PictureMakerTest, saysInThePictureThatItIsNoPerson)
     const osg::ref_ptr<osg::Image> picture = still(creature, "profile=auto");
     const osg::ref_ptr<osg::Image> person = still(sample("walk"), "profile=auto");
     const auto brightest = [](const osg::Image& image) {
-        int brightest = 0;
+        int value = 0;
         for (int y = image.t() - 24; y < image.t(); ++y)
             for (unsigned x = 0; x < kSide / 4; ++x)
-                brightest = std::max<int>(brightest, *image.data(x, static_cast<unsigned>(y)));
-        return brightest;
+                value = std::max<int>(value, *image.data(x, static_cast<unsigned>(y)));
+        return value;
     };
     EXPECT_GT(brightest(*picture), brightest(*person) + 40) << "white letters on the wall";
 }
