@@ -18,7 +18,7 @@ constexpr std::size_t kFewest = 3;         ///< poses on one level
 constexpr std::size_t kPartOnGround = 20;  ///< of the poses at least one in so many stands on the ground
 constexpr std::size_t kPartBelow = 20;     ///< where none is slow, one in so many may be below the ground
 constexpr std::size_t kHundredth = 100;
-constexpr double kDeepest = 0.02;  ///< of the height: so far soles may sink in, but for one row in a hundred
+constexpr double kDeepest = 0.01;  ///< of the height: so far soles may sink in, but for one row in a hundred
 
 constexpr double kHeel = -0.25;  ///< of the toes' distance ahead of the foot's joint
 constexpr double kBall = 0.8;

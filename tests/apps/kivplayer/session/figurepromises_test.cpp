@@ -29,7 +29,9 @@ const std::set<std::string> kBody = {
 constexpr double kSmallest = 135.0;  ///< of a person, centimetres
 constexpr double kTallest = 215.0;
 constexpr double kAvatarHeight = 175.0;
-constexpr double kSunk = 0.03;      ///< of the height: no point of the body is farther below the ground
+/// Of the height: no point of the body is farther below the ground. Soles that sink in for single rows do not
+/// lift the whole motion.
+constexpr double kSunk = 0.036;
 constexpr double kFloating = 0.03;  ///< of the height: some point comes as near to it in some frame
 constexpr double kMoments = 60.0;
 
