@@ -7,8 +7,11 @@ cd "$(dirname "$(realpath "$0")")/.."
 
 generated=$(mktemp -d)
 trap 'rm -rf "$generated"' EXIT
-cmake -DINPUT=host/KivReader/profiles/humanoid.profile -DOUTPUT="$generated/humanoidprofiletext.inc" \
-    -P host/KivReader/embedprofile.cmake
+embed() { # FILE GENERATED: as host/KivReader/CMakeLists.txt does
+    cmake "-DINPUT=host/KivReader/profiles/$1" "-DOUTPUT=$generated/$2" -P host/KivReader/embedprofile.cmake
+}
+embed humanoid.profile humanoidprofiletext.inc
+embed body.words bodywordstext.inc
 flags=(-fsyntax-only -Wall -Wextra -Wconversion -Werror -I . -I include -I "$generated")
 failed=0
 for compiler in ${KIV_COMPILERS:-g++ clang++-14}; do
@@ -17,7 +20,7 @@ for compiler in ${KIV_COMPILERS:-g++ clang++-14}; do
         continue
     fi
     for standard in ${KIV_STANDARDS:-c++17 c++20}; do
-        sources=(KivCharacterization/*/*.cpp $(git ls-files 'host/*.cpp'))
+        sources=($(git ls-files 'KivCharacterization/*.cpp' 'host/*.cpp'))
         if printf '%s\0' "${sources[@]}" | xargs -0 -n 1 -P "$(nproc)" "$compiler" "-std=$standard" "${flags[@]}"; then
             echo "$compiler, $standard: ${#sources[@]} sources, no warning"
         else

@@ -51,7 +51,7 @@ check() {
 }
 for standard in ${KIV_STANDARDS:-c++17}; do
     check "$standard" "$work/allheaders.cpp"
-    for source in KivCharacterization/Characterization/*.cpp KivCharacterization/common/*.cpp; do
+    for source in $(git ls-files 'KivCharacterization/*.cpp'); do
         check "$standard" "$source" -DKivCharacterization_EXPORTS
     done
 done

@@ -16,10 +16,11 @@ namespace {
 constexpr float kMarkerRadius = 10.0f;
 constexpr float kGroundDiscHeight = 0.5f;
 
-osg::ref_ptr<osg::MatrixTransform> makeMarker(osg::Shape* shape)
+osg::ref_ptr<osg::MatrixTransform> makeMarker(const osg::ref_ptr<osg::Shape>& shape)
 {
     osg::ref_ptr<osg::MatrixTransform> marker = new osg::MatrixTransform;
-    marker->addChild(new osg::ShapeDrawable(shape));
+    const osg::ref_ptr<osg::ShapeDrawable> drawable = new osg::ShapeDrawable(shape.get());
+    marker->addChild(drawable.get());
     return marker;
 }
 
