@@ -23,7 +23,7 @@ for line in (type -q kivplayer; and kivplayer --help 2>/dev/null)
         case UNIT
             complete $option -x -a 'auto cm m mm inch dm cmu'
         case AXIS
-            complete $option -x -a 'auto y z'
+            complete $option -x -a 'auto x -x y -y z -z'
         case VIEW
             complete $option -x -a 'front back left right three-quarter'
         case THINGS

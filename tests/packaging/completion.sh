@@ -64,6 +64,6 @@ expect "a number is left to the user" "$(complete_words --time "")" ""
 for option in --show --camera --unit --up; do
     # The words that the help lists stand before its last "or".
     listed="$(sed -n "s/^  $option [A-Z]* [. ]*//p" <<<"$help" | sed 's/^[^:]*: //; s/ or / /g; s/,/ /g' |
-        grep -o '\b[a-z][a-z-]*\b' | grep -vxE 'in|degrees|centimetres|per|unit|A|the' | sort)"
+        grep -oE -- '-?\b[a-z][a-z-]*\b' | grep -vxE 'in|degrees|centimetres|per|unit|A|the' | sort)"
     expect "values of $option" "$(complete_words "$option" "" | sort)" "$listed"
 done
